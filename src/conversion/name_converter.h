@@ -1,0 +1,44 @@
+#ifndef TESSALY_CONVERSION_NAME_CONVERTER_H_
+#define TESSALY_CONVERSION_NAME_CONVERTER_H_
+
+#include <string>
+#include <string_view>
+
+#include "conversion/conversion_options.h"
+#include "conversion/list_source.h"
+#include "platform/clock.h"
+#include "platform/file_system.h"
+
+namespace tessaly {
+
+// What a conversion needs of the world: today's date, the folder test for a
+// destination folder, and the stored lists. Without a list source the lists
+// in the options record are used as they stand.
+struct ConversionServices {
+  const Clock& clock;
+  FileSystem& fileSystem;
+  ListSource* lists = nullptr;
+};
+
+class NameConverter {
+ public:
+  explicit NameConverter(ConversionServices services) : services_(services) {}
+
+  // The full path that the file at `sourcePath` is to have. Raises
+  // options.serial by one and sets options.pFolderPathVisible; changes
+  // nothing else. Every input gives some output.
+  std::string ConvertName(ConversionOptions& options, std::string_view sourcePath) const;
+
+ private:
+  void ApplyPlacements(const ConversionOptions& options, std::string_view sourceCopy,
+                       std::string& work) const;
+  void ApplyReplace(ConversionOptions& options, std::string& work) const;
+  void ApplyUnwantedFormatting(ConversionOptions& options, std::string& work) const;
+  void ApplyDestination(const ConversionOptions& options, std::string& work) const;
+
+  ConversionServices services_;
+};
+
+}  // namespace tessaly
+
+#endif  // TESSALY_CONVERSION_NAME_CONVERTER_H_

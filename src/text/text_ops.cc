@@ -1,0 +1,133 @@
+#include "text/text_ops.h"
+
+#include <optional>
+
+#include "text/case_mapping.h"
+#include "text/utf8.h"
+
+namespace tessaly::text {
+
+namespace {
+
+// Length in bytes of the match of `folded` at `pos`, if there is one.
+std::optional<std::size_t> MatchFoldedAt(std::string_view text, std::size_t pos,
+                                         const std::u32string& folded) {
+  std::size_t at = pos;
+  for (char32_t wanted : folded) {
+    if (at >= text.size()) return std::nullopt;
+    const DecodedChar c = DecodeAt(text, at);
+    if (FoldChar(c.code) != wanted) return std::nullopt;
+    at += c.length;
+  }
+  return at - pos;
+}
+
+std::u32string Fold(std::string_view text) {
+  std::u32string folded;
+  for (std::size_t pos = 0; pos < text.size();) {
+    const DecodedChar c = DecodeAt(text, pos);
+    folded.push_back(FoldChar(c.code));
+    pos += c.length;
+  }
+  return folded;
+}
+
+}  // namespace
+
+bool ReplaceAllIn(std::string& text, std::string_view find, std::string_view replacement) {
+  if (find.empty()) return false;
+  std::size_t hit = text.find(find);
+  if (hit == std::string::npos) return false;
+  std::string out;
+  out.reserve(text.size());
+  std::size_t from = 0;
+  do {
+    out.append(text, from, hit - from);
+    out.append(replacement);
+    from = hit + find.size();
+    hit = text.find(find, from);
+  } while (hit != std::string::npos);
+  out.append(text, from);
+  text = std::move(out);
+  return true;
+}
+
+std::string ReplaceAll(std::string_view text, std::string_view find, std::string_view replacement) {
+  std::string out(text);
+  ReplaceAllIn(out, find, replacement);
+  return out;
+}
+
+bool ReplaceAllIgnoreCaseIn(std::string& text, std::string_view find,
+                            std::string_view replacement, std::string_view unlessFollowedBy) {
+  if (find.empty()) return false;
+  const std::u32string folded = Fold(find);
+  const std::u32string foldedGuard = Fold(unlessFollowedBy);
+  const auto matchAt = [&](std::size_t pos) -> std::optional<std::size_t> {
+    const auto length = MatchFoldedAt(text, pos, folded);
+    if (length && !foldedGuard.empty() && MatchFoldedAt(text, pos + *length, foldedGuard)) {
+      return std::nullopt;
+    }
+    return length;
+  };
+  std::string out;
+  bool found = false;
+  std::size_t copied = 0;
+  for (std::size_t pos = 0; pos < text.size();) {
+    if (const auto length = matchAt(pos)) {
+      if (!found) out.reserve(text.size());
+      found = true;
+      out.append(text, copied, pos - copied);
+      out.append(replacement);
+      pos += *length;
+      copied = pos;
+    } else {
+      pos += DecodeAt(text, pos).length;
+    }
+  }
+  if (!found) return false;
+  out.append(text, copied);
+  text = std::move(out);
+  return true;
+}
+
+std::string ReplaceAllIgnoreCase(std::string_view text, std::string_view find,
+                                 std::string_view replacement) {
+  std::string out(text);
+  ReplaceAllIgnoreCaseIn(out, find, replacement);
+  return out;
+}
+
+std::vector<std::string_view> Split(std::string_view text, std::string_view separator) {
+  std::vector<std::string_view> pieces;
+  if (text.empty()) return pieces;
+  if (separator.empty()) {
+    pieces.push_back(text);
+    return pieces;
+  }
+  std::size_t from = 0;
+  for (std::size_t hit; (hit = text.find(separator, from)) != std::string_view::npos;) {
+    pieces.push_back(text.substr(from, hit - from));
+    from = hit + separator.size();
+  }
+  pieces.push_back(text.substr(from));
+  return pieces;
+}
+
+std::string Join(const std::vector<std::string>& pieces, std::string_view separator) {
+  std::string out;
+  for (std::size_t i = 0; i < pieces.size(); ++i) {
+    if (i > 0) out.append(separator);
+    out.append(pieces[i]);
+  }
+  return out;
+}
+
+std::string_view TrimBlanks(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  const std::size_t last = text.find_last_not_of(' ');
+  return text.substr(first, last - first + 1);
+}
+
+}  // namespace tessaly::text

@@ -1,0 +1,32 @@
+#ifndef TESSALY_TEXT_UTF8_H_
+#define TESSALY_TEXT_UTF8_H_
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace tessaly::text {
+
+// Texts are UTF-8. A byte that does not start a valid sequence is one
+// character of its own, decoded to kInvalidByteBase + byte, a value outside
+// Unicode, so it never equals a real character and is never case-mapped.
+inline constexpr char32_t kInvalidByteBase = 0x110000;
+
+struct DecodedChar {
+  char32_t code;       // the character, or kInvalidByteBase + byte
+  std::size_t length;  // bytes it takes in the text, at least 1
+};
+
+// Decodes the character that starts at `pos` (pos < text.size()).
+DecodedChar DecodeAt(std::string_view text, std::size_t pos);
+
+// Appends `code` to `out`: UTF-8 for a real character, the original byte
+// for an invalid one.
+void AppendChar(std::string& out, char32_t code);
+
+// Number of characters in `text`; each invalid byte counts as one.
+std::size_t CharCount(std::string_view text);
+
+}  // namespace tessaly::text
+
+#endif  // TESSALY_TEXT_UTF8_H_

@@ -1,0 +1,277 @@
+#include "conversion/name_converter.h"
+
+#include <gtest/gtest.h>
+
+#include "conversion/sample_paths.h"
+#include "platform/memory/fixed_clock.h"
+#include "platform/memory/memory_file_system.h"
+
+namespace tessaly {
+namespace {
+
+// Lists as a store would hand them out, counting the loads.
+class CountingListSource : public ListSource {
+ public:
+  std::vector<ReplaceEntry> LoadReplaceList() override {
+    ++replaceLoads;
+    return replace;
+  }
+  std::vector<FormattingEntry> LoadFormattingList() override {
+    ++formattingLoads;
+    return formatting;
+  }
+  std::vector<ReplaceEntry> replace;
+  std::vector<FormattingEntry> formatting;
+  int replaceLoads = 0;
+  int formattingLoads = 0;
+};
+
+class NameConverterTest : public ::testing::Test {
+ protected:
+  std::string Convert(std::string_view path) { return converter_.ConvertName(options_, path); }
+
+  // The three samples of one pass, joined with "; ".
+  std::string ConvertSamples() {
+    options_.serial = 0;
+    std::string out;
+    for (std::string_view sample : kBuiltInSamples) {
+      if (!out.empty()) out += "; ";
+      out += Convert(sample);
+    }
+    return out;
+  }
+
+  FixedClock clock_{CivilDate{2026, 11, 18}};
+  MemoryFileSystem fs_;
+  CountingListSource lists_;
+  NameConverter converter_{{clock_, fs_, &lists_}};
+  ConversionOptions options_;
+};
+
+TEST_F(NameConverterTest, BoxesTickedOneRowAtATime) {
+  using Box = CheckState ConversionOptions::*;
+  const struct {
+    std::vector<Box> ticked;
+    std::string expected;
+  } rows[] = {
+      {{},
+       "c:\\graphics\\common\\myfile_(1).tmd.jpg.jpeg; "
+       "c:\\graphics\\common\\Copy of MYFILE -    SPACE - 04 - Oddy.jpg; "
+       "c:\\graphics\\common\\MyFile - My file data HeadEr .mp3"},
+      {{&ConversionOptions::chkRemoveNumbers},
+       "c:\\graphics\\common\\myfile_.tmd.jpg.jpeg; "
+       "c:\\graphics\\common\\Copy of MYFILE -    SPACE - 04 - Oddy.jpg; "
+       "c:\\graphics\\common\\MyFile - My file data HeadEr .mp3"},
+      {{&ConversionOptions::chkExtra},
+       "c:\\graphics\\common\\myfile_(1)tmdjpg.jpeg; "
+       "c:\\graphics\\common\\Copy of MYFILE -    SPACE - 04 - Oddy.jpg; "
+       "c:\\graphics\\common\\MyFile - My file data HeadEr .mp3"},
+      {{&ConversionOptions::chkShortExtension},
+       "c:\\graphics\\common\\myfile_(1).tmd.jpg.jpg; "
+       "c:\\graphics\\common\\Copy of MYFILE -    SPACE - 04 - Oddy.jpg; "
+       "c:\\graphics\\common\\MyFile - My file data HeadEr .mp3"},
+      {{&ConversionOptions::chkLongExtension},
+       "c:\\graphics\\common\\myfile_(1).tmd.jpeg.jpeg; "
+       "c:\\graphics\\common\\Copy of MYFILE -    SPACE - 04 - Oddy.jpeg; "
+       "c:\\graphics\\common\\MyFile - My file data HeadEr .mp3"},
+      {{&ConversionOptions::chkRemoveu, &ConversionOptions::chkFixSpacing},
+       "c:\\graphics\\common\\myfile (1).tmd.jpg.jpeg; "
+       "c:\\graphics\\common\\Copy of MYFILE - SPACE - 04 - Oddy.jpg; "
+       "c:\\graphics\\common\\MyFile - My file data HeadEr.mp3"},
+      {{&ConversionOptions::chkCapitalize},
+       "C:\\Graphics\\Common\\Myfile_(1).tmd.jpg.jpeg; "
+       "C:\\Graphics\\Common\\Copy of Myfile -    Space - 04 - Oddy.jpg; "
+       "C:\\Graphics\\Common\\Myfile - My File Data Header .mp3"},
+      {{&ConversionOptions::chkUpperCase},
+       "C:\\GRAPHICS\\COMMON\\MYFILE_(1).TMD.JPG.JPEG; "
+       "C:\\GRAPHICS\\COMMON\\COPY OF MYFILE -    SPACE - 04 - ODDY.JPG; "
+       "C:\\GRAPHICS\\COMMON\\MYFILE - MY FILE DATA HEADER .MP3"},
+      {{&ConversionOptions::chkRemoveNumbers, &ConversionOptions::chkShortExtension,
+        &ConversionOptions::chkExtra, &ConversionOptions::chkRemoveu,
+        &ConversionOptions::chkRemoveDoubleSpace, &ConversionOptions::chkCapitalize,
+        &ConversionOptions::chkFixSpacing},
+       "C:\\Graphics\\Common\\Myfile Tmdjpg.jpg; "
+       "C:\\Graphics\\Common\\Copy of Myfile - Space - 04 - Oddy.jpg; "
+       "C:\\Graphics\\Common\\Myfile - My File Data Header.mp3"},
+  };
+  for (const auto& row : rows) {
+    options_ = ConversionOptions();
+    for (Box box : row.ticked) options_.*box = kChecked;
+    EXPECT_EQ(ConvertSamples(), row.expected) << "boxes ticked: " << row.ticked.size();
+  }
+}
+
+TEST_F(NameConverterTest, AllowSpacesActsWhenClear) {
+  options_.chkAllowSpaces = kUnchecked;
+  EXPECT_EQ(ConvertSamples(),
+            "c:\\graphics\\common\\myfile_(1).tmd.jpg.jpeg; "
+            "c:\\graphics\\common\\Copy_of_MYFILE_-____SPACE_-_04_-_Oddy.jpg; "
+            "c:\\graphics\\common\\MyFile_-_My_file_data_HeadEr_.mp3");
+}
+
+TEST_F(NameConverterTest, GreyedBoxesActLikeClearOnes) {
+  options_.chkRemoveu = kGrayed;
+  options_.chkUpperCase = kGrayed;
+  EXPECT_EQ(Convert("c:\\a\\my_file.txt"), "c:\\a\\my_file.txt");
+}
+
+TEST_F(NameConverterTest, FullRowOfPlacements) {
+  options_.cboBatch = {"Document Name", " ", "3 Digit Serial Number",
+                       "Serial Letter (A, B, C...)", "mmddyy (date)", "EXTENSION", "", ""};
+  EXPECT_EQ(Convert(kBuiltInSamples[0]),
+            "c:\\graphics\\common\\myfile_(1).tmd.jpg 001A111826.JPEG");
+  EXPECT_EQ(options_.serial, 1);
+}
+
+TEST_F(NameConverterTest, SerialRisesOncePerNameWhetherUsedOrNot) {
+  options_.cboBatch = {"2 Digit Serial Number", "-", "2 Digit Serial Number", "", "", "", "", ""};
+  options_.serial = 98;
+  EXPECT_EQ(Convert("c:\\x.txt"), "c:\\99-99");
+  EXPECT_EQ(Convert("c:\\y.txt"), "c:\\100-100");
+  options_.cboBatch = {"Document Name", "", "", "", "", "", "", ""};
+  Convert("c:\\z.txt");
+  EXPECT_EQ(options_.serial, 101);
+}
+
+TEST_F(NameConverterTest, EdgesOfThePathItself) {
+  const std::pair<std::string, std::string> cases[] = {
+      {"README", "\\README."},  // no folder: the work text starts with a backslash
+      {"c:\\docs\\README", "c:\\docs\\README."},
+      {"", "\\."},
+      {"c:\\docs\\", "c:\\docs\\."},
+      {"d:\\Fotos\\Ünïcode Ça.JPG", "d:\\Fotos\\Ünïcode Ça.jpg"},
+      {"d:\\raw\\\xff\xfe name.TXT", "d:\\raw\\\xff\xfe name.txt"},
+  };
+  for (const auto& [path, expected] : cases) EXPECT_EQ(Convert(path), expected) << path;
+}
+
+TEST_F(NameConverterTest, CaseStagesWorkOnWholeCharacters) {
+  options_.chkUpperCase = kChecked;
+  EXPECT_EQ(Convert("d:\\fotos\\ünïcode ça.jpg"), "D:\\FOTOS\\ÜNÏCODE ÇA.JPG");
+  options_.chkUpperCase = kUnchecked;
+  options_.chkCapitalize = kChecked;
+  EXPECT_EQ(Convert("d:\\fotos\\ÜNÏCODE ÇA.JPG"), "D:\\Fotos\\Ünïcode Ça.jpg");
+  options_.chkLowercase = kChecked;  // lower case wins over capitals
+  options_.chkUpperCase = kChecked;
+  EXPECT_EQ(Convert("d:\\Fotos\\\xff" "A.JPG"), "d:\\fotos\\\xff" "a.jpg");
+}
+
+TEST_F(NameConverterTest, AllPlacementsEmptyGiveTheFolderAlone) {
+  options_.cboBatch = {};
+  EXPECT_EQ(Convert(kBuiltInSamples[2]), "c:\\graphics\\common\\");
+}
+
+TEST_F(NameConverterTest, ExtraPeriodsLeaveOnlyThePeriodBeforeTheExtension) {
+  options_.chkExtra = kChecked;
+  EXPECT_EQ(Convert("c:\\my.folder\\a.b.txt"), "c:\\myfolder\\ab.txt");
+  options_.cboBatch = {"Document Name", "", "", "", "", "", "", ""};
+  EXPECT_EQ(Convert("c:\\docs\\name"), "c:\\docs\\name.");
+}
+
+TEST_F(NameConverterTest, PlacementBringingABackslashMovesTheFolderBoundary) {
+  options_.cboBatch = {"yyyy (date)", "\\", "Document Name", "extension", "", "", "", ""};
+  EXPECT_EQ(Convert("c:\\photos\\IMG_1.JPG"), "c:\\photos\\2026\\IMG_1.jpg");
+  fs_.AddDirectory("e:\\sorted");
+  options_.optMoveNewFolder = true;
+  options_.lFolder = "e:\\sorted";
+  EXPECT_EQ(Convert("c:\\photos\\IMG_1.JPG"), "e:\\sorted\\IMG_1.jpg");
+}
+
+TEST_F(NameConverterTest, DestinationFolderIsUsedOnlyWhileItExists) {
+  fs_.AddDirectory("e:\\new");
+  options_.lFolder = "e:\\new";
+  EXPECT_EQ(Convert("c:\\a\\b.txt"), "c:\\a\\b.txt");  // option not chosen
+  options_.optMoveNewFolder = true;
+  EXPECT_EQ(Convert("c:\\a\\b.txt"), "e:\\new\\b.txt");
+  options_.chkUpperCase = kChecked;  // later stages see the destination too
+  EXPECT_EQ(Convert("c:\\a\\b.txt"), "E:\\NEW\\B.TXT");
+  options_.chkUpperCase = kUnchecked;
+  fs_.Remove("e:\\new");  // vanished: passed over silently
+  EXPECT_EQ(Convert("c:\\a\\b.txt"), "c:\\a\\b.txt");
+  options_.lFolder = "\\\\server\\share";
+  EXPECT_EQ(Convert("c:\\a\\b.txt"), "\\\\server\\share\\b.txt");
+}
+
+TEST_F(NameConverterTest, ReplaceBoxesResolveTokensOnTheWorkText) {
+  const struct {
+    std::string find, with, expected;
+  } cases[] = {
+      {"file", "", "c:\\graphics\\common\\MyFile - My  data HeadEr .mp3"},
+      {"MyFile", "Document Name",
+       "c:\\graphics\\common\\MyFile - My file data HeadEr  - My file data HeadEr .mp3"},
+      {"graphics", "pics", "c:\\pics\\common\\MyFile - My file data HeadEr .mp3"},
+      {"", "x", "c:\\graphics\\common\\MyFile - My file data HeadEr .mp3"},
+      {"(none)", "x", "c:\\graphics\\common\\MyFile - My file data HeadEr .mp3"},
+      {".mp3", "2 Digit Serial Number", "c:\\graphics\\common\\MyFile - My file data HeadEr 01"},
+  };
+  for (const auto& c : cases) {
+    options_.cboBatch[6] = c.find;
+    options_.cboBatch[7] = c.with;
+    options_.serial = 0;
+    EXPECT_EQ(Convert(kBuiltInSamples[2]), c.expected) << c.find;
+  }
+  options_.cboBatch[6] = "file";
+  options_.cboBatch[7] = "";
+  EXPECT_EQ(Convert(kBuiltInSamples[1]),
+            "c:\\graphics\\common\\Copy of MYFILE -    SPACE - 04 - Oddy.jpg");
+}
+
+TEST_F(NameConverterTest, AdvancedReplaceAppliesCheckedRowsLiterallyInOrder) {
+  options_.cboBatch[6] = "(Advanced)";
+  options_.cboBatch[7] = "ignored";
+  lists_.replace = {{"Copy of ", "", true},
+                    {"Document Name", "x", true},  // a literal, not a token
+                    {" - #", "#", true},
+                    {"Oddy", "Odd", false}};
+  // " - 0" (j = 0) matches the front of " - 04" before j = 4 comes.
+  EXPECT_EQ(Convert(kBuiltInSamples[1]), "c:\\graphics\\common\\MYFILE -    SPACE#4 - Oddy.jpg");
+  EXPECT_EQ(lists_.replaceLoads, 1);
+  EXPECT_EQ(lists_.formattingLoads, 0);
+
+  lists_.replace = {{"MYFILE", "Yours", true}};  // a saved row counts from the next name
+  EXPECT_EQ(Convert(kBuiltInSamples[1]),
+            "c:\\graphics\\common\\Copy of Yours -    SPACE - 04 - Oddy.jpg");
+  EXPECT_EQ(lists_.replaceLoads, 2);
+
+  options_.cboBatch[6] = "(advanced)";  // any other text is a plain find text
+  Convert(kBuiltInSamples[1]);
+  EXPECT_EQ(lists_.replaceLoads, 2);
+}
+
+TEST_F(NameConverterTest, UnwantedFormattingRemovesActiveRowsWhenTicked) {
+  lists_.formatting = {{"Copy of ", true}, {" - #", true}, {"Oddy", false}};
+  EXPECT_EQ(Convert(kBuiltInSamples[1]),
+            "c:\\graphics\\common\\Copy of MYFILE -    SPACE - 04 - Oddy.jpg");
+  EXPECT_EQ(lists_.formattingLoads, 0);
+  options_.chkFormatting = kChecked;
+  EXPECT_EQ(Convert(kBuiltInSamples[1]), "c:\\graphics\\common\\MYFILE -    SPACE4 - Oddy.jpg");
+  EXPECT_EQ(lists_.formattingLoads, 1);
+}
+
+TEST_F(NameConverterTest, WithoutAListSourceTheRecordsListsAreUsed) {
+  NameConverter inMemory({clock_, fs_, nullptr});
+  options_.chkFormatting = kChecked;
+  options_.FormattingList = {{"MYFILE", true}};
+  EXPECT_EQ(inMemory.ConvertName(options_, kBuiltInSamples[1]),
+            "c:\\graphics\\common\\Copy of  -    SPACE - 04 - Oddy.jpg");
+}
+
+TEST_F(NameConverterTest, IncludePathsOnlyShowsThePanel) {
+  options_.chkIncludePaths = kChecked;
+  EXPECT_EQ(Convert(kBuiltInSamples[0]), "c:\\graphics\\common\\myfile_(1).tmd.jpg.jpeg");
+  EXPECT_TRUE(options_.pFolderPathVisible);
+  options_.chkIncludePaths = kGrayed;
+  Convert(kBuiltInSamples[0]);
+  EXPECT_FALSE(options_.pFolderPathVisible);
+}
+
+TEST_F(NameConverterTest, TheSourcePathIsNeverAltered) {
+  const std::string source = "c:\\a\\x (1).txt";
+  options_.chkRemoveNumbers = kChecked;
+  options_.chkUpperCase = kChecked;
+  EXPECT_EQ(converter_.ConvertName(options_, source), "C:\\A\\X .TXT");
+  EXPECT_EQ(source, "c:\\a\\x (1).txt");
+}
+
+}  // namespace
+}  // namespace tessaly

@@ -1,0 +1,117 @@
+#include "conversion/placement.h"
+
+#include <gtest/gtest.h>
+
+#include "conversion/sample_paths.h"
+#include "conversion/split_token.h"
+#include "platform/memory/fixed_clock.h"
+
+namespace tessaly {
+namespace {
+
+class PlacementTest : public ::testing::Test {
+ protected:
+  std::string Resolve(std::string_view text, std::string_view path = kBuiltInSamples[1]) {
+    return ResolvePlacement(text, path, options_, clock_);
+  }
+
+  FixedClock clock_{CivilDate{2026, 11, 18}};
+  ConversionOptions options_;
+};
+
+TEST_F(PlacementTest, TokensOfTheSecondSample) {
+  const std::pair<std::string, std::string> cases[] = {
+      {"Document Name", "Copy of MYFILE -    SPACE - 04 - Oddy"},
+      {"document name", "copy of myfile -    space - 04 - oddy"},
+      {"DOCUMENT NAME", "COPY OF MYFILE -    SPACE - 04 - ODDY"},
+      {"EXTENSION", ".JPG"},
+      {"extension", ".jpg"},
+      {"mmddyy (date)", "111826"},
+      {"mm-dd-yyyy (date)", "11-18-2026"},
+      {"yyyy (date)", "2026"},
+      {"yyddmm (date)", "261811"},
+      {"mmdd (date)", "1118"},
+      {"Split(-,1)", "c:\\graphics\\common\\Copy of MYFILE "},
+      {"Split(-,2)", "    SPACE "},
+      {"Split(-,4)", " Oddy.JPG"},
+      {"Split(\\,3)", "common"},
+      {"(none)", ""},
+      {"", ""},
+  };
+  for (const auto& [text, expected] : cases) EXPECT_EQ(Resolve(text), expected) << text;
+}
+
+TEST_F(PlacementTest, AnythingElseIsFreeTextIncludingFailedSplits) {
+  const std::string cases[] = {
+      "Split(-,5)", "Split(-,0)", "Split(-,x)", "Split(,,1)", "Split(-)", "Split(-,)",
+      "Split(-,99999)", "split(-,2)", "SPLIT(-,2)", "(date)", "(date) mm",
+      "mm (Date)", "Extension", "Document name", "Document Name 2", " - ", "(Advanced)",
+  };
+  for (const std::string& text : cases) EXPECT_EQ(Resolve(text), text) << text;
+}
+
+TEST_F(PlacementTest, SplitNumbersRoundLikeTheRuntime) {
+  EXPECT_EQ(Resolve("Split(-,1.4)"), Resolve("Split(-,1)"));
+  EXPECT_EQ(Resolve("Split(-,2.5)"), Resolve("Split(-,2)"));  // half to even
+  EXPECT_EQ(Resolve("Split(-, 3 )"), " 04 ");
+  EXPECT_EQ(Resolve("Split(,1)"), kBuiltInSamples[1]);  // empty separator: one piece
+  EXPECT_EQ(Resolve("Split(-,1)", ""), "Split(-,1)");   // empty path: no pieces
+}
+
+TEST_F(PlacementTest, NameTokensOnNamesWithoutOrWithOddPeriods) {
+  const struct {
+    std::string path, name, extension;
+  } cases[] = {
+      {"c:\\docs\\README", "README", "."},
+      {"c:\\docs\\archive.", "archive", "."},
+      {"c:\\docs\\.profile", "", ".profile"},
+      {"c:\\docs\\", "", "."},
+      {"c:\\my.folder\\name", "name", "."},
+      {"Ünïcode Ça.JPG", "Ünïcode Ça", ".jpg"},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(Resolve("Document Name", c.path), c.name) << c.path;
+    EXPECT_EQ(Resolve("extension", c.path), c.extension) << c.path;
+  }
+  EXPECT_EQ(Resolve("DOCUMENT NAME", "Ünïcode Ça.JPG"), "ÜNÏCODE ÇA");
+}
+
+TEST_F(PlacementTest, SerialNumbersWidenAndNeverWrap) {
+  const struct {
+    std::int32_t serial;
+    std::string token, expected;
+  } cases[] = {
+      {7, "1 Digit Serial Number", "7"},   {7, "2 Digit Serial Number", "07"},
+      {100, "2 Digit Serial Number", "100"}, {1, "3 Digit Serial Number", "001"},
+      {42, "4 Digit Serial Number", "0042"}, {123456, "5 Digit Serial Number", "123456"},
+      {3, "Serial Letter (a, b, c...)", "c"}, {28, "Serial Letter (A, B, C...)", "ZB"},
+      {0, "Serial Letter (A, B, C...)", "-A"}, {-5, "2 Digit Serial Number", "-05"},
+  };
+  for (const auto& c : cases) {
+    options_.serial = c.serial;
+    EXPECT_EQ(Resolve(c.token), c.expected) << c.token << " " << c.serial;
+  }
+}
+
+TEST(SerialLetters, RunOfZThenALastLetter) {
+  const std::pair<std::int32_t, std::string> cases[] = {
+      {1, "a"}, {26, "z"}, {27, "za"}, {28, "zb"}, {52, "zz"}, {53, "zza"},
+      {0, "-a"}, {-3, "-a"},
+  };
+  for (const auto& [n, expected] : cases) EXPECT_EQ(SerialLetters(n), expected) << n;
+}
+
+TEST(ParseInteger16, AcceptsWhatTheRuntimeConverts) {
+  EXPECT_EQ(ParseInteger16("12"), 12);
+  EXPECT_EQ(ParseInteger16(" -3 "), -3);
+  EXPECT_EQ(ParseInteger16("+4"), 4);
+  EXPECT_EQ(ParseInteger16("3.5"), 4);
+  EXPECT_EQ(ParseInteger16("32767"), 32767);
+  EXPECT_FALSE(ParseInteger16("32768"));
+  EXPECT_FALSE(ParseInteger16(""));
+  EXPECT_FALSE(ParseInteger16("1x"));
+  EXPECT_FALSE(ParseInteger16("nan"));
+}
+
+}  // namespace
+}  // namespace tessaly

@@ -1,0 +1,76 @@
+#include "text/text_ops.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tessaly::text {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+struct ReplaceCase {
+  std::string text, find, replacement, expected;
+};
+
+TEST(ReplaceAll, ScansLeftToRightWithoutRescanning) {
+  const ReplaceCase cases[] = {
+      {"aaa", "aa", "b", "ba"},            // matches never overlap
+      {"abab", "ab", "abab", "abababab"},  // inserted text is not scanned again
+      {"a  b", " ", "_", "a__b"},
+      {"name", "", "x", "name"},           // empty find changes nothing
+      {"", "a", "b", ""},
+      {"Copy of", "Copy Of", "", "Copy of"},  // exact case
+      {"Ünï Ünï", "Ünï", "U", "U U"},
+      {"a\xff" "b", "\xff", "-", "a-b"},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(ReplaceAll(c.text, c.find, c.replacement), c.expected) << c.text;
+  }
+}
+
+TEST(ReplaceAll, InPlaceReportsWhetherItFoundAnything) {
+  std::string text = "abc";
+  EXPECT_FALSE(ReplaceAllIn(text, "x", "y"));
+  EXPECT_TRUE(ReplaceAllIn(text, "b", "b"));
+  EXPECT_EQ(text, "abc");
+}
+
+TEST(ReplaceAllIgnoreCase, MatchesCharactersIgnoringCase) {
+  const ReplaceCase cases[] = {
+      {"a.JPG.jpg.JpG", "jpg", "jpeg", "a.jpeg.jpeg.jpeg"},
+      {"ÄRGER ärger", "äR", "x", "xGER xger"},
+      {"Straße", "SS", "x", "Straße"},  // no one-to-many folding
+      {"\xff\xfe" "AB", "ab", "c", "\xff\xfe" "c"},
+      {"\xc3" "A", "\xc3" "a", "ok", "ok"},  // a stray byte matches only itself
+      {"xyz", "", "q", "xyz"},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(ReplaceAllIgnoreCase(c.text, c.find, c.replacement), c.expected) << c.text;
+  }
+}
+
+TEST(ReplaceAllIgnoreCase, PassesOverMatchesFollowedByTheGuard) {
+  std::string text = "a.tif b.TIFF c.Tif";
+  ReplaceAllIgnoreCaseIn(text, "tif", "tiff", "f");
+  EXPECT_EQ(text, "a.tiff b.TIFF c.tiff");
+}
+
+TEST(Split, KeepsEmptyPiecesAndHandlesEmptyInput) {
+  EXPECT_THAT(Split("", "-"), IsEmpty());
+  EXPECT_THAT(Split("", ""), IsEmpty());
+  EXPECT_THAT(Split("a-b", ""), ElementsAre("a-b"));
+  EXPECT_THAT(Split("a--b-", "-"), ElementsAre("a", "", "b", ""));
+  EXPECT_THAT(Split("-", "-"), ElementsAre("", ""));
+  EXPECT_THAT(Split("x, y, z", ", "), ElementsAre("x", "y", "z"));
+}
+
+TEST(TrimBlanks, TrimsOnlyTheBlankCharacter) {
+  EXPECT_EQ(TrimBlanks("  a b  "), "a b");
+  EXPECT_EQ(TrimBlanks("\ta \t"), "\ta \t");
+  EXPECT_EQ(TrimBlanks("    "), "");
+  EXPECT_EQ(TrimBlanks(""), "");
+}
+
+}  // namespace
+}  // namespace tessaly::text
