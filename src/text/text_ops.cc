@@ -9,14 +9,25 @@ namespace tessaly::text {
 
 namespace {
 
+// ASCII folds by itself; only other characters need the tables.
+char32_t AsciiFold(unsigned char byte) { return (byte >= 'A' && byte <= 'Z') ? byte + 32 : byte; }
+
+// The folded character at `pos` and the bytes it takes.
+DecodedChar FoldedAt(std::string_view text, std::size_t pos) {
+  const auto byte = static_cast<unsigned char>(text[pos]);
+  if (byte < 0x80) return {AsciiFold(byte), 1};
+  const DecodedChar c = DecodeAt(text, pos);
+  return {FoldChar(c.code), c.length};
+}
+
 // Length in bytes of the match of `folded` at `pos`, if there is one.
 std::optional<std::size_t> MatchFoldedAt(std::string_view text, std::size_t pos,
                                          const std::u32string& folded) {
   std::size_t at = pos;
   for (char32_t wanted : folded) {
     if (at >= text.size()) return std::nullopt;
-    const DecodedChar c = DecodeAt(text, at);
-    if (FoldChar(c.code) != wanted) return std::nullopt;
+    const DecodedChar c = FoldedAt(text, at);
+    if (c.code != wanted) return std::nullopt;
     at += c.length;
   }
   return at - pos;
@@ -70,11 +81,18 @@ bool ReplaceAllIgnoreCaseIn(std::string& text, std::string_view find,
     }
     return length;
   };
+  // An ASCII byte can only start a match if it folds to the first character
+  // wanted; checking that first skips most positions at the cost of a byte.
+  const auto cannotStartMatch = [&](unsigned char byte) {
+    return byte < 0x80 && AsciiFold(byte) != folded.front();
+  };
   std::string out;
   bool found = false;
   std::size_t copied = 0;
   for (std::size_t pos = 0; pos < text.size();) {
-    if (const auto length = matchAt(pos)) {
+    if (cannotStartMatch(static_cast<unsigned char>(text[pos]))) {
+      ++pos;
+    } else if (const auto length = matchAt(pos)) {
       if (!found) out.reserve(text.size());
       found = true;
       out.append(text, copied, pos - copied);
