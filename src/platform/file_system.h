@@ -3,7 +3,9 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace tessaly {
 
@@ -17,9 +19,24 @@ inline constexpr std::uint32_t kArchive = 32;
 inline constexpr std::uint32_t kNormal = 128;
 }  // namespace attr
 
+// One entry found by a directory search: its name (no folder) and attributes.
+struct DirectoryEntry {
+  std::string name;
+  std::uint32_t attributes = 0;
+  friend bool operator==(const DirectoryEntry&, const DirectoryEntry&) = default;
+};
+
+// A search leaves out an entry that is hidden, system or a directory unless
+// each of those bits it has is in `include`; read-only and archive entries
+// always come back.
+inline bool PassesSearchFilter(std::uint32_t attributes, std::uint32_t include) {
+  constexpr std::uint32_t kFiltered = attr::kHidden | attr::kSystem | attr::kDirectory;
+  return (attributes & kFiltered & ~include) == 0;
+}
+
 // The file operations the program needs. Paths are in model form: the
-// backslash is the only separator. Abstract so it can be replaced in tests;
-// the real one is PosixFileSystem.
+// backslash is the only separator. Nothing here creates a directory.
+// Abstract so it can be replaced in tests; the real one is PosixFileSystem.
 class FileSystem {
  public:
   virtual ~FileSystem() = default;
@@ -27,6 +44,24 @@ class FileSystem {
   // The attribute bits of `path`, or nothing if it does not exist or cannot
   // be looked at.
   virtual std::optional<std::uint32_t> GetAttributes(std::string_view path) = 0;
+
+  // Moves the file `source` to `target`, in the same folder, another folder
+  // or another drive. Never replaces an existing target; a change of letter
+  // case alone is allowed. Returns false on any failure, and then both paths
+  // are as they were.
+  virtual bool Rename(std::string_view source, std::string_view target) = 0;
+
+  // Deletes the file `path`. Returns false if it is missing, is a directory,
+  // is read-only or cannot be deleted.
+  virtual bool Delete(std::string_view path) = 0;
+
+  // The entries of a folder whose names match a pattern: `pattern` is the
+  // folder, a backslash and a name with the wildcards "*" and "?", matched
+  // ignoring case ("*.*" also matches a name without a period). Entries
+  // come in the order the file system gives, "." and ".." never, and
+  // filtered as PassesSearchFilter says. A folder that is missing or cannot
+  // be read gives an empty list.
+  virtual std::vector<DirectoryEntry> Search(std::string_view pattern, std::uint32_t include) = 0;
 };
 
 }  // namespace tessaly

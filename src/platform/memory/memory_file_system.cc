@@ -1,31 +1,156 @@
 #include "platform/memory/memory_file_system.h"
 
+#include <utility>
+
+#include "platform/search_pattern.h"
 #include "text/case_mapping.h"
 
 namespace tessaly {
 
+namespace {
+
+std::string_view WithoutClosingBackslash(std::string_view path) {
+  if (path.size() > 1 && path.back() == '\\') path.remove_suffix(1);
+  return path;
+}
+
+// The folder that holds `path`, or nothing for a path without a backslash.
+std::optional<std::string_view> ParentOf(std::string_view path) {
+  path = WithoutClosingBackslash(path);
+  const std::size_t slash = path.find_last_of('\\');
+  if (slash == std::string_view::npos || path.size() == 1) return std::nullopt;
+  return slash == 0 ? path.substr(0, 1) : path.substr(0, slash);
+}
+
+std::string_view NameOf(std::string_view path) {
+  const std::size_t slash = path.find_last_of('\\');
+  return slash == std::string_view::npos ? path : path.substr(slash + 1);
+}
+
+bool IsUsableName(std::string_view path) { return !path.empty() && path.back() != '\\'; }
+
+}  // namespace
+
 std::string MemoryFileSystem::Key(std::string_view path) const {
   // A folder is the same entry with or without its closing backslash.
-  if (path.size() > 1 && path.back() == '\\') path.remove_suffix(1);
+  path = WithoutClosingBackslash(path);
   if (letterCase_ == LetterCase::kExact) return std::string(path);
   return text::LowerCase(text::UpperCase(path));
 }
 
+MemoryFileSystem::Entry* MemoryFileSystem::Find(std::string_view path) {
+  if (path.empty()) return nullptr;
+  const auto found = entries_.find(Key(path));
+  return found == entries_.end() ? nullptr : &found->second;
+}
+
+const MemoryFileSystem::Entry* MemoryFileSystem::Find(std::string_view path) const {
+  return const_cast<MemoryFileSystem*>(this)->Find(path);
+}
+
+bool MemoryFileSystem::IsFolder(std::string_view path) const {
+  const Entry* entry = Find(path);
+  return entry != nullptr && (entry->attributes & attr::kDirectory) != 0;
+}
+
+void MemoryFileSystem::AddParentsOf(std::string_view path) {
+  for (auto parent = ParentOf(path);
+       parent && parent->find_first_not_of('\\') != std::string_view::npos;
+       parent = ParentOf(*parent)) {
+    entries_.try_emplace(Key(*parent), Entry{std::string(*parent), attr::kDirectory, ""});
+  }
+}
+
 void MemoryFileSystem::AddFile(std::string_view path, std::uint32_t attributes) {
-  entries_[Key(path)] = attributes;
+  AddParentsOf(path);
+  entries_[Key(path)] = Entry{std::string(WithoutClosingBackslash(path)), attributes, ""};
 }
 
 void MemoryFileSystem::AddDirectory(std::string_view path) {
-  entries_[Key(path)] = attr::kDirectory;
+  AddFile(path, attr::kDirectory);
 }
 
 void MemoryFileSystem::Remove(std::string_view path) { entries_.erase(Key(path)); }
 
+void MemoryFileSystem::SetContents(std::string_view path, std::string contents) {
+  if (Find(path) == nullptr) AddFile(path);
+  Find(path)->contents = std::move(contents);
+}
+
+std::optional<std::string> MemoryFileSystem::Contents(std::string_view path) const {
+  const Entry* entry = Find(path);
+  if (entry == nullptr || (entry->attributes & attr::kDirectory) != 0) return std::nullopt;
+  return entry->contents;
+}
+
+std::vector<std::string> MemoryFileSystem::Paths() const {
+  std::vector<std::string> paths;
+  for (const auto& [key, entry] : entries_) paths.push_back(entry.path);
+  return paths;
+}
+
+void MemoryFileSystem::MakeReadOnly(std::string_view path) {
+  if (Entry* entry = Find(path)) entry->attributes |= attr::kReadOnly;
+}
+
 std::optional<std::uint32_t> MemoryFileSystem::GetAttributes(std::string_view path) {
-  if (path.empty()) return std::nullopt;
-  const auto found = entries_.find(Key(path));
-  if (found == entries_.end()) return std::nullopt;
-  return found->second;
+  const Entry* entry = Find(path);
+  if (entry == nullptr) return std::nullopt;
+  return entry->attributes;
+}
+
+bool MemoryFileSystem::CanRename(std::string_view source, std::string_view target) const {
+  if (!IsUsableName(source) || !IsUsableName(target)) return false;
+  const Entry* from = Find(source);
+  if (from == nullptr || (from->attributes & attr::kDirectory) != 0) return false;
+  if (locked_.contains(Key(source))) return false;
+  const auto folder = ParentOf(target);
+  if (!folder || !IsFolder(*folder)) return false;
+  // The source itself under the target's name is a change of letter case.
+  const Entry* taken = Find(target);
+  return taken == nullptr || taken == from;
+}
+
+bool MemoryFileSystem::Rename(std::string_view source, std::string_view target) {
+  if (beforeNextRename_) std::exchange(beforeNextRename_, nullptr)();
+  if (std::exchange(failNextRename_, false)) return false;
+  if (!CanRename(source, target)) return false;
+  auto moved = entries_.extract(Key(source));
+  moved.mapped().path = std::string(target);
+  moved.key() = Key(target);
+  entries_.insert(std::move(moved));
+  renames_.push_back({std::string(source), std::string(target)});
+  return true;
+}
+
+bool MemoryFileSystem::Delete(std::string_view path) {
+  if (std::exchange(failNextDelete_, false)) return false;
+  if (!IsUsableName(path)) return false;
+  const Entry* entry = Find(path);
+  if (entry == nullptr || (entry->attributes & (attr::kDirectory | attr::kReadOnly)) != 0) {
+    return false;
+  }
+  if (locked_.contains(Key(path))) return false;
+  entries_.erase(Key(path));
+  deletes_.push_back(std::string(path));
+  return true;
+}
+
+std::vector<DirectoryEntry> MemoryFileSystem::Search(std::string_view pattern,
+                                                     std::uint32_t include) {
+  const search_pattern::Parts parts = search_pattern::Split(pattern);
+  const std::string folderKey = Key(parts.folder);
+  if (!IsFolder(parts.folder) || unreadable_.contains(folderKey)) return {};
+  std::vector<DirectoryEntry> found;
+  for (const auto& [key, entry] : entries_) {
+    const auto parent = ParentOf(entry.path);
+    if (!parent || Key(*parent) != folderKey) continue;
+    const std::string_view name = NameOf(entry.path);
+    if (!search_pattern::Matches(name, parts.name)) continue;
+    if (!PassesSearchFilter(entry.attributes, include)) continue;
+    found.push_back({std::string(name), entry.attributes});
+  }
+  return found;
 }
 
 }  // namespace tessaly

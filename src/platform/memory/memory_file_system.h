@@ -2,33 +2,91 @@
 #define TESSALY_PLATFORM_MEMORY_MEMORY_FILE_SYSTEM_H_
 
 #include <cstdint>
+#include <functional>
 #include <map>
+#include <optional>
+#include <set>
 #include <string>
+#include <vector>
 
 #include "platform/file_system.h"
 
 namespace tessaly {
 
-// A file system held in memory, for tests. Paths are model paths; a folder
-// need not be added before the files in it.
+// A file system held in memory, for tests. Paths are model paths; adding a
+// file adds the folders above it. It records what the program did, and has
+// switches that make the next operation fail the ways a disk can.
 class MemoryFileSystem : public FileSystem {
  public:
   enum class LetterCase { kIgnore, kExact };
 
+  struct RenameRecord {
+    std::string source;
+    std::string target;
+    friend bool operator==(const RenameRecord&, const RenameRecord&) = default;
+  };
+
   explicit MemoryFileSystem(LetterCase letterCase = LetterCase::kIgnore)
       : letterCase_(letterCase) {}
 
+  // Setting the scene: these change the entries directly and record nothing.
   void AddFile(std::string_view path, std::uint32_t attributes = attr::kArchive);
   void AddDirectory(std::string_view path);
   void Remove(std::string_view path);
+  // Gives the file `path` the text `contents`, adding the file if missing.
+  void SetContents(std::string_view path, std::string contents);
+  // The text of the file `path`, or nothing if there is no such file.
+  std::optional<std::string> Contents(std::string_view path) const;
+  // Every entry's path as it was last written, in key order.
+  std::vector<std::string> Paths() const;
 
   std::optional<std::uint32_t> GetAttributes(std::string_view path) override;
+  bool Rename(std::string_view source, std::string_view target) override;
+  bool Delete(std::string_view path) override;
+  std::vector<DirectoryEntry> Search(std::string_view pattern, std::uint32_t include) override;
+
+  // Faults. Each of the first two is used up by the operation it fails.
+  void FailNextRename() { failNextRename_ = true; }
+  void FailNextDelete() { failNextDelete_ = true; }
+  // Sets the read-only bit of `path`. As on the desktop platform, a
+  // read-only file can be renamed but not deleted.
+  void MakeReadOnly(std::string_view path);
+  // Neither deleting nor renaming `path` works from now on, as for a file
+  // that another program holds open.
+  void Lock(std::string_view path) { locked_.insert(Key(path)); }
+  // A search of `folder` gives nothing from now on.
+  void MakeUnreadable(std::string_view folder) { unreadable_.insert(Key(folder)); }
+  // Runs `hook` once, at the start of the next Rename, before it looks at
+  // either path: the way another program slips in between a check and a move.
+  void BeforeNextRename(std::function<void()> hook) { beforeNextRename_ = std::move(hook); }
+
+  // What the program did: the renames and deletes that succeeded, in order.
+  const std::vector<RenameRecord>& renames() const { return renames_; }
+  const std::vector<std::string>& deletes() const { return deletes_; }
 
  private:
+  struct Entry {
+    std::string path;  // as last written, without a closing backslash
+    std::uint32_t attributes = attr::kArchive;
+    std::string contents;
+  };
+
   std::string Key(std::string_view path) const;
+  Entry* Find(std::string_view path);
+  const Entry* Find(std::string_view path) const;
+  bool IsFolder(std::string_view path) const;
+  void AddParentsOf(std::string_view path);
+  bool CanRename(std::string_view source, std::string_view target) const;
 
   LetterCase letterCase_;
-  std::map<std::string, std::uint32_t> entries_;  // by Key(path)
+  std::map<std::string, Entry> entries_;  // by Key(path)
+  std::set<std::string> unreadable_;      // folder keys
+  std::set<std::string> locked_;          // entry keys
+  bool failNextRename_ = false;
+  bool failNextDelete_ = false;
+  std::function<void()> beforeNextRename_;
+  std::vector<RenameRecord> renames_;
+  std::vector<std::string> deletes_;
 };
 
 }  // namespace tessaly

@@ -1,14 +1,43 @@
 #ifndef TESSALY_PLATFORM_POSIX_POSIX_FILE_SYSTEM_H_
 #define TESSALY_PLATFORM_POSIX_POSIX_FILE_SYSTEM_H_
 
+#include <functional>
+#include <string>
+
 #include "platform/file_system.h"
+#include "platform/posix/cross_device_move.h"
+#include "platform/posix/path_resolver.h"
 
 namespace tessaly {
 
-// The real file system of a POSIX machine, seen through model paths.
+// The real file system of a POSIX machine, seen through model paths and made
+// to behave like a desktop volume: names are found ignoring letter case and
+// kept in their own; a name with several case variants and no exact match
+// is ambiguous, counts as existing and is never deleted or replaced; a
+// rename never replaces anything; a read-only file is not deleted.
+// For one thread: it keeps an index of the folders it looks into.
 class PosixFileSystem : public FileSystem {
  public:
   std::optional<std::uint32_t> GetAttributes(std::string_view path) override;
+  bool Rename(std::string_view source, std::string_view target) override;
+  bool Delete(std::string_view path) override;
+  std::vector<DirectoryEntry> Search(std::string_view pattern, std::uint32_t include) override;
+
+  // Test seams. `hook` runs once, inside the next Rename, after its checks
+  // and right before the file is moved.
+  void SetBeforeNextRenameForTesting(std::function<void()> hook) {
+    beforeNextRename_ = std::move(hook);
+  }
+  // Consulted by every move between file systems.
+  void SetMoveFaultForTesting(MoveFault fault) { moveFault_ = std::move(fault); }
+
+ private:
+  bool TargetFor(const ResolvedPath& source, const std::string& target, std::string& native);
+  bool Move(const std::string& from, const std::string& to);
+
+  PathResolver resolver_;
+  std::function<void()> beforeNextRename_;
+  MoveFault moveFault_;
 };
 
 }  // namespace tessaly

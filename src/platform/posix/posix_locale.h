@@ -1,0 +1,33 @@
+#ifndef TESSALY_PLATFORM_POSIX_POSIX_LOCALE_H_
+#define TESSALY_PLATFORM_POSIX_POSIX_LOCALE_H_
+
+#include <string>
+#include <string_view>
+
+#include "platform/locale.h"
+
+namespace tessaly {
+
+// The separators of the user's locale (LC_ALL, LC_TIME, LC_NUMERIC and
+// LANG, as the C library reads them), taken once at construction.
+class PosixLocale : public Locale {
+ public:
+  PosixLocale();
+
+  std::string DateSeparator() const override { return date_; }
+  std::string TimeSeparator() const override { return time_; }
+  std::string DecimalSeparator() const override { return decimal_; }
+
+ private:
+  std::string date_;
+  std::string time_;
+  std::string decimal_;
+};
+
+// The text between the first two fields of a strftime format, such as "/"
+// of "%m/%d/%y"; `fallback` if there is none.
+std::string SeparatorOfFormat(std::string_view format, std::string_view fallback);
+
+}  // namespace tessaly
+
+#endif  // TESSALY_PLATFORM_POSIX_POSIX_LOCALE_H_

@@ -1,0 +1,39 @@
+#ifndef TESSALY_PLATFORM_POSIX_SQLITE_REGISTRY_H_
+#define TESSALY_PLATFORM_POSIX_SQLITE_REGISTRY_H_
+
+#include "platform/posix/registry_location.h"
+#include "platform/posix/sqlite_hive.h"
+#include "platform/registry.h"
+#include "platform/registry_rules.h"
+
+namespace tessaly {
+
+// The registry of a POSIX machine: one SQLite database per hive, shared by
+// every running copy of the program. A damaged or locked database fails the
+// call with a registry code; it never ends the program. Not to be carried
+// across fork().
+class SqliteRegistry : public Registry {
+ public:
+  explicit SqliteRegistry(const RegistryLocation& location = RegistryLocationFromEnvironment())
+      : user_(location.user), machine_(location.machine) {}
+
+  long OpenKey(Hive hive, std::string_view path, std::uint32_t access, RegistryKey* key) override;
+  long QueryValue(RegistryKey key, std::string_view name, std::uint32_t* type, std::uint8_t* data,
+                  std::uint32_t* size) override;
+  long SetValue(RegistryKey key, std::string_view name, std::uint32_t type,
+                const std::uint8_t* data, std::uint32_t size) override;
+  long CreateKey(Hive hive, std::string_view path, std::string_view keyClass, std::uint32_t options,
+                 std::uint32_t access, RegistryKey* key, std::uint32_t* disposition) override;
+  long CloseKey(RegistryKey key) override;
+
+ private:
+  SqliteHive& HiveFor(Hive hive) { return hive == Hive::kCurrentUser ? user_ : machine_; }
+
+  SqliteHive user_;
+  SqliteHive machine_;
+  registry_rules::KeyHandleTable handles_;
+};
+
+}  // namespace tessaly
+
+#endif  // TESSALY_PLATFORM_POSIX_SQLITE_REGISTRY_H_

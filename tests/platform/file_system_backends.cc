@@ -1,0 +1,150 @@
+#include "file_system_backends.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "platform/memory/memory_file_system.h"
+#include "platform/posix/native_path.h"
+#include "platform/posix/posix_file_system.h"
+
+namespace tessaly::testing {
+
+namespace {
+
+class MemoryBackend : public FileSystemBackend {
+ public:
+  explicit MemoryBackend(bool ignoreCase)
+      : fs_(ignoreCase ? MemoryFileSystem::LetterCase::kIgnore
+                       : MemoryFileSystem::LetterCase::kExact),
+        ignoreCase_(ignoreCase) {
+    fs_.AddDirectory(Root());
+  }
+  FileSystem& fs() override { return fs_; }
+  std::string Root() const override { return "C:\\Work"; }
+  bool IgnoresCase() const override { return ignoreCase_; }
+  void MakeFile(std::string_view path, std::string_view contents,
+                std::uint32_t attributes) override {
+    const std::size_t slash = path.find_last_of('\\');
+    if (path.substr(slash + 1).starts_with('.')) attributes |= attr::kHidden;
+    const std::uint32_t bits = attributes == 0 ? attr::kArchive : attributes;
+    fs_.AddFile(path, bits);
+    fs_.SetContents(path, std::string(contents));
+  }
+  void MakeFolder(std::string_view path) override {
+    const bool hidden = path.substr(path.find_last_of('\\') + 1).starts_with('.');
+    fs_.AddFile(path, attr::kDirectory | (hidden ? attr::kHidden : 0));
+  }
+  std::optional<std::string> Read(std::string_view path) override {
+    const std::vector<std::string> paths = fs_.Paths();
+    if (std::find(paths.begin(), paths.end(), path) == paths.end()) return std::nullopt;
+    return fs_.Contents(path);
+  }
+  std::vector<std::string> Names(std::string_view folder) override {
+    const std::string prefix = std::string(folder) + "\\";
+    std::vector<std::string> names;
+    for (const std::string& path : fs_.Paths()) {
+      if (!path.starts_with(prefix)) continue;
+      const std::string name = path.substr(prefix.size());
+      if (name.find('\\') == std::string::npos) names.push_back(name);
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+  void BeforeNextRename(std::function<void()> hook) override {
+    fs_.BeforeNextRename(std::move(hook));
+  }
+
+ private:
+  MemoryFileSystem fs_;
+  bool ignoreCase_;
+};
+
+class PosixBackend : public FileSystemBackend {
+ public:
+  FileSystem& fs() override { return fs_; }
+  std::string Root() const override { return ToModelPath(folder_.native()); }
+  bool IgnoresCase() const override { return true; }
+  void MakeFile(std::string_view path, std::string_view contents,
+                std::uint32_t attributes) override {
+    const std::string native = ToNativePath(path);
+    if ((attributes & attr::kSystem) != 0) {
+      mkfifo(native.c_str(), 0644);
+      return;
+    }
+    WriteNative(native, contents);
+    if ((attributes & attr::kReadOnly) != 0) chmod(native.c_str(), 0444);
+  }
+  void MakeFolder(std::string_view path) override {
+    std::filesystem::create_directory(ToNativePath(path));
+  }
+  std::optional<std::string> Read(std::string_view path) override {
+    const std::string native = ToNativePath(path);
+    const auto names = NamesIn(native.substr(0, native.find_last_of('/')));
+    const std::string name = native.substr(native.find_last_of('/') + 1);
+    if (std::find(names.begin(), names.end(), name) == names.end()) return std::nullopt;
+    return ReadNative(native);
+  }
+  std::vector<std::string> Names(std::string_view folder) override {
+    std::vector<std::string> names = NamesIn(ToNativePath(folder));
+    for (std::string& name : names) name = ToModelPath(name);
+    return names;
+  }
+  void BeforeNextRename(std::function<void()> hook) override {
+    fs_.SetBeforeNextRenameForTesting(std::move(hook));
+  }
+
+ private:
+  TempFolder folder_;
+  PosixFileSystem fs_;
+};
+
+}  // namespace
+
+TempFolder::TempFolder(const std::string& parent) {
+  const std::string base =
+      parent.empty() ? std::filesystem::temp_directory_path().string() : parent;
+  std::string pattern = base + "/tessaly-fs-XXXXXX";
+  if (mkdtemp(pattern.data()) != nullptr) native_ = pattern;
+}
+
+TempFolder::~TempFolder() {
+  if (native_.empty()) return;
+  std::error_code ignored;
+  std::filesystem::remove_all(native_, ignored);
+}
+
+std::optional<std::string> ReadNative(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  if (!in) return std::nullopt;
+  std::ostringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+void WriteNative(const std::string& path, std::string_view contents) {
+  std::ofstream(path, std::ios::binary).write(contents.data(),
+                                              static_cast<std::streamsize>(contents.size()));
+}
+
+std::vector<std::string> NamesIn(const std::string& folder) {
+  std::vector<std::string> names;
+  std::error_code error;
+  for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
+    names.push_back(entry.path().filename().string());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+std::unique_ptr<FileSystemBackend> MakeMemoryBackend(bool ignoreCase) {
+  return std::make_unique<MemoryBackend>(ignoreCase);
+}
+
+std::unique_ptr<FileSystemBackend> MakePosixBackend() { return std::make_unique<PosixBackend>(); }
+
+}  // namespace tessaly::testing

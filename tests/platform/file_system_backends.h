@@ -1,0 +1,69 @@
+#ifndef TESSALY_TESTS_PLATFORM_FILE_SYSTEM_BACKENDS_H_
+#define TESSALY_TESTS_PLATFORM_FILE_SYSTEM_BACKENDS_H_
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/file_system.h"
+
+namespace tessaly::testing {
+
+// A folder under `parent` (the system's temporary folder by default) that
+// is removed with everything in it.
+class TempFolder {
+ public:
+  explicit TempFolder(const std::string& parent = "");
+  ~TempFolder();
+  TempFolder(const TempFolder&) = delete;
+  TempFolder& operator=(const TempFolder&) = delete;
+  const std::string& native() const { return native_; }
+
+ private:
+  std::string native_;
+};
+
+// Reads a whole native file; nothing if it cannot be opened.
+std::optional<std::string> ReadNative(const std::string& path);
+void WriteNative(const std::string& path, std::string_view contents);
+// The names a native folder holds, sorted.
+std::vector<std::string> NamesIn(const std::string& folder);
+
+// A file system under test, with the means to set a scene on it behind its
+// back. Paths are model paths under Root().
+class FileSystemBackend {
+ public:
+  virtual ~FileSystemBackend() = default;
+  virtual FileSystem& fs() = 0;
+  // An empty folder that the tests work in, without a closing backslash.
+  virtual std::string Root() const = 0;
+  virtual bool IgnoresCase() const = 0;
+  // `attributes` may ask for kReadOnly, or kSystem (a file that is neither
+  // regular nor a folder); hidden files are named with a leading ".".
+  virtual void MakeFile(std::string_view path, std::string_view contents = "",
+                        std::uint32_t attributes = 0) = 0;
+  virtual void MakeFolder(std::string_view path) = 0;
+  // The contents of the file spelled exactly `path`, if there is one.
+  virtual std::optional<std::string> Read(std::string_view path) = 0;
+  // The names in `folder` as the disk spells them, sorted.
+  virtual std::vector<std::string> Names(std::string_view folder) = 0;
+  // Runs `hook` once, between the next rename's checks and its move.
+  virtual void BeforeNextRename(std::function<void()> hook) = 0;
+};
+
+struct BackendKind {
+  const char* name;
+  std::function<std::unique_ptr<FileSystemBackend>()> make;
+};
+inline void PrintTo(const BackendKind& kind, std::ostream* out) { *out << kind.name; }
+
+std::unique_ptr<FileSystemBackend> MakeMemoryBackend(bool ignoreCase);
+std::unique_ptr<FileSystemBackend> MakePosixBackend();
+
+}  // namespace tessaly::testing
+
+#endif  // TESSALY_TESTS_PLATFORM_FILE_SYSTEM_BACKENDS_H_

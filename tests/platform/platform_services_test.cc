@@ -1,0 +1,120 @@
+// The small platform services: locale separators, the program's location,
+// the random generator, short paths and the scripted dialogs.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include "platform/memory/memory_file_system.h"
+#include "platform/memory/scripted_ui.h"
+#include "platform/posix/existing_short_paths.h"
+#include "platform/posix/posix_locale.h"
+#include "platform/posix/posix_program.h"
+#include "platform/posix/standard_random.h"
+
+namespace tessaly {
+namespace {
+
+using ::testing::ElementsAre;
+
+TEST(PosixLocaleTest, SeparatorIsTheTextBetweenTheFirstTwoFields) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"%m/%d/%y", "/"}, {"%d.%m.%Y", "."}, {"%Y-%m-%d", "-"}, {"%Y. %m. %d.", ". "},
+      {"%H:%M:%S", ":"}, {"%OH.%OM", "."},  {"%D", "/"},       {"%T", ":"},
+      {"%x", "?"},       {"", "?"},
+  };
+  for (const auto& [format, separator] : cases) {
+    EXPECT_EQ(SeparatorOfFormat(format, "?"), separator) << format;
+  }
+}
+
+TEST(PosixLocaleTest, TheCLocaleGivesSlashColonAndPeriod) {
+  setenv("LC_ALL", "C", 1);
+  const PosixLocale locale;
+  unsetenv("LC_ALL");
+  EXPECT_EQ(locale.DateSeparator(), "/");
+  EXPECT_EQ(locale.TimeSeparator(), ":");
+  EXPECT_EQ(locale.DecimalSeparator(), ".");
+}
+
+TEST(PosixProgramTest, LocationIsTheModelFolderAndTheNameWithoutExtension) {
+  const ProgramLocation plain = LocationOfProgram("/usr/bin/tessaly");
+  EXPECT_EQ(plain.folder, "\\usr\\bin");
+  EXPECT_EQ(plain.fileName, "tessaly");
+  const ProgramLocation atRoot = LocationOfProgram("/tessaly.bin");
+  EXPECT_EQ(atRoot.folder, "\\");
+  EXPECT_EQ(atRoot.fileName, "tessaly");
+  PosixProgram running("C:\\a.txt /show");
+  EXPECT_FALSE(running.FileName().empty());
+  EXPECT_EQ(running.CommandLine(), "C:\\a.txt /show");
+  EXPECT_EQ(running.Title(), "Tessaly");
+  EXPECT_EQ(running.Version(), (ProgramVersion{1, 0, 14}));
+}
+
+TEST(StandardRandomTest, ASeedRepeatsItsSequenceOfFractionsBelowOne) {
+  StandardRandom random;
+  random.Randomize(12);
+  std::vector<double> first;
+  for (int i = 0; i < 1000; ++i) first.push_back(random.Rnd());
+  random.Randomize(12);
+  for (double expected : first) {
+    const double drawn = random.Rnd();
+    ASSERT_EQ(drawn, expected);
+    ASSERT_GE(drawn, 0.0);
+    ASSERT_LT(drawn, 1.0);
+  }
+}
+
+TEST(ExistingShortPathsTest, AnExistingPathIsItsOwnShortForm) {
+  MemoryFileSystem fs;
+  fs.AddFile("C:\\Program Files\\Tessaly\\Tessaly.exe");
+  ExistingShortPaths shortPaths(fs);
+  EXPECT_EQ(shortPaths.ShortPathOf("C:\\Program Files\\Tessaly\\Tessaly.exe"),
+            "C:\\Program Files\\Tessaly\\Tessaly.exe");
+  EXPECT_EQ(shortPaths.ShortPathOf("C:\\Program Files\\Tessaly\\Gone.exe"), "");
+  EXPECT_EQ(shortPaths.ShortPathOf(""), "");
+}
+
+TEST(ScriptedUiTest, OpenFileAnswersAreShapedLikeTheDesktopDialogs) {
+  const OpenFileAnswer one = ScriptedUi::SingleFileAnswer("C:\\Docs\\report.txt");
+  ASSERT_TRUE(one.accepted);
+  ASSERT_EQ(one.buffer.size(), 257u);
+  EXPECT_EQ(one.buffer.substr(0, 19), std::string("C:\\Docs\\report.txt") + '\0');
+  EXPECT_EQ(one.extensionOffset, 15);
+  EXPECT_EQ(one.buffer.substr(255), std::string(2, '\0'));
+  // Without an extension the offset points at the end, never at 0.
+  EXPECT_EQ(ScriptedUi::SingleFileAnswer("C:\\Docs.v2\\README").extensionOffset, 17);
+
+  const OpenFileAnswer many = ScriptedUi::MultipleFilesAnswer("C:\\Docs", {"a.txt", "bb"});
+  ASSERT_TRUE(many.accepted);
+  EXPECT_EQ(many.extensionOffset, 0);
+  EXPECT_EQ(many.buffer.substr(0, 18), std::string("C:\\Docs\0a.txt\0bb\0\0", 18));
+  EXPECT_EQ(many.buffer[18], ' ');
+
+  const std::vector<std::string> tooMany(30, "long-name.txt");
+  EXPECT_FALSE(ScriptedUi::MultipleFilesAnswer("C:\\Docs", tooMany).accepted);
+}
+
+TEST(ScriptedUiTest, DialogsRecordWhatWasAskedAndAnswerFromTheScript) {
+  ScriptedUi ui;
+  int edits = 0;
+  ui.OnModal("fReplaceAdvanced", [&] { ++edits; });
+  ui.ShowModal("fReplaceAdvanced");
+  ui.ShowModal("fUnwantedFormatting");
+  EXPECT_EQ(edits, 1);
+  EXPECT_THAT(ui.modalDialogs(), ElementsAre("fReplaceAdvanced", "fUnwantedFormatting"));
+
+  ui.QueueFolder("C:\\Photos");
+  EXPECT_EQ(ui.BrowseForFolder("Select Directory to Add", ""), "C:\\Photos");
+  EXPECT_EQ(ui.BrowseForFolder("Again", "C:\\"), "");  // nothing queued: cancelled
+  EXPECT_EQ(ui.folderQuestions().back().startFolder, "C:\\");
+
+  EXPECT_FALSE(ui.ShowOpenFileDialog({"*.*|*.*", "", "", 0x382204}).accepted);
+  EXPECT_EQ(ui.openFileRequests().front().flags, 0x382204u);
+
+  ui.LetPendingEventsRun();
+  EXPECT_EQ(ui.pendingEventRuns(), 1);
+}
+
+}  // namespace
+}  // namespace tessaly

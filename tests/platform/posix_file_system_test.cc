@@ -1,0 +1,180 @@
+// What the POSIX backend does beyond the shared contract: case-insensitive
+// lookup on a case-sensitive disk, its folder index, and moves between
+// file systems.
+#include <gmock/gmock.h>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <filesystem>
+#include <thread>
+
+#include "file_system_backends.h"
+#include "platform/posix/cross_device_move.h"
+#include "platform/posix/native_path.h"
+#include "platform/posix/no_replace_rename.h"
+#include "platform/posix/posix_file_system.h"
+
+namespace tessaly {
+namespace {
+
+using ::testing::ElementsAre;
+using testing::NamesIn;
+using testing::ReadNative;
+using testing::TempFolder;
+using testing::WriteNative;
+
+class PosixFileSystemTest : public ::testing::Test {
+ protected:
+  std::string Native(std::string_view name) const {
+    return folder_.native() + "/" + std::string(name);
+  }
+  std::string Model(std::string_view name) const {
+    return ToModelPath(folder_.native()) + "\\" + std::string(name);
+  }
+
+  TempFolder folder_;
+  PosixFileSystem fs_;
+};
+
+TEST_F(PosixFileSystemTest, CaseVariantsWithoutExactMatchAreAmbiguousAndProtected) {
+  WriteNative(Native("Photo.jpg"), "one");
+  WriteNative(Native("PHOTO.JPG"), "two");
+  WriteNative(Native("other.txt"), "other");
+  EXPECT_TRUE(fs_.GetAttributes(Model("photo.jpg")));
+  EXPECT_FALSE(fs_.Delete(Model("photo.jpg")));
+  EXPECT_FALSE(fs_.Rename(Model("other.txt"), Model("photo.jpg")));
+  EXPECT_FALSE(fs_.Rename(Model("photo.jpg"), Model("new.jpg")));
+  EXPECT_THAT(NamesIn(folder_.native()), ElementsAre("PHOTO.JPG", "Photo.jpg", "other.txt"));
+  // An exact spelling names one file, so it may go.
+  EXPECT_TRUE(fs_.Delete(Model("Photo.jpg")));
+  EXPECT_EQ(ReadNative(Native("PHOTO.JPG")), "two");
+}
+
+TEST_F(PosixFileSystemTest, EveryNameOfAPathIsFoundIgnoringCase) {
+  std::filesystem::create_directories(Native("Music/Live Set"));
+  WriteNative(Native("Music/Live Set/Track.MP3"), "x");
+  EXPECT_EQ(fs_.GetAttributes(Model("MUSIC\\live set\\track.mp3")), attr::kArchive);
+  ASSERT_TRUE(fs_.Rename(Model("music\\LIVE SET\\track.mp3"), Model("MUSIC\\Live set\\01.mp3")));
+  EXPECT_THAT(NamesIn(Native("Music/Live Set")), ElementsAre("01.mp3"));
+}
+
+TEST_F(PosixFileSystemTest, LookupSeesChangesMadeBehindItsBack) {
+  WriteNative(Native("a.txt"), "");
+  EXPECT_FALSE(fs_.GetAttributes(Model("README")));  // reads the folder
+  // Let the folder's clock move on, as it does between a user's actions.
+  std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  WriteNative(Native("readme"), "");
+  EXPECT_TRUE(fs_.GetAttributes(Model("README")));
+  std::filesystem::remove(Native("readme"));
+  EXPECT_FALSE(fs_.GetAttributes(Model("README")));
+  // The folder's time after the program's own change is not mistaken for
+  // the time of a later change by someone else.
+  ASSERT_TRUE(fs_.Rename(Model("a.txt"), Model("b.txt")));
+  std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  WriteNative(Native("Readme"), "");
+  EXPECT_TRUE(fs_.GetAttributes(Model("README")));
+}
+
+TEST_F(PosixFileSystemTest, LookupFollowsItsOwnChangesAtOnce) {
+  for (int i = 0; i < 50; ++i) WriteNative(Native("f" + std::to_string(i)), "");
+  EXPECT_FALSE(fs_.GetAttributes(Model("G0")));
+  for (int i = 0; i < 50; ++i) {
+    const std::string n = std::to_string(i);
+    ASSERT_TRUE(fs_.Rename(Model("F" + n), Model("g" + n)));
+    ASSERT_TRUE(fs_.GetAttributes(Model("G" + n))) << n;
+    ASSERT_FALSE(fs_.GetAttributes(Model("F" + n))) << n;
+  }
+  EXPECT_TRUE(fs_.Delete(Model("G7")));
+  EXPECT_FALSE(fs_.GetAttributes(Model("g7")));
+}
+
+TEST_F(PosixFileSystemTest, NativeBackslashesAreSlashesInTheModel) {
+  WriteNative(Native("AC\\DC.mp3"), "x");
+  const auto found = fs_.Search(Model("*.mp3"), 0);
+  ASSERT_EQ(found.size(), 1u);
+  EXPECT_EQ(found[0].name, "AC/DC.mp3");
+  EXPECT_TRUE(fs_.Rename(Model("ac/dc.mp3"), Model("a/b.mp3")));
+  EXPECT_THAT(NamesIn(folder_.native()), ElementsAre("a\\b.mp3"));
+}
+
+TEST_F(PosixFileSystemTest, ALinkThatPointsNowhereStillHoldsItsName) {
+  ASSERT_EQ(symlink("nowhere", Native("link").c_str()), 0);
+  WriteNative(Native("a.txt"), "a");
+  EXPECT_EQ(fs_.GetAttributes(Model("LINK")), attr::kSystem);
+  EXPECT_FALSE(fs_.Rename(Model("a.txt"), Model("link")));
+}
+
+TEST(NoReplaceRenameTest, NeitherWayReplacesATakenName) {
+  TempFolder folder;
+  const std::string mine = folder.native() + "/mine";
+  const std::string theirs = folder.native() + "/theirs";
+  WriteNative(mine, "mine");
+  WriteNative(theirs, "theirs");
+  EXPECT_EQ(RenameWithoutReplacing(mine, theirs), PlaceResult::kTaken);
+  EXPECT_EQ(LinkThenUnlink(mine, theirs), PlaceResult::kTaken);
+  EXPECT_EQ(ReadNative(theirs), "theirs");
+  EXPECT_EQ(LinkThenUnlink(mine, folder.native() + "/free"), PlaceResult::kDone);
+  EXPECT_THAT(NamesIn(folder.native()), ElementsAre("free", "theirs"));
+}
+
+// A second file system for moves between file systems: the shared memory
+// folder, when it is one and can be written.
+class CrossDeviceMoveTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    struct stat here {}, there {};
+    if (target_.native().empty() || stat(source_.native().c_str(), &here) != 0 ||
+        stat(target_.native().c_str(), &there) != 0 || here.st_dev == there.st_dev) {
+      GTEST_SKIP() << "no second file system to move to";
+    }
+    data_.resize(2'500'000);
+    for (std::size_t i = 0; i < data_.size(); ++i) data_[i] = static_cast<char>(i * 7 % 251);
+    WriteNative(From(), data_);
+  }
+  std::string From() const { return source_.native() + "/big.bin"; }
+  std::string To() const { return target_.native() + "/big.bin"; }
+
+  TempFolder source_;
+  TempFolder target_{"/dev/shm"};
+  std::string data_;
+  PosixFileSystem fs_;
+};
+
+TEST_F(CrossDeviceMoveTest, MovesDataPermissionsAndTime) {
+  chmod(From().c_str(), 0640);
+  const struct timespec times[2] = {{1'000'000'000, 0}, {1'200'000'000, 0}};
+  utimensat(AT_FDCWD, From().c_str(), times, 0);
+  ASSERT_TRUE(fs_.Rename(ToModelPath(From()), ToModelPath(To())));
+  EXPECT_EQ(ReadNative(To()), data_);
+  EXPECT_THAT(NamesIn(source_.native()), ElementsAre());
+  struct stat moved {};
+  ASSERT_EQ(stat(To().c_str(), &moved), 0);
+  EXPECT_EQ(moved.st_mode & 07777, 0640u);
+  EXPECT_EQ(moved.st_mtim.tv_sec, 1'200'000'000);
+}
+
+TEST_F(CrossDeviceMoveTest, FailureAtAnyStageLeavesSourceWholeAndNoCopy) {
+  for (const MoveStage stage : {MoveStage::kCopy, MoveStage::kSync, MoveStage::kPlace}) {
+    fs_.SetMoveFaultForTesting([stage](MoveStage at) { return at == stage; });
+    EXPECT_FALSE(fs_.Rename(ToModelPath(From()), ToModelPath(To())));
+    EXPECT_EQ(ReadNative(From()), data_);
+    EXPECT_THAT(NamesIn(target_.native()), ElementsAre());
+  }
+}
+
+TEST_F(CrossDeviceMoveTest, TargetAppearingDuringTheCopyIsNeverOverwritten) {
+  fs_.SetMoveFaultForTesting([this](MoveStage at) {
+    if (at == MoveStage::kPlace) WriteNative(To(), "theirs");
+    return false;
+  });
+  EXPECT_FALSE(fs_.Rename(ToModelPath(From()), ToModelPath(To())));
+  EXPECT_EQ(ReadNative(To()), "theirs");
+  EXPECT_EQ(ReadNative(From()), data_);
+  EXPECT_THAT(NamesIn(target_.native()), ElementsAre("big.bin"));
+}
+
+}  // namespace
+}  // namespace tessaly

@@ -1,0 +1,188 @@
+// The behaviour every registry backend shares, run against each of them.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+
+#include "platform/memory/memory_registry.h"
+#include "platform/posix/sqlite_registry.h"
+#include "registry_test_support.h"
+
+namespace tessaly {
+namespace {
+
+using testing::Query;
+using testing::SetBytes;
+using testing::SetText;
+
+struct Backend {
+  const char* name;
+  std::function<std::unique_ptr<Registry>(const std::string& folder)> make;
+};
+
+void PrintTo(const Backend& backend, std::ostream* out) { *out << backend.name; }
+
+class RegistryContract : public ::testing::TestWithParam<Backend> {
+ protected:
+  void SetUp() override { registry_ = GetParam().make(folder_.path()); }
+
+  RegistryKey Create(std::string_view path, Hive hive = Hive::kCurrentUser) {
+    RegistryKey key = 0;
+    std::uint32_t disposition = 0;
+    EXPECT_EQ(
+        registry_->CreateKey(hive, path, "0", 0, reg::kRead | reg::kWrite, &key, &disposition),
+        reg::kSuccess);
+    return key;
+  }
+  long Open(std::string_view path, std::uint32_t access = reg::kRead,
+            Hive hive = Hive::kCurrentUser) {
+    RegistryKey key = 0;
+    const long answer = registry_->OpenKey(hive, path, access, &key);
+    if (answer == reg::kSuccess) registry_->CloseKey(key);
+    return answer;
+  }
+  std::uint32_t CreateDisposition(std::string_view path) {
+    RegistryKey key = 0;
+    std::uint32_t disposition = 0;
+    EXPECT_EQ(registry_->CreateKey(Hive::kCurrentUser, path, "0", 0, 0, &key, &disposition),
+              reg::kSuccess);
+    registry_->CloseKey(key);
+    return disposition;
+  }
+
+  testing::ScratchFolder folder_;
+  std::unique_ptr<Registry> registry_;
+};
+
+TEST_P(RegistryContract, KeysAreCreatedWithParentsAndFoundIgnoringCase) {
+  EXPECT_EQ(Open("Software\\Maker"), reg::kNotFound);
+  EXPECT_EQ(CreateDisposition("Software\\Maker\\App\\Settings"), reg::kCreatedNewKey);
+  EXPECT_EQ(Open("SOFTWARE\\maker"), reg::kSuccess);
+  EXPECT_EQ(Open("software\\MAKER\\app\\settings\\"), reg::kSuccess);
+  EXPECT_EQ(CreateDisposition("software\\maker\\APP"), reg::kOpenedExistingKey);
+  EXPECT_EQ(CreateDisposition(""), reg::kOpenedExistingKey);
+  EXPECT_EQ(Open("Software\\Maker\\Other"), reg::kNotFound);
+  EXPECT_EQ(Open("Software\\Maker\\App", reg::kRead, Hive::kLocalMachine), reg::kNotFound);
+}
+
+TEST_P(RegistryContract, MalformedPathsAreRefused) {
+  for (const char* path : {"\\Software", "Software\\\\Maker", "A\\\\"}) {
+    SCOPED_TRACE(path);
+    EXPECT_EQ(Open(path), reg::kBadPathname);
+    RegistryKey key = 0;
+    EXPECT_EQ(registry_->CreateKey(Hive::kCurrentUser, path, "0", 0, 0, &key, nullptr),
+              reg::kBadPathname);
+  }
+}
+
+TEST_P(RegistryContract, SizesReadBackAsTheDesktopPlatformReportsThem) {
+  const RegistryKey key = Create("K");
+  struct Case {
+    const char* label;
+    std::uint32_t type;
+    std::string written;   // passed with its own size
+    bool textRule;         // written as the store writes texts
+    std::string readBack;  // bytes with the size reported
+  };
+  const Case cases[] = {
+      {"text, terminator left out", reg::kText, "abc", true, std::string("abc\0", 4)},
+      {"text, terminator counted", reg::kText, std::string("abc\0", 4), false,
+       std::string("abc\0", 4)},
+      {"empty text, size 0", reg::kText, "", true, ""},
+      {"expandable text", reg::kExpandText, "%HOME%", true, std::string("%HOME%\0", 7)},
+      {"multi text", reg::kMultiText, std::string("a\0b\0\0", 5), false,
+       std::string("a\0b\0\0", 5)},
+      {"binary keeps zero bytes", reg::kBinary, std::string("\0\1\0", 3), false,
+       std::string("\0\1\0", 3)},
+      {"empty binary", reg::kBinary, "", false, ""},
+      {"dword", reg::kDword, std::string("\xff\xff\xff\xff", 4), false,
+       std::string("\xff\xff\xff\xff", 4)},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.label);
+    const long written = c.textRule ? SetText(*registry_, key, c.label, c.written, c.type)
+                                    : SetBytes(*registry_, key, c.label, c.type, c.written);
+    ASSERT_EQ(written, reg::kSuccess);
+    const auto read = Query(*registry_, key, c.label);
+    EXPECT_EQ(read.answer, reg::kSuccess);
+    EXPECT_EQ(read.type, c.type);
+    EXPECT_EQ(read.bytes, c.readBack);
+  }
+  registry_->CloseKey(key);
+}
+
+TEST_P(RegistryContract, ShortBufferAnswersWithTheSizeNeeded) {
+  const RegistryKey key = Create("K");
+  const std::string text(3000, 'x');
+  ASSERT_EQ(SetText(*registry_, key, "Long", text), reg::kSuccess);
+  std::uint8_t buffer[1024];
+  std::uint32_t type = reg::kNone;
+  std::uint32_t size = sizeof buffer;
+  EXPECT_EQ(registry_->QueryValue(key, "LONG", &type, buffer, &size), reg::kMoreData);
+  EXPECT_EQ(size, 3001u);
+  EXPECT_EQ(type, reg::kText);
+  EXPECT_EQ(Query(*registry_, key, "long").bytes, text + '\0');
+
+  // A missing value leaves type and size as they were.
+  type = 99;
+  size = 7;
+  EXPECT_EQ(registry_->QueryValue(key, "Missing", &type, buffer, &size), reg::kNotFound);
+  EXPECT_EQ(type, 99u);
+  EXPECT_EQ(size, 7u);
+  registry_->CloseKey(key);
+}
+
+TEST_P(RegistryContract, ValueNamesIgnoreCaseAndRewritesReplaceTypeAndBytes) {
+  const RegistryKey key = Create("K");
+  ASSERT_EQ(SetText(*registry_, key, "Mode", "1"), reg::kSuccess);
+  ASSERT_EQ(SetBytes(*registry_, key, "MODE", reg::kDword, std::string("\2\0\0\0", 4)),
+            reg::kSuccess);
+  ASSERT_EQ(SetBytes(*registry_, key, "mode", reg::kDword, std::string("\2\0\0\0", 4)),
+            reg::kSuccess);
+  const auto read = Query(*registry_, key, "mOdE");
+  EXPECT_EQ(read.type, reg::kDword);
+  EXPECT_EQ(read.bytes, std::string("\2\0\0\0", 4));
+  ASSERT_EQ(SetText(*registry_, key, "", "default value"), reg::kSuccess);
+  EXPECT_EQ(Query(*registry_, key, "").bytes, std::string("default value\0", 14));
+  registry_->CloseKey(key);
+}
+
+TEST_P(RegistryContract, HandlesCarryTheirAccess) {
+  registry_->CloseKey(Create("K"));
+  RegistryKey reader = 0;
+  ASSERT_EQ(registry_->OpenKey(Hive::kCurrentUser, "K", reg::kRead, &reader), reg::kSuccess);
+  EXPECT_EQ(SetText(*registry_, reader, "x", "1"), reg::kAccessDenied);
+  RegistryKey bare = 0;
+  ASSERT_EQ(registry_->CreateKey(Hive::kCurrentUser, "K", "0", 0, 0, &bare, nullptr),
+            reg::kSuccess);
+  EXPECT_EQ(SetText(*registry_, bare, "x", "1"), reg::kAccessDenied);
+  EXPECT_EQ(Query(*registry_, bare, "x").answer, reg::kAccessDenied);
+  EXPECT_EQ(registry_->CloseKey(bare), reg::kSuccess);
+  EXPECT_EQ(registry_->CloseKey(bare), reg::kInvalidHandle);
+  EXPECT_EQ(Query(*registry_, bare, "x").answer, reg::kInvalidHandle);
+  registry_->CloseKey(reader);
+}
+
+TEST_P(RegistryContract, HivesAreSeparate) {
+  const RegistryKey user = Create("Software\\K");
+  const RegistryKey machine = Create("Software\\K", Hive::kLocalMachine);
+  ASSERT_EQ(SetText(*registry_, user, "v", "user"), reg::kSuccess);
+  EXPECT_EQ(Query(*registry_, machine, "v").answer, reg::kNotFound);
+  registry_->CloseKey(user);
+  registry_->CloseKey(machine);
+}
+
+std::unique_ptr<Registry> MakeMemory(const std::string&) {
+  return std::make_unique<MemoryRegistry>();
+}
+std::unique_ptr<Registry> MakeSqlite(const std::string& folder) {
+  return std::make_unique<SqliteRegistry>(RegistryLocationIn(folder));
+}
+
+INSTANTIATE_TEST_SUITE_P(Backends, RegistryContract,
+                         ::testing::Values(Backend{"Memory", MakeMemory},
+                                           Backend{"Sqlite", MakeSqlite}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+}  // namespace
+}  // namespace tessaly
