@@ -1,9 +1,7 @@
 #include "conversion/split_token.h"
 
-#include <charconv>
-#include <cmath>
-
 #include "text/text_ops.h"
+#include "text/whole_number.h"
 
 namespace tessaly {
 
@@ -19,20 +17,6 @@ std::optional<std::string_view> PieceAt(std::string_view text, std::string_view 
 
 }  // namespace
 
-std::optional<std::int16_t> ParseInteger16(std::string_view field) {
-  field = text::TrimBlanks(field);
-  if (!field.empty() && field.front() == '+') field.remove_prefix(1);
-  if (field.empty() || field.front() == ' ') return std::nullopt;
-  double value = 0;
-  const auto [end, error] = std::from_chars(field.data(), field.data() + field.size(), value,
-                                            std::chars_format::fixed);
-  if (error != std::errc() || end != field.data() + field.size()) return std::nullopt;
-  if (!std::isfinite(value)) return std::nullopt;
-  const double rounded = std::nearbyint(value);  // the default mode rounds half to even
-  if (rounded < -32768.0 || rounded > 32767.0) return std::nullopt;
-  return static_cast<std::int16_t>(rounded);
-}
-
 std::optional<std::string> ResolveSplitToken(std::string_view token, std::string_view path) {
   const auto arguments = PieceAt(token, "plit(", 1);
   if (!arguments) return std::nullopt;
@@ -42,7 +26,7 @@ std::optional<std::string> ResolveSplitToken(std::string_view token, std::string
   if (!afterComma) return std::nullopt;
   const auto field = PieceAt(*afterComma, ")", 0);
   if (!field) return std::nullopt;
-  const auto n = ParseInteger16(*field);
+  const auto n = text::ParseInteger16(*field);
   if (!n || *n < 1) return std::nullopt;
   const auto piece = PieceAt(path, *separator, static_cast<std::size_t>(*n - 1));
   if (!piece) return std::nullopt;

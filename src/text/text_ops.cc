@@ -116,6 +116,19 @@ std::string ReplaceAllIgnoreCase(std::string_view text, std::string_view find,
   return out;
 }
 
+int CompareIgnoreCase(std::string_view a, std::string_view b) {
+  std::size_t i = 0, j = 0;
+  while (i < a.size() && j < b.size()) {
+    const DecodedChar x = FoldedAt(a, i);
+    const DecodedChar y = FoldedAt(b, j);
+    if (x.code != y.code) return x.code < y.code ? -1 : 1;
+    i += x.length;
+    j += y.length;
+  }
+  if (i < a.size()) return 1;
+  return j < b.size() ? -1 : 0;
+}
+
 std::vector<std::string_view> Split(std::string_view text, std::string_view separator) {
   std::vector<std::string_view> pieces;
   if (text.empty()) return pieces;

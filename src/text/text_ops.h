@@ -34,6 +34,10 @@ std::string Join(const std::vector<std::string>& pieces, std::string_view separa
 // `text` without blanks (character 32) at either end; other white space stays.
 std::string_view TrimBlanks(std::string_view text);
 
+// Orders two texts character by character ignoring letter case: below 0,
+// 0 or above 0 as `a` comes before, with or after `b`.
+int CompareIgnoreCase(std::string_view a, std::string_view b);
+
 // Whether `text` starts with `prefix`, exact case.
 inline bool StartsWith(std::string_view text, std::string_view prefix) {
   return text.substr(0, prefix.size()) == prefix;

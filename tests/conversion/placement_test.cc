@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "conversion/sample_paths.h"
-#include "conversion/split_token.h"
 #include "platform/memory/fixed_clock.h"
 
 namespace tessaly {
@@ -99,18 +98,6 @@ TEST(SerialLetters, RunOfZThenALastLetter) {
       {0, "-a"}, {-3, "-a"},
   };
   for (const auto& [n, expected] : cases) EXPECT_EQ(SerialLetters(n), expected) << n;
-}
-
-TEST(ParseInteger16, AcceptsWhatTheRuntimeConverts) {
-  EXPECT_EQ(ParseInteger16("12"), 12);
-  EXPECT_EQ(ParseInteger16(" -3 "), -3);
-  EXPECT_EQ(ParseInteger16("+4"), 4);
-  EXPECT_EQ(ParseInteger16("3.5"), 4);
-  EXPECT_EQ(ParseInteger16("32767"), 32767);
-  EXPECT_FALSE(ParseInteger16("32768"));
-  EXPECT_FALSE(ParseInteger16(""));
-  EXPECT_FALSE(ParseInteger16("1x"));
-  EXPECT_FALSE(ParseInteger16("nan"));
 }
 
 }  // namespace

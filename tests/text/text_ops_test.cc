@@ -1,4 +1,5 @@
 #include "text/text_ops.h"
+#include "text/whole_number.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -70,6 +71,18 @@ TEST(TrimBlanks, TrimsOnlyTheBlankCharacter) {
   EXPECT_EQ(TrimBlanks("\ta \t"), "\ta \t");
   EXPECT_EQ(TrimBlanks("    "), "");
   EXPECT_EQ(TrimBlanks(""), "");
+}
+
+TEST(ParseInteger16, AcceptsWhatTheRuntimeConverts) {
+  EXPECT_EQ(ParseInteger16("12"), 12);
+  EXPECT_EQ(ParseInteger16(" -3 "), -3);
+  EXPECT_EQ(ParseInteger16("+4"), 4);
+  EXPECT_EQ(ParseInteger16("3.5"), 4);
+  EXPECT_EQ(ParseInteger16("32767"), 32767);
+  EXPECT_FALSE(ParseInteger16("32768"));
+  EXPECT_FALSE(ParseInteger16(""));
+  EXPECT_FALSE(ParseInteger16("1x"));
+  EXPECT_FALSE(ParseInteger16("nan"));
 }
 
 }  // namespace

@@ -1,0 +1,84 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "controls/buttons.h"
+#include "controls/combo_box.h"
+#include "controls/list_box.h"
+
+namespace tessaly {
+namespace {
+
+std::vector<std::string> Texts(const ListBox& list) {
+  std::vector<std::string> texts;
+  for (std::size_t i = 0; i < list.ListCount(); ++i) texts.push_back(list.List(i));
+  return texts;
+}
+
+TEST(ListBox, SortedListInsertsIgnoringCaseAndKeepsTheCurrentRow) {
+  ListBox list(/*sorted=*/true);
+  list.AddItem("b.txt");
+  list.SetListIndex(0);
+  EXPECT_EQ(list.AddItem("A.txt"), 0u);
+  list.AddItem("c.txt");
+  list.AddItem("ä.txt");
+  EXPECT_THAT(Texts(list), ::testing::ElementsAre("A.txt", "b.txt", "c.txt", "ä.txt"));
+  EXPECT_EQ(list.ListIndex(), 1);  // still b.txt
+  list.RemoveItem(0);
+  EXPECT_EQ(list.ListIndex(), 0);
+  list.RemoveItem(0);
+  EXPECT_EQ(list.ListIndex(), -1);  // the current row itself went
+  list.AddItemAt("z", 0);           // no placing by hand in a sorted list
+  EXPECT_EQ(list.ListCount(), 2u);
+}
+
+TEST(ListBox, CheckBoxClickTogglesAndMakesTheRowCurrent) {
+  ListBox list;
+  int clicks = 0;
+  list.onClick = [&] { ++clicks; };
+  list.AddItem("x");
+  list.AddItemAt("y", 0);
+  list.ClickCheckBox(1);
+  EXPECT_TRUE(list.Checked(1));
+  EXPECT_EQ(list.List(1), "x");
+  EXPECT_EQ(list.ListIndex(), 1);
+  EXPECT_EQ(clicks, 1);
+  list.SetListIndex(7);  // out of range: ignored
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST(Controls, RulesRunOnlyWhenTheStateChanges) {
+  CheckBox box;
+  ComboBox combo;
+  std::vector<std::string> events;
+  box.onClick = [&] { events.push_back("box " + std::to_string(box.value())); };
+  combo.onChange = [&] { events.push_back("change " + combo.text()); };
+  combo.onClick = [&] { events.push_back("click"); };
+  int redraws = 0;
+  box.changed.Connect([&] { ++redraws; });
+
+  box.SetValue(1);
+  box.SetValue(1);
+  box.SetValue(2);
+  combo.AddItem("extension");
+  combo.Pick(0);
+  combo.SetText("extension");
+  combo.Pick(3);
+  EXPECT_THAT(events, ::testing::ElementsAre("box 1", "box 2", "change extension", "click"));
+  EXPECT_EQ(redraws, 2);
+}
+
+TEST(Controls, DisabledOrHiddenButtonsIgnoreClicks) {
+  CommandButton button;
+  int clicks = 0;
+  button.onClick = [&] { ++clicks; };
+  button.Click();
+  button.SetEnabled(false);
+  button.Click();
+  button.SetEnabled(true);
+  button.SetVisible(false);
+  button.Click();
+  EXPECT_EQ(clicks, 1);
+}
+
+}  // namespace
+}  // namespace tessaly
