@@ -66,8 +66,8 @@ void ConvertAll(benchmark::State& state, ListSource* source, ConversionOptions o
 void BM_PassWithListsInMemory(benchmark::State& state) {
   StoredWorld world("tessaly-bench-lists-memory");
   ConversionOptions options = BothListsActive();
-  options.ReplaceList = world.lists.LoadReplaceList();  // the same rows, read once
-  options.FormattingList = world.lists.LoadFormattingList();
+  world.lists.LoadReplaceList(options.ReplaceList);  // the same rows, read once
+  world.lists.LoadFormattingList(options.FormattingList);
   ConvertAll(state, nullptr, options);
 }
 

@@ -9,11 +9,12 @@ namespace tessaly {
 
 // Where the conversion reads its two stored lists, anew for each name that
 // needs one, so that a row saved by a dialog counts from the next name on.
+// Each call replaces the contents of `rows` (reusing its storage).
 class ListSource {
  public:
   virtual ~ListSource() = default;
-  virtual std::vector<ReplaceEntry> LoadReplaceList() = 0;
-  virtual std::vector<FormattingEntry> LoadFormattingList() = 0;
+  virtual void LoadReplaceList(std::vector<ReplaceEntry>& rows) = 0;
+  virtual void LoadFormattingList(std::vector<FormattingEntry>& rows) = 0;
 };
 
 }  // namespace tessaly

@@ -84,7 +84,7 @@ void NameConverter::ApplyReplace(ConversionOptions& options, std::string& work) 
     text::ReplaceAllIn(work, find, with);
     return;
   }
-  if (services_.lists) options.ReplaceList = services_.lists->LoadReplaceList();
+  if (services_.lists) services_.lists->LoadReplaceList(options.ReplaceList);
   for (const ReplaceEntry& entry : options.ReplaceList) {
     if (entry.checked) ApplyListEntry(work, entry.find, entry.replacement);
   }
@@ -93,7 +93,7 @@ void NameConverter::ApplyReplace(ConversionOptions& options, std::string& work) 
 void NameConverter::ApplyUnwantedFormatting(ConversionOptions& options,
                                             std::string& work) const {
   if (!Ticked(options.chkFormatting)) return;
-  if (services_.lists) options.FormattingList = services_.lists->LoadFormattingList();
+  if (services_.lists) services_.lists->LoadFormattingList(options.FormattingList);
   for (const FormattingEntry& entry : options.FormattingList) {
     if (entry.checked) ApplyListEntry(work, entry.text, "");
   }

@@ -13,6 +13,7 @@ std::string FoldName(std::string_view name) {
 
 std::optional<std::vector<KeyName>> SplitKeyPath(std::string_view path) {
   std::vector<KeyName> names;
+  names.reserve(static_cast<std::size_t>(std::count(path.begin(), path.end(), '\\')) + 1);
   if (!path.empty() && path.back() == '\\') path.remove_suffix(1);
   if (path.empty()) return names;
   std::size_t start = 0;

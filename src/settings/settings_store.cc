@@ -1,6 +1,8 @@
 #include "settings/settings_store.h"
 
+#include <array>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "platform/program_info.h"
@@ -25,12 +27,12 @@ class KeyCloser {
   RegistryKey key_;
 };
 
-SettingValue TextOf(const std::vector<std::uint8_t>& buffer, std::uint32_t length) {
+SettingValue TextOf(std::span<const std::uint8_t> buffer, std::uint32_t length) {
   return SettingValue::FromText(std::string(buffer.begin(), buffer.begin() + length));
 }
 
 // The value that a successful query of `type` and `size` left in `buffer`.
-SettingValue Decode(std::uint32_t type, const std::vector<std::uint8_t>& buffer, std::uint32_t size,
+SettingValue Decode(std::uint32_t type, std::span<const std::uint8_t> buffer, std::uint32_t size,
                     const SettingValue& result) {
   switch (type) {
     case reg::kText:
@@ -94,13 +96,16 @@ SettingValue SettingsStore::ReadRegistryValue(Hive hive, std::string_view keyPat
   // A missing key is no error.
   if (registry_.OpenKey(hive, keyPath, reg::kRead, &key) != reg::kSuccess) return defaultValue;
   const KeyCloser closer(registry_, key);
-  std::vector<std::uint8_t> buffer(kFirstReadSize);
+  std::array<std::uint8_t, kFirstReadSize> firstBuffer;
+  std::vector<std::uint8_t> secondBuffer;
+  std::span<std::uint8_t> buffer(firstBuffer);
   std::uint32_t type = reg::kNone;
   std::uint32_t size = kFirstReadSize;
   long answer = registry_.QueryValue(key, name, &type, buffer.data(), &size);
   if (answer == reg::kMoreData) {
     // One more try at exactly the size reported; there is no third.
-    buffer.assign(size, 0);
+    secondBuffer.assign(size, 0);
+    buffer = secondBuffer;
     answer = registry_.QueryValue(key, name, &type, buffer.data(), &size);
   }
   // A failed query reports no type, so it ends with the default.

@@ -12,13 +12,13 @@ namespace {
 // Lists as a store would hand them out, counting the loads.
 class CountingListSource : public ListSource {
  public:
-  std::vector<ReplaceEntry> LoadReplaceList() override {
+  void LoadReplaceList(std::vector<ReplaceEntry>& rows) override {
     ++replaceLoads;
-    return replace;
+    rows = replace;
   }
-  std::vector<FormattingEntry> LoadFormattingList() override {
+  void LoadFormattingList(std::vector<FormattingEntry>& rows) override {
     ++formattingLoads;
-    return formatting;
+    rows = formatting;
   }
   std::vector<ReplaceEntry> replace;
   std::vector<FormattingEntry> formatting;

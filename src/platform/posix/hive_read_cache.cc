@@ -26,13 +26,15 @@ void HiveReadCache::RememberKey(const std::string& foldedKey, long answer) {
 
 const HiveReadCache::Value* HiveReadCache::FindValue(const std::string& foldedKey,
                                                      const std::string& foldedName) const {
-  const auto found = values_.find({foldedKey, foldedName});
-  return found == values_.end() ? nullptr : &found->second;
+  const auto key = values_.find(foldedKey);
+  if (key == values_.end()) return nullptr;
+  const auto found = key->second.find(foldedName);
+  return found == key->second.end() ? nullptr : &found->second;
 }
 
 void HiveReadCache::RememberValue(const std::string& foldedKey, const std::string& foldedName,
                                   Value value) {
-  if (version_.has_value()) values_[{foldedKey, foldedName}] = std::move(value);
+  if (version_.has_value()) values_[foldedKey][foldedName] = std::move(value);
 }
 
 }  // namespace tessaly

@@ -26,6 +26,8 @@ class HiveReadCache {
   // them otherwise. Nothing (version unknown) drops them and keeps none.
   void Validate(std::optional<std::uint64_t> version);
   void Clear();
+  // Whether the entries belong to a known version.
+  bool HasVersion() const { return version_.has_value(); }
 
   // The remembered answer for a key (kSuccess or kNotFound), if any.
   std::optional<long> FindKey(const std::string& foldedKey) const;
@@ -37,7 +39,8 @@ class HiveReadCache {
  private:
   std::optional<std::uint64_t> version_;
   std::map<std::string, long, std::less<>> keys_;
-  std::map<std::pair<std::string, std::string>, Value> values_;
+  // Values by folded key, then folded name; looked up without copying.
+  std::map<std::string, std::map<std::string, Value, std::less<>>, std::less<>> values_;
 };
 
 }  // namespace tessaly

@@ -32,20 +32,20 @@ long SqliteHive::CheckWritable() {
 }
 
 long SqliteHive::ReadValue(const std::string& foldedKey, const std::string& foldedName,
-                           std::uint32_t* type, std::vector<std::uint8_t>* bytes) {
+                           std::uint32_t* type, std::span<const std::uint8_t>* bytes) {
   if (const long code = Connect(Need::kRead); code != reg::kSuccess) return code;
   RefreshCache();
-  HiveReadCache::Value value{reg::kNotFound, reg::kNone, {}};
-  if (const auto* known = cache_.FindValue(foldedKey, foldedName)) {
-    value = *known;
-  } else {
-    const long code = ReadValueFromDatabase(foldedKey, foldedName, &value);
+  const HiveReadCache::Value* value = cache_.FindValue(foldedKey, foldedName);
+  if (value == nullptr) {
+    lastRead_ = {reg::kNotFound, reg::kNone, {}};
+    const long code = ReadValueFromDatabase(foldedKey, foldedName, &lastRead_);
     if (code != reg::kSuccess) return code;
-    cache_.RememberValue(foldedKey, foldedName, value);
+    cache_.RememberValue(foldedKey, foldedName, lastRead_);
+    value = &lastRead_;
   }
-  if (value.answer != reg::kSuccess) return value.answer;
-  *type = value.type;
-  *bytes = std::move(value.bytes);
+  if (value->answer != reg::kSuccess) return value->answer;
+  *type = value->type;
+  *bytes = value->bytes;
   return reg::kSuccess;
 }
 
@@ -72,7 +72,7 @@ long SqliteHive::WriteValue(const std::string& foldedKey, std::string_view name,
   if (const long code = CheckWritable(); code != reg::kSuccess) return code;
   const std::string foldedName = registry_rules::FoldName(name);
   std::uint32_t oldType = reg::kNone;
-  std::vector<std::uint8_t> oldBytes;
+  std::span<const std::uint8_t> oldBytes;
   const long read = ReadValue(foldedKey, foldedName, &oldType, &oldBytes);
   // Rewriting what is there would change nothing anyone can see.
   if (read == reg::kSuccess && oldType == type && std::ranges::equal(oldBytes, bytes)) {

@@ -3,6 +3,7 @@
 
 #include <sqlite3.h>
 
+#include <chrono>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -31,9 +32,10 @@ class SqliteHive {
   long FindKey(const std::string& foldedKey);
   // kSuccess if this process may write the hive, else kAccessDenied or a failure.
   long CheckWritable();
-  // The stored type and bytes of a value, or kNotFound, or a failure.
+  // The stored type and bytes of a value, or kNotFound, or a failure. The
+  // bytes stay valid until the hive's next call.
   long ReadValue(const std::string& foldedKey, const std::string& foldedName, std::uint32_t* type,
-                 std::vector<std::uint8_t>* bytes);
+                 std::span<const std::uint8_t>* bytes);
   // Stores a value of an existing key; writes nothing when it holds that already.
   long WriteValue(const std::string& foldedKey, std::string_view name, std::uint32_t type,
                   std::span<const std::uint8_t> bytes);
@@ -63,6 +65,9 @@ class SqliteHive {
   sqlite3* db_ = nullptr;
   bool hasSchema_ = false;
   HiveReadCache cache_;
+  HiveReadCache::Value lastRead_;  // what ReadValue hands out when not cached
+  std::chrono::steady_clock::time_point lastValidated_;
+  static constexpr std::chrono::milliseconds kFreshnessWindow{1};
   Statement findKey_;
   Statement readValue_;
   Statement writeValue_;

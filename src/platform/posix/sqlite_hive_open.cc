@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 
 #include "platform/posix/sqlite_hive.h"
 
@@ -69,7 +70,16 @@ long SqliteHive::Connect(Need need) {
   return code;
 }
 
-void SqliteHive::RefreshCache() { cache_.Validate(DatabaseVersion()); }
+void SqliteHive::RefreshCache() {
+  // Reading the version costs a system call. Within a short window another
+  // process's commit is indistinguishable from one made just after it, so
+  // the version is read again only once the window has passed; this
+  // process's own writes clear the cache and are seen at once.
+  const auto now = std::chrono::steady_clock::now();
+  if (cache_.HasVersion() && now - lastValidated_ < kFreshnessWindow) return;
+  cache_.Validate(DatabaseVersion());
+  lastValidated_ = now;
+}
 
 std::optional<std::uint64_t> SqliteHive::DatabaseVersion() {
   // Bytes 18 and 19 of the header are 1 in rollback-journal mode, where

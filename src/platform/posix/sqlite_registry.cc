@@ -26,7 +26,7 @@ long SqliteRegistry::QueryValue(RegistryKey key, std::string_view name, std::uin
   if (open == nullptr) return reg::kInvalidHandle;
   if (!rules::MayQuery(open->access)) return reg::kAccessDenied;
   std::uint32_t storedType = reg::kNone;
-  std::vector<std::uint8_t> stored;
+  std::span<const std::uint8_t> stored;
   const long code =
       HiveFor(open->hive).ReadValue(open->folded, rules::FoldName(name), &storedType, &stored);
   if (code != reg::kSuccess) return code;
