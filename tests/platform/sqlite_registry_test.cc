@@ -8,9 +8,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <thread>
 
 #include "registry_test_support.h"
 
@@ -122,6 +124,7 @@ TEST_F(SqliteRegistryTest, EnvironmentFolderHoldsBothHives) {
 }
 
 TEST_F(SqliteRegistryTest, OpenRegistriesSeeEachOthersWrites) {
+  location_.user.freshness = std::chrono::microseconds(0);  // ask at every read
   SqliteRegistry first(location_);
   SqliteRegistry second(location_);
   ASSERT_EQ(Write(first, "K", "v", "one"), reg::kSuccess);
@@ -136,6 +139,18 @@ TEST_F(SqliteRegistryTest, OpenRegistriesSeeEachOthersWrites) {
   EXPECT_EQ(Read(first, "K", "v"), "two");
   EXPECT_EQ(Read(first, "K", "w"), "made");
   EXPECT_EQ(Read(first, "New", "v"), "new");
+}
+
+TEST_F(SqliteRegistryTest, AnotherRegistrysWriteIsSeenOnceTheFreshnessWindowHasPassed) {
+  location_.user.freshness = std::chrono::milliseconds(200);
+  SqliteRegistry first(location_);
+  SqliteRegistry second(location_);
+  ASSERT_EQ(Write(first, "K", "v", "one"), reg::kSuccess);
+  EXPECT_EQ(Read(first, "K", "v"), "one");
+  ASSERT_EQ(Write(second, "K", "v", "two"), reg::kSuccess);
+  EXPECT_EQ(Read(second, "K", "v"), "two");  // its own write, at once
+  std::this_thread::sleep_for(std::chrono::milliseconds(250));
+  EXPECT_EQ(Read(first, "K", "v"), "two");
 }
 
 TEST_F(SqliteRegistryTest, RewritingTheSameValueLeavesTheFileAlone) {

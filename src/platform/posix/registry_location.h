@@ -3,6 +3,7 @@
 
 #include <sys/types.h>
 
+#include <chrono>
 #include <string>
 
 namespace tessaly {
@@ -15,6 +16,9 @@ struct HiveFile {
   mode_t fileMode = 0600;
   // How long a call waits for another process's write to end.
   int busyTimeoutMs = 10000;
+  // How long a read may trust the cache without asking whether another
+  // process has written since; this process's own writes are seen at once.
+  std::chrono::microseconds freshness{1000};
 };
 
 struct RegistryLocation {

@@ -67,7 +67,6 @@ class SqliteHive {
   HiveReadCache cache_;
   HiveReadCache::Value lastRead_;  // what ReadValue hands out when not cached
   std::chrono::steady_clock::time_point lastValidated_;
-  static constexpr std::chrono::milliseconds kFreshnessWindow{1};
   Statement findKey_;
   Statement readValue_;
   Statement writeValue_;

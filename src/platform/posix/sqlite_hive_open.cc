@@ -76,7 +76,7 @@ void SqliteHive::RefreshCache() {
   // the version is read again only once the window has passed; this
   // process's own writes clear the cache and are seen at once.
   const auto now = std::chrono::steady_clock::now();
-  if (cache_.HasVersion() && now - lastValidated_ < kFreshnessWindow) return;
+  if (cache_.HasVersion() && now - lastValidated_ < file_.freshness) return;
   cache_.Validate(DatabaseVersion());
   lastValidated_ = now;
 }
