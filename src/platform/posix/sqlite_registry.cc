@@ -8,16 +8,26 @@ namespace rules = registry_rules;
 
 long SqliteRegistry::OpenKey(Hive hive, std::string_view path, std::uint32_t access,
                              RegistryKey* key) {
-  const auto names = rules::SplitKeyPath(path);
-  if (!names) return reg::kBadPathname;
-  std::string folded = rules::FoldedPath(*names, names->size());
+  const std::string* folded = FoldedKeyPath(path);
+  if (folded == nullptr) return reg::kBadPathname;
   SqliteHive& stored = HiveFor(hive);
-  if (const long code = stored.FindKey(folded); code != reg::kSuccess) return code;
+  if (const long code = stored.FindKey(*folded); code != reg::kSuccess) return code;
   if (rules::WantsWrite(access)) {
     if (const long code = stored.CheckWritable(); code != reg::kSuccess) return code;
   }
-  *key = handles_.Add({hive, std::move(folded), access});
+  *key = handles_.Add({hive, *folded, access});
   return reg::kSuccess;
+}
+
+const std::string* SqliteRegistry::FoldedKeyPath(std::string_view path) {
+  // The program opens the same few keys over and over; folding is pure, so
+  // the last answer is kept.
+  if (lastFolded_ && path == lastPath_) return &*lastFolded_;
+  const auto names = rules::SplitKeyPath(path);
+  if (!names) return nullptr;
+  lastPath_.assign(path);
+  lastFolded_ = rules::FoldedPath(*names, names->size());
+  return &*lastFolded_;
 }
 
 long SqliteRegistry::QueryValue(RegistryKey key, std::string_view name, std::uint32_t* type,

@@ -1,6 +1,9 @@
 #ifndef TESSALY_PLATFORM_POSIX_SQLITE_REGISTRY_H_
 #define TESSALY_PLATFORM_POSIX_SQLITE_REGISTRY_H_
 
+#include <optional>
+#include <string>
+
 #include "platform/posix/registry_location.h"
 #include "platform/posix/sqlite_hive.h"
 #include "platform/registry.h"
@@ -28,10 +31,14 @@ class SqliteRegistry : public Registry {
 
  private:
   SqliteHive& HiveFor(Hive hive) { return hive == Hive::kCurrentUser ? user_ : machine_; }
+  // Null for a path with an empty key name.
+  const std::string* FoldedKeyPath(std::string_view path);
 
   SqliteHive user_;
   SqliteHive machine_;
   registry_rules::KeyHandleTable handles_;
+  std::string lastPath_;
+  std::optional<std::string> lastFolded_;
 };
 
 }  // namespace tessaly
