@@ -50,6 +50,12 @@ class Label : public Control {
  public:
   bool bold() const { return bold_; }
   void SetBold(bool bold) { Update(bold_, bold); }
+  // Free text a form keeps with the label.
+  const std::string& tag() const { return tag_; }
+  void SetTag(std::string tag) { tag_ = std::move(tag); }
+  // In the form's unit; only labels whose size carries meaning use it.
+  long width() const { return width_; }
+  void SetWidth(long width) { Update(width_, width); }
   void Click() const {
     if (enabled() && visible()) Raise(onClick);
   }
@@ -57,6 +63,8 @@ class Label : public Control {
 
  private:
   bool bold_ = false;
+  std::string tag_;
+  long width_ = 0;
 };
 
 }  // namespace tessaly

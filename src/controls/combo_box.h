@@ -1,6 +1,7 @@
 #ifndef TESSALY_CONTROLS_COMBO_BOX_H_
 #define TESSALY_CONTROLS_COMBO_BOX_H_
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -9,7 +10,7 @@
 namespace tessaly {
 
 // A drop-down list with free text and a tag. Setting the text runs the
-// change rule; picking an item sets the text and then runs the click rule.
+// change rule; picking an item sets the text and runs the click rule alone.
 class ComboBox : public Control {
  public:
   const std::string& text() const { return text_; }
@@ -18,13 +19,18 @@ class ComboBox : public Control {
   }
   void Pick(std::size_t index) {
     if (index >= items_.size()) return;
-    SetText(items_[index]);
+    Update(text_, items_[index]);
     Raise(onClick);
   }
 
   const std::vector<std::string>& items() const { return items_; }
   void AddItem(std::string item) {
     items_.push_back(std::move(item));
+    changed.Emit();
+  }
+  void InsertItem(std::size_t index, std::string item) {
+    items_.insert(items_.begin() + static_cast<std::ptrdiff_t>(std::min(index, items_.size())),
+                  std::move(item));
     changed.Emit();
   }
   void ClearItems() {

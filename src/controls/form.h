@@ -12,12 +12,20 @@ namespace tessaly {
 // form is loaded without being shown when only its data is wanted.
 class Form {
  public:
-  explicit Form(std::string caption) : caption_(std::move(caption)) {}
+  // `name` is the form's name in the code (`fTessaly`), for views and tests.
+  Form(std::string name, std::string caption)
+      : name_(std::move(name)), caption_(std::move(caption)) {}
   Form(const Form&) = delete;  // controls' rules point back at the form
   Form& operator=(const Form&) = delete;
   virtual ~Form() = default;
 
+  const std::string& name() const { return name_; }
   const std::string& caption() const { return caption_; }
+  void SetCaption(std::string caption) {
+    if (caption == caption_) return;
+    caption_ = std::move(caption);
+    changed.Emit();
+  }
   bool loaded() const { return loaded_; }
 
   void Load() {
@@ -31,6 +39,7 @@ class Form {
     unloaded.Emit();
   }
 
+  Signal changed;  // the caption
   Signal unloaded;
 
  protected:
@@ -38,6 +47,7 @@ class Form {
   virtual void Form_QueryUnload() = 0;
 
  private:
+  std::string name_;
   std::string caption_;
   bool loaded_ = false;
 };

@@ -14,7 +14,7 @@ constexpr std::string_view kValueName = "ReplaceList";
 }  // namespace
 
 fReplaceAdvanced::fReplaceAdvanced(SettingsStore& store, Ui& ui)
-    : Form("Advanced Replace"), store_(store), ui_(ui) {
+    : Form("fReplaceAdvanced", "Advanced Replace"), store_(store), ui_(ui) {
   cboBatch[0].SetCaption("Replace:");
   cboBatch[1].SetCaption("With");
   cmdAdd.SetCaption("Add");

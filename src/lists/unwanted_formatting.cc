@@ -13,7 +13,7 @@ constexpr std::string_view kValueName = "FormattingList";
 }  // namespace
 
 fUnwantedFormatting::fUnwantedFormatting(SettingsStore& store, Ui& ui)
-    : Form("Define 'Unwanted Formatting' Settings"), store_(store), ui_(ui) {
+    : Form("fUnwantedFormatting", "Define 'Unwanted Formatting' Settings"), store_(store), ui_(ui) {
   lblHeading.SetCaption("Define Unwanted Formatting Settings");
   lblDescription.SetCaption(
       "From here you can define how you want this application to treat 'Unwanted "

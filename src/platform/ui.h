@@ -7,6 +7,8 @@
 
 namespace tessaly {
 
+class Form;
+
 enum class MessageButtons { kOk, kYesNoCancel };
 enum class MessageAnswer { kOk, kYes, kNo, kCancel };
 
@@ -44,9 +46,13 @@ class Ui {
   virtual MessageAnswer MessageBox(std::string_view text, MessageButtons buttons,
                                    std::string_view title) = 0;
 
-  // Shows the dialog named `dialog` (a form of the core, such as
-  // "fReplaceAdvanced") modally and returns when it is closed.
-  virtual void ShowModal(std::string_view dialog) = 0;
+  // Shows a loaded form of the core (a dialog such as fReplaceAdvanced)
+  // modally and returns when it is closed; the caller unloads it.
+  virtual void ShowModal(Form& dialog) = 0;
+
+  // Shows a loaded form without waiting (the wizard, the progress window).
+  // The view goes when the form is unloaded.
+  virtual void Show(Form& form) = 0;
 
   // Lets the person pick a folder, opening on `startFolder` unless it is
   // empty. The chosen folder's model path, or the empty text if cancelled.

@@ -60,10 +60,11 @@ TEST(Controls, RulesRunOnlyWhenTheStateChanges) {
   box.SetValue(1);
   box.SetValue(2);
   combo.AddItem("extension");
-  combo.Pick(0);
+  combo.Pick(0);  // picking is a click, not a change
   combo.SetText("extension");
+  combo.SetText("Extension");
   combo.Pick(3);
-  EXPECT_THAT(events, ::testing::ElementsAre("box 1", "box 2", "change extension", "click"));
+  EXPECT_THAT(events, ::testing::ElementsAre("box 1", "box 2", "click", "change Extension"));
   EXPECT_EQ(redraws, 2);
 }
 

@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 
+#include "controls/form.h"
 #include "platform/memory/memory_file_system.h"
 #include "platform/memory/scripted_ui.h"
 #include "platform/posix/existing_short_paths.h"
@@ -97,12 +98,19 @@ TEST(ScriptedUiTest, OpenFileAnswersAreShapedLikeTheDesktopDialogs) {
 
 TEST(ScriptedUiTest, DialogsRecordWhatWasAskedAndAnswerFromTheScript) {
   ScriptedUi ui;
+  struct Dialog : Form {
+    explicit Dialog(std::string name) : Form(std::move(name), "") {}
+    void Form_Load() override {}
+    void Form_QueryUnload() override {}
+  } replace("fReplaceAdvanced"), formatting("fUnwantedFormatting");
   int edits = 0;
-  ui.OnModal("fReplaceAdvanced", [&] { ++edits; });
-  ui.ShowModal("fReplaceAdvanced");
-  ui.ShowModal("fUnwantedFormatting");
+  ui.OnModal("fReplaceAdvanced", [&](Form& shown) { edits += &shown == &replace; });
+  ui.ShowModal(replace);
+  ui.ShowModal(formatting);
+  ui.Show(formatting);
   EXPECT_EQ(edits, 1);
   EXPECT_THAT(ui.modalDialogs(), ElementsAre("fReplaceAdvanced", "fUnwantedFormatting"));
+  EXPECT_THAT(ui.shownForms(), ElementsAre("fUnwantedFormatting"));
 
   ui.QueueFolder("C:\\Photos");
   EXPECT_EQ(ui.BrowseForFolder("Select Directory to Add", ""), "C:\\Photos");

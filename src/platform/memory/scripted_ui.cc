@@ -2,6 +2,8 @@
 
 #include <optional>
 
+#include "controls/form.h"
+
 namespace tessaly {
 
 namespace {
@@ -36,11 +38,13 @@ MessageAnswer ScriptedUi::MessageBox(std::string_view text, MessageButtons butto
   return TakeFront(answers_, otherwise);
 }
 
-void ScriptedUi::ShowModal(std::string_view dialog) {
-  modalDialogs_.emplace_back(dialog);
-  const auto action = modalActions_.find(dialog);
-  if (action != modalActions_.end() && action->second) action->second();
+void ScriptedUi::ShowModal(Form& dialog) {
+  modalDialogs_.push_back(dialog.name());
+  const auto action = modalActions_.find(dialog.name());
+  if (action != modalActions_.end() && action->second) action->second(dialog);
 }
+
+void ScriptedUi::Show(Form& form) { shownForms_.push_back(form.name()); }
 
 std::string ScriptedUi::BrowseForFolder(std::string_view title, std::string_view startFolder) {
   folderQuestions_.push_back({std::string(title), std::string(startFolder)});

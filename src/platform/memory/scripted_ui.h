@@ -33,8 +33,9 @@ class ScriptedUi : public Ui {
   void QueueFolder(std::string folder) { folders_.push_back(std::move(folder)); }
   // Queues the next open-file answer; with none queued it is cancelled.
   void QueueOpenFileAnswer(OpenFileAnswer answer) { openFileAnswers_.push_back(std::move(answer)); }
-  // What the person does while `dialog` is open, each time it is shown.
-  void OnModal(std::string dialog, std::function<void()> action) {
+  // What the person does while the dialog named `dialog` is open, each
+  // time it is shown.
+  void OnModal(std::string dialog, std::function<void(Form&)> action) {
     modalActions_[std::move(dialog)] = std::move(action);
   }
   // What happens each time pending events run, say a click on a button.
@@ -42,13 +43,16 @@ class ScriptedUi : public Ui {
 
   MessageAnswer MessageBox(std::string_view text, MessageButtons buttons,
                            std::string_view title) override;
-  void ShowModal(std::string_view dialog) override;
+  void ShowModal(Form& dialog) override;
+  void Show(Form& form) override;
   std::string BrowseForFolder(std::string_view title, std::string_view startFolder) override;
   OpenFileAnswer ShowOpenFileDialog(const OpenFileRequest& request) override;
   void LetPendingEventsRun() override;
 
   const std::vector<Message>& messages() const { return messages_; }
   const std::vector<std::string>& modalDialogs() const { return modalDialogs_; }
+  // Names of the forms shown without waiting, in order.
+  const std::vector<std::string>& shownForms() const { return shownForms_; }
   const std::vector<FolderQuestion>& folderQuestions() const { return folderQuestions_; }
   const std::vector<OpenFileRequest>& openFileRequests() const { return openFileRequests_; }
   int pendingEventRuns() const { return pendingEventRuns_; }
@@ -64,10 +68,11 @@ class ScriptedUi : public Ui {
   std::deque<MessageAnswer> answers_;
   std::deque<std::string> folders_;
   std::deque<OpenFileAnswer> openFileAnswers_;
-  std::map<std::string, std::function<void()>, std::less<>> modalActions_;
+  std::map<std::string, std::function<void(Form&)>, std::less<>> modalActions_;
   std::function<void()> pendingAction_;
   std::vector<Message> messages_;
   std::vector<std::string> modalDialogs_;
+  std::vector<std::string> shownForms_;
   std::vector<FolderQuestion> folderQuestions_;
   std::vector<OpenFileRequest> openFileRequests_;
   int pendingEventRuns_ = 0;

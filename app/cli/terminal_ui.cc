@@ -1,0 +1,97 @@
+#include "terminal_ui.h"
+
+#include <cctype>
+#include <string>
+
+#include "lists/replace_advanced.h"
+#include "lists/unwanted_formatting.h"
+#include "wizard/progress_form.h"
+
+namespace tessaly::cli {
+
+namespace {
+
+std::string AnswerWord(std::string_view text) {
+  std::string out;
+  for (char c : text) {
+    if (c != ' ') out += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  }
+  return out;
+}
+
+const char* Mark(bool checked) { return checked ? "[x] " : "[ ] "; }
+
+}  // namespace
+
+MessageAnswer TerminalUi::MessageBox(std::string_view text, MessageButtons buttons,
+                                     std::string_view title) {
+  progress_.BreakLine();
+  if (buttons == MessageButtons::kOk) {
+    messages_ << title << ": " << text << '\n' << std::flush;
+    return MessageAnswer::kOk;
+  }
+  return AskYesNoCancel(text, title);
+}
+
+MessageAnswer TerminalUi::AskYesNoCancel(std::string_view text, std::string_view title) {
+  if (!person_.Reachable()) {
+    messages_ << title << ": " << text << '\n'
+              << title << ": no terminal to ask, answering No\n"
+              << std::flush;
+    return MessageAnswer::kNo;
+  }
+  const std::string prompt =
+      std::string(title) + ": " + std::string(text) + " [y]es, [n]o, [c]ancel? ";
+  while (true) {
+    const std::optional<std::string> answer = person_.Ask(prompt);
+    if (!answer) {
+      messages_ << '\n' << title << ": no answer, answering No\n" << std::flush;
+      return MessageAnswer::kNo;
+    }
+    const std::string word = AnswerWord(*answer);
+    if (word == "y" || word == "yes") return MessageAnswer::kYes;
+    if (word == "n" || word == "no") return MessageAnswer::kNo;
+    if (word == "c" || word == "cancel") return MessageAnswer::kCancel;
+  }
+}
+
+void TerminalUi::ShowModal(Form& dialog) {
+  progress_.BreakLine();
+  out_ << dialog.caption() << " (shown only; edit the list in the window):\n";
+  if (auto* formatting = dynamic_cast<fUnwantedFormatting*>(&dialog)) {
+    for (const FormattingEntry& row : formatting->Rows()) {
+      out_ << "  " << Mark(row.checked) << row.text << '\n';
+    }
+  } else if (auto* replace = dynamic_cast<fReplaceAdvanced*>(&dialog)) {
+    for (const ReplaceEntry& row : replace->Rows()) {
+      out_ << "  " << Mark(row.checked) << '"' << row.find << "\" > \"" << row.replacement
+           << "\"\n";
+    }
+  }
+  out_ << std::flush;
+}
+
+void TerminalUi::Show(Form& form) {
+  // Only the progress window has something to show on a console; the
+  // wizard's own state is reported when the program ends.
+  if (form.name() == "fProgress") FollowProgress(form);
+}
+
+void TerminalUi::FollowProgress(Form& form) {
+  auto* progress = dynamic_cast<fProgress*>(&form);
+  if (progress == nullptr) return;
+  progress_.Begin();
+  // The connections live in the window's own signals, so they go with it.
+  auto draw = [this, progress] { progress_.Draw(progress->caption(), progress->lCaption.caption()); };
+  progress->changed.Connect(draw);
+  progress->lCaption.changed.Connect(draw);
+  progress->unloaded.Connect([this] { progress_.End(); });
+}
+
+std::string TerminalUi::BrowseForFolder(std::string_view, std::string_view) { return {}; }
+
+OpenFileAnswer TerminalUi::ShowOpenFileDialog(const OpenFileRequest&) { return {}; }
+
+void TerminalUi::LetPendingEventsRun() {}
+
+}  // namespace tessaly::cli

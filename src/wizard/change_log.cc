@@ -1,0 +1,155 @@
+#include "wizard/change_log.h"
+
+#include <cstdio>
+
+#include "conversion/path_routines.h"
+#include "text/utf8.h"
+#include "wizard/wizard_texts.h"
+
+namespace tessaly {
+
+namespace {
+
+constexpr Rgb kBlue{0, 0, 255};
+constexpr Rgb kRed{255, 0, 0};
+constexpr Rgb kBlack{0, 0, 0};
+
+std::string TwoDigits(int value) {
+  char digits[12];
+  std::snprintf(digits, sizeof digits, "%02d", value);
+  return digits;
+}
+
+// The first `count` characters of `text`, or all of it.
+std::string_view FirstChars(std::string_view text, std::size_t count) {
+  std::size_t bytes = 0;
+  for (std::size_t i = 0; i < count && bytes < text.size(); ++i) {
+    bytes += text::DecodeAt(text, bytes).length;
+  }
+  return text.substr(0, bytes);
+}
+
+std::string SummaryLine(std::int32_t count, std::string_view words) {
+  return std::string(kLineEnd) + std::to_string(count) + std::string(words);
+}
+
+}  // namespace
+
+std::string_view OutcomeText(Outcome outcome) {
+  switch (outcome) {
+    case Outcome::kCompleted:
+      return "(Completed)";
+    case Outcome::kErrorRemovingOriginal:
+      return "(Completed - Error Removing Original File)";
+    case Outcome::kErrorRemovingTemp:
+      return "(Completed - Error Removing Temp File)";
+    case Outcome::kNoChange:
+      return "(No Change}";
+    case Outcome::kFailedExists:
+      return "(Failed! - File Already Exists)";
+    case Outcome::kFailedRenaming:
+      return "(Failed! - Error Renaming File)";
+  }
+  return "";
+}
+
+Rgb OutcomeColour(Outcome outcome) {
+  switch (outcome) {
+    case Outcome::kCompleted:
+      return kBlue;
+    case Outcome::kErrorRemovingOriginal:
+    case Outcome::kFailedExists:
+    case Outcome::kFailedRenaming:
+      return kRed;
+    case Outcome::kErrorRemovingTemp:
+    case Outcome::kNoChange:
+      return kBlack;
+  }
+  return kBlack;
+}
+
+void RunCounters::Count(Outcome outcome) {
+  switch (outcome) {
+    case Outcome::kCompleted:
+      ++RenamedCount;
+      break;
+    case Outcome::kErrorRemovingOriginal:
+    case Outcome::kErrorRemovingTemp:
+      ++ErrorCount;
+      break;
+    case Outcome::kNoChange:
+      ++UnchangedCount;
+      break;
+    case Outcome::kFailedExists:
+    case Outcome::kFailedRenaming:
+      ++FailedCount;
+      break;
+  }
+}
+
+std::string LogDate(const CivilDate& date, const Locale& locale) {
+  const std::string separator = locale.DateSeparator();
+  return TwoDigits(date.month) + separator + TwoDigits(date.day) + separator +
+         std::to_string(date.year);
+}
+
+std::string LogTime(const CivilDateTime& now, const Locale& locale) {
+  const std::string separator = locale.TimeSeparator();
+  return TwoDigits(now.hour) + separator + TwoDigits(now.minute) + separator +
+         TwoDigits(now.second);
+}
+
+void ChangeLog::WriteHead(std::size_t fileCount, long boxWidth) {
+  box_.SetRightMargin(boxWidth * 4);
+  const CivilDateTime now = clock_.Now();
+  std::string head = "Renaming Started at: " + LogDate(now.date, locale_) + " - " +
+                     LogTime(now, locale_) + std::string(kLineEnd);
+  head += kLineEnd;
+  head += std::to_string(fileCount) + " total files." + std::string(kLineEnd);
+  head += kLineEnd;
+  head += "Renamed Files - Log:" + std::string(kLineEnd);
+  box_.SetText(std::move(head));
+  box_.SetSelStart(box_.Length());
+}
+
+std::string ChangeLog::FolderPiece(std::string_view path) {
+  const std::string folder = FileNameOf(path, 1, ui_);
+  return std::string(FirstChars(folder, 6)) + "...\\" + FileNameOf(path, 2, ui_);
+}
+
+void ChangeLog::WriteFileLine(std::string_view oldPath, std::string_view newPath,
+                              Outcome outcome) {
+  const std::size_t start = box_.selStart();
+  const std::string line = LogTime(clock_.Now(), locale_) + " - " + FolderPiece(oldPath) +
+                           " > " + FolderPiece(newPath) + " " +
+                           std::string(OutcomeText(outcome)) + std::string(kLineEnd);
+  box_.SetSelText(line);
+  const std::size_t end = box_.selStart();
+  box_.SetSelStart(start);
+  box_.SetSelLength(end - start);
+  box_.SetSelColor(OutcomeColour(outcome));
+  box_.SetSelLength(0);
+  box_.SetSelStart(end);
+}
+
+void ChangeLog::WriteFoot(const RunCounters& counters) {
+  std::string foot(kLineEnd);
+  if (counters.RenamedCount > 0) {
+    foot += SummaryLine(counters.RenamedCount, " files where renamed successfully.");
+  }
+  if (counters.ErrorCount > 0) {
+    foot += SummaryLine(counters.ErrorCount, " files where renamed but with errors.");
+  }
+  if (counters.UnchangedCount > 0) {
+    foot += SummaryLine(counters.UnchangedCount, " files remain unchanged.");
+  }
+  if (counters.FailedCount > 0) {
+    foot += SummaryLine(counters.FailedCount, " files failed to be renamed.");
+  }
+  box_.SetSelText(foot);
+  const CivilDateTime now = clock_.Now();
+  box_.SetSelText(std::string(kLineEnd) + std::string(kLineEnd) + "Renaming Completed at: " +
+                  LogDate(now.date, locale_) + " - " + LogTime(now, locale_));
+}
+
+}  // namespace tessaly

@@ -1,0 +1,68 @@
+#ifndef TESSALY_WIZARD_CHANGE_LOG_H_
+#define TESSALY_WIZARD_CHANGE_LOG_H_
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "controls/rich_text_box.h"
+#include "platform/clock.h"
+#include "platform/locale.h"
+#include "platform/ui.h"
+
+namespace tessaly {
+
+// What became of one file in a rename run.
+enum class Outcome {
+  kCompleted,
+  kErrorRemovingOriginal,
+  kErrorRemovingTemp,
+  kNoChange,
+  kFailedExists,
+  kFailedRenaming,
+};
+
+// The log's word for an outcome, such as "(Completed)".
+std::string_view OutcomeText(Outcome outcome);
+// The colour of a file's line with that outcome.
+Rgb OutcomeColour(Outcome outcome);
+
+// The run's counters; each file adds 1 to exactly one of them.
+struct RunCounters {
+  std::int32_t RenamedCount = 0;
+  std::int32_t ErrorCount = 0;
+  std::int32_t UnchangedCount = 0;
+  std::int32_t FailedCount = 0;
+
+  void Count(Outcome outcome);
+};
+
+// "mm/dd/yyyy" and "hh:mm:ss" with the locale's separators.
+std::string LogDate(const CivilDate& date, const Locale& locale);
+std::string LogTime(const CivilDateTime& now, const Locale& locale);
+
+// Writes the change log of a run into a rich text box: head, one coloured
+// line per file, foot. The box is only ever written at its insertion point.
+class ChangeLog {
+ public:
+  ChangeLog(RichTextBox& box, const Clock& clock, const Locale& locale, Ui& ui)
+      : box_(box), clock_(clock), locale_(locale), ui_(ui) {}
+
+  // `boxWidth` is the box's width in the form's unit; lines may run on to
+  // four times that before they wrap.
+  void WriteHead(std::size_t fileCount, long boxWidth);
+  void WriteFileLine(std::string_view oldPath, std::string_view newPath, Outcome outcome);
+  void WriteFoot(const RunCounters& counters);
+
+ private:
+  std::string FolderPiece(std::string_view path);
+
+  RichTextBox& box_;
+  const Clock& clock_;
+  const Locale& locale_;
+  Ui& ui_;
+};
+
+}  // namespace tessaly
+
+#endif  // TESSALY_WIZARD_CHANGE_LOG_H_

@@ -1,0 +1,98 @@
+// Step 4: every file converted again, moved, and its outcome read off the
+// disk and written to the log.
+
+#include "conversion/path_routines.h"
+#include "text/text_ops.h"
+#include "wizard/change_log.h"
+#include "wizard/tessaly_form.h"
+#include "wizard/wizard_texts.h"
+
+namespace tessaly {
+
+namespace {
+
+// The width of the log box in twips, the base of its right margin.
+constexpr long kLogBoxWidth = 7935;
+
+}  // namespace
+
+bool fTessaly::FileExists(std::string_view path) const {
+  if (path.empty()) return false;
+  const auto attributes = services_.fileSystem.GetAttributes(path);
+  return attributes && (*attributes & attr::kDirectory) == 0;
+}
+
+void fTessaly::RenameFile(const std::string& source, const std::string& target) {
+  FileSystem& files = services_.fileSystem;
+  // A target that may be the source itself under another spelling is never
+  // offered for deletion: the rename sorts it out or fails harmlessly.
+  const bool maybeItself = text::CompareIgnoreCase(source, target) == 0;
+  if (FileExists(target) && !maybeItself) {
+    const std::string question = "The file '" + FileNameOf(target, 2, services_.ui) +
+                                 "' already exists. Would you like to overwrite this file?";
+    if (services_.ui.MessageBox(question, MessageButtons::kYesNoCancel, "Confirm Overwrite") !=
+        MessageAnswer::kYes) {
+      return;
+    }
+    if (!files.Delete(target)) return;
+  }
+  if (!files.Rename(source, target)) return;
+  if (FileExists(target) && FileExists(source)) files.Delete(source);
+}
+
+void fTessaly::RunRenames() {
+  ClearResults();
+  if (ended_ || lstFiles.ListCount() == 0) return;
+  const auto n = static_cast<std::int32_t>(lstFiles.ListCount());
+  stepRunning_ = true;
+  OpenProgress(kRunProgressCaption);
+  ChangeLog log(tLog, services_.clock, services_.locale, services_.ui);
+  log.WriteHead(static_cast<std::size_t>(n), kLogBoxWidth);
+  progress_->start(0, n);
+  serial_ = 0;
+  RunCounters counters;
+  for (std::int32_t i = 0; i < n && !ended_ && i < static_cast<std::int32_t>(lstFiles.ListCount()); ++i) {
+    const std::string oldPath = lstFiles.List(i);
+    lstFilesC.AddItem(Convert(oldPath));
+    const std::string newPath = lstFilesC.List(lstFilesC.ListCount() - 1);
+    const Outcome outcome = RenameOneFile(oldPath, newPath);
+    if (ended_) break;
+    counters.Count(outcome);
+    log.WriteFileLine(oldPath, newPath, outcome);
+    progress_->setvalue(i + 1);
+  }
+  stepRunning_ = false;
+  if (ended_) return;
+  log.WriteFoot(counters);
+  CloseProgress(n);
+}
+
+Outcome fTessaly::RenameOneFile(const std::string& oldPath, const std::string& newPath) {
+  if (newPath == oldPath) return Outcome::kNoChange;
+  if (!FileExists(newPath)) {
+    RenameFile(oldPath, newPath);
+    if (!FileExists(newPath)) return Outcome::kFailedRenaming;
+    return FileExists(oldPath) ? Outcome::kErrorRemovingOriginal : Outcome::kCompleted;
+  }
+  return TwoStageRename(oldPath, newPath);
+}
+
+Outcome fTessaly::TwoStageRename(const std::string& oldPath, const std::string& newPath) {
+  const std::string tempPath = newPath + ".temp";
+  if (FileExists("temp-" + newPath)) return Outcome::kFailedExists;
+  const bool tempWasTaken = FileExists(tempPath);
+  RenameFile(oldPath, tempPath);
+  services_.ui.LetPendingEventsRun();
+  if (ended_) return Outcome::kFailedExists;
+  if (!FileExists(tempPath)) return Outcome::kFailedExists;
+  // When another file held the temporary name and ours did not move, going
+  // on would put that other file in place of the new path.
+  if (tempWasTaken && FileExists(oldPath) && text::CompareIgnoreCase(oldPath, tempPath) != 0) {
+    return Outcome::kFailedExists;
+  }
+  RenameFile(tempPath, newPath);
+  if (!FileExists(newPath)) return Outcome::kFailedRenaming;
+  return FileExists(tempPath) ? Outcome::kErrorRemovingTemp : Outcome::kCompleted;
+}
+
+}  // namespace tessaly

@@ -1,0 +1,192 @@
+#ifndef TESSALY_WIZARD_TESSALY_FORM_H_
+#define TESSALY_WIZARD_TESSALY_FORM_H_
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "controls/buttons.h"
+#include "controls/combo_box.h"
+#include "controls/form.h"
+#include "controls/list_box.h"
+#include "controls/rich_text_box.h"
+#include "controls/text_box.h"
+#include "conversion/conversion_options.h"
+#include "files/drop_data.h"
+#include "lists/stored_lists.h"
+#include "wizard/change_log.h"
+#include "wizard/progress_form.h"
+#include "wizard/wizard_services.h"
+
+namespace tessaly {
+
+// The wizard: five steps, 0 to 4, on one form. Its controls are its state.
+// Every way between steps goes through ShowStep, and a step's work is done
+// when it is entered; leaving a step does nothing.
+class fTessaly : public Form {
+ public:
+  static constexpr int kStepCount = 5;
+
+  explicit fTessaly(const WizardServices& services);
+  ~fTessaly() override;
+
+  // Public methods, as other forms and the command line call them.
+  void UpdateList();
+  int findInListBox(const ListBox& searchList, std::string_view searchKey) const;
+  void removeSelected(ListBox& removeList);
+
+  void ShowStep(std::int32_t index);
+  // Ends the program: the form goes, nothing is saved. The front-end leaves
+  // its event loop when `programEnded` is emitted.
+  void EndProgram();
+  bool ended() const { return ended_; }
+  // The command line as the program was given it, read at load.
+  const std::string& commandLine() const { return commandLine_; }
+  Signal programEnded;
+
+  // Handlers a view forwards a person's actions to.
+  void cmdNext_Click();
+  void cmdBack_Click();
+  void cmdCancel_Click();
+  void lblStep_Click(int index);
+  void cmdAddFiles_Click();
+  void cmdAddDirectory_Click();
+  void cmdRemove_Click();
+  void cmdClear_Click();
+  // The drop handlers of step 1's list, frame, heading, text and page.
+  void AddDroppedFiles(const DropData& data);
+  void cmdReplaceAdv_Click();
+  void cmdUnwantedFormat_Click();
+  void cmdSelectFolder_Click();
+  // Paths the last add could not take because the list was full, for the
+  // front-end to report.
+  int refusedForLimit() const { return refusedForLimit_; }
+
+  std::int32_t CurrentStep = 0;
+  std::string SamplePath1;
+  std::string SamplePath2;
+  std::string SamplePath3;
+
+  // The strip of step labels and the pages.
+  std::array<Label, kStepCount> lblStep;
+  std::array<Label, kStepCount> pStep;
+  CommandButton cmdNext;
+  CommandButton cmdBack;
+  CommandButton cmdCancel;
+
+  // Step 0 and 1.
+  Label lWelcome;
+  Label lblText1;  // lblText(1)
+  Label Label11;   // the heading of step 1
+  ListBox lstFiles{true};
+  ListBox lstFilesC;
+  CommandButton cmdAddFiles;
+  CommandButton cmdAddDirectory;
+  CheckBox chkSubDirectories;
+  CommandButton cmdRemove;
+  CommandButton cmdClear;
+  Label lStat;
+
+  // Step 2.
+  std::array<ComboBox, 8> cboBatch;
+  CommandButton cmdReplaceAdv;
+  CommandButton cmdReplaceAdv2;
+  CommandButton cmdUnwantedFormat;
+  CheckBox chkShortExtension;
+  CheckBox chkLongExtension;
+  CheckBox chkRemoveDoubleSpace;
+  CheckBox chkExtra;
+  CheckBox chkCapitalize;
+  CheckBox chkRemoveu;
+  CheckBox chkLowercase;
+  CheckBox chkAllowSpaces;
+  CheckBox chkFixSpacing;
+  CheckBox chkRemoveNumbers;
+  CheckBox chkUpperCase;
+  CheckBox chkRealFiles;
+  CheckBox chkIncludePaths;
+  CheckBox chkFormatting;
+  TextBox txtExample;
+
+  // Step 3.
+  Label Frame1;
+  OptionButton optMoveSameFolder;
+  OptionButton optMoveNewFolder;
+  CommandButton cmdSelectFolder;
+  Label lFolder;
+  Label pFolderPath;
+  Label lInfoPath;
+  RichTextBox tOutput;
+
+  // Step 4.
+  RichTextBox tLog;
+
+  // The progress window while a loop runs, else null.
+  fProgress* progress() const { return progress_.get(); }
+
+ protected:
+  void Form_Load() override;
+  void Form_QueryUnload() override {}
+
+ private:
+  void WireControls();
+  void EnterStep(std::int32_t index);
+  void FillPlacements();
+  void BuildPreview();
+  void RunRenames();
+  Outcome RenameOneFile(const std::string& oldPath, const std::string& newPath);
+  Outcome TwoStageRename(const std::string& oldPath, const std::string& newPath);
+
+  // Example output and the rules that tie the options together.
+  void ShowExample();
+  void cboBatch_Change(int index);
+  void cboBatch_Click(int index) { cboBatch_Change(index); }
+  void chkRealFiles_Click();
+  void chkUpperCase_Click();
+  void chkLowercase_Click();
+  void chkLongExtension_Click();
+  void chkShortExtension_Click();
+  void chkRemoveu_Click();
+  void chkAllowSpaces_Click();
+  void ShowListDialog(Form& dialog);
+  void ShowReplaceDialog();
+  void ShowFormattingDialog();
+
+  void optMoveSameFolder_Click();
+  void optMoveNewFolder_Click();
+
+  bool FileExists(std::string_view path) const;
+  void RenameFile(const std::string& source, const std::string& target);
+
+  CheckBox* RememberedCheckBox(std::string_view name);
+  void LoadWizardSettings();
+  void SaveWizardSettings();
+  void ProcessCommandLine();
+
+  ConversionOptions CurrentOptions() const;
+  // One conversion with the controls as they stand now, counting on serial.
+  std::string Convert(std::string_view path);
+  void SetSamplePaths(std::string_view one, std::string_view two, std::string_view three);
+  void OpenProgress(std::string_view caption);
+  void CloseProgress(std::int32_t total);
+  void ClearResults();
+  bool CommandLineHolds(std::string_view text) const;
+  void AddToList(std::string path);
+
+  WizardServices services_;
+  StoredLists lists_;
+  std::string commandLine_;
+  std::int32_t serial_ = 0;
+  bool PlacementsFilled = false;
+  bool stepRunning_ = false;
+  bool ended_ = false;
+  bool includePathsPanel_ = false;
+  int refusedForLimit_ = 0;
+  std::unique_ptr<fProgress> progress_;
+};
+
+}  // namespace tessaly
+
+#endif  // TESSALY_WIZARD_TESSALY_FORM_H_

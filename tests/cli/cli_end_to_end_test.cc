@@ -1,0 +1,257 @@
+// tessaly-cli on real temporary folders, as a script would run it: no
+// terminal, settings in the test's own folder.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <regex>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "cli_runner.h"
+#include "platform/posix/native_path.h"
+#include "platform/posix/registry_location.h"
+#include "platform/posix/sqlite_registry.h"
+#include "settings/settings_store.h"
+
+namespace tessaly::cli {
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::ContainsRegex;
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+// Any regex metacharacter of `text` taken literally.
+std::string Literal(std::string_view text) {
+  static const std::regex special(R"([.^$|()\[\]{}*+?\\])");
+  return std::regex_replace(std::string(text), special, R"(\$&)");
+}
+
+std::vector<std::string> Lines(const std::string& text) {
+  std::vector<std::string> lines;
+  std::string line;
+  for (char c : text) {
+    if (c == '\n') {
+      lines.push_back(line);
+      line.clear();
+    } else {
+      line += c;
+    }
+  }
+  if (!line.empty()) lines.push_back(line);
+  return lines;
+}
+
+class CliEndToEnd : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    std::string pattern = (fs::temp_directory_path() / "tessaly-cli-XXXXXX").string();
+    ASSERT_NE(mkdtemp(pattern.data()), nullptr);
+    root = pattern;
+    files = root + "/files";
+    registry = root + "/registry";
+    fs::create_directory(files);
+    fs::create_directory(registry);
+  }
+  void TearDown() override { fs::remove_all(root); }
+
+  void MakeFile(const std::string& name, const std::string& content = "x") {
+    std::ofstream(files + "/" + name) << content;
+  }
+  std::string Content(const std::string& name) {
+    std::ifstream in(files + "/" + name);
+    return std::string(std::istreambuf_iterator<char>(in), {});
+  }
+  std::set<std::string> Names(const std::string& folder) {
+    std::set<std::string> names;
+    for (const auto& entry : fs::directory_iterator(folder)) {
+      names.insert(entry.path().filename().string());
+    }
+    return names;
+  }
+  std::set<std::string> Names() { return Names(files); }
+  std::string ModelPath(const std::string& name) { return ToModelPath(files + "/" + name); }
+
+  CliResult Run(const std::vector<std::string>& args) { return RunCli(args, files, registry); }
+
+  // The line of one file in the change log, the time left open.
+  std::string FileLine(const std::string& oldName, const std::string& newName,
+                       const std::string& outcome, const std::string& newFolder = "") {
+    const std::string folder6 = ToModelPath(files + "/").substr(0, 6);
+    const std::string newFolder6 =
+        newFolder.empty() ? folder6 : ToModelPath(newFolder + "/").substr(0, 6);
+    return R"(^\d\d:\d\d:\d\d - )" + Literal(folder6) + R"(\.\.\.\\)" + Literal(oldName) + " > " +
+           Literal(newFolder6) + R"(\.\.\.\\)" + Literal(newName) + " " + Literal(outcome) + "$";
+  }
+
+  std::string root;
+  std::string files;
+  std::string registry;
+};
+
+const std::string kStamp = R"(\d\d/\d\d/\d\d\d\d - \d\d:\d\d:\d\d)";
+
+TEST_F(CliEndToEnd, UnattendedRunRenamesToTheLowerCaseDocumentName) {
+  MakeFile("Alpha One.TXT");
+  MakeFile("BETA.txt");
+  MakeFile("gamma.jpg");
+  // The one text a script would give, paths joined by ";".
+  const std::string commandLine = ModelPath("Alpha One.TXT") + ";" + ModelPath("BETA.txt") + ";" +
+                                  ModelPath("gamma.jpg") +
+                                  R"q( /settings:LowerCase /placement2:"(none)" /step:4 /hide /exit)q";
+  const CliResult result = Run({"--command-line", commandLine});
+
+  EXPECT_EQ(result.exitCode, 0);
+  EXPECT_EQ(Names(), (std::set<std::string>{"alpha one", "beta", "gamma"}));
+  const std::vector<std::string> lines = Lines(result.out);
+  ASSERT_EQ(lines.size(), 13u) << result.out;
+  EXPECT_THAT(lines[0], ContainsRegex("^Renaming Started at: " + kStamp + "$"));
+  EXPECT_EQ(lines[1], "");
+  EXPECT_EQ(lines[2], "3 total files.");
+  EXPECT_EQ(lines[3], "");
+  EXPECT_EQ(lines[4], "Renamed Files - Log:");
+  EXPECT_THAT(lines[5], ContainsRegex(FileLine("Alpha One.TXT", "alpha one", "(Completed)")));
+  EXPECT_THAT(lines[6], ContainsRegex(FileLine("BETA.txt", "beta", "(Completed)")));
+  EXPECT_THAT(lines[7], ContainsRegex(FileLine("gamma.jpg", "gamma", "(Completed)")));
+  EXPECT_EQ(lines[8], "");
+  EXPECT_EQ(lines[9], "");
+  EXPECT_EQ(lines[10], "3 files where renamed successfully.");
+  EXPECT_EQ(lines[11], "");
+  EXPECT_THAT(lines[12], ContainsRegex("^Renaming Completed at: " + kStamp + "$"));
+  // Output that is no terminal gets no colour and one progress line per window.
+  EXPECT_THAT(result.out, Not(HasSubstr("\x1b[")));
+  EXPECT_THAT(result.err, HasSubstr("Generating Renamed Files Preview...  100%\n"));
+  EXPECT_THAT(result.err, HasSubstr("Renaming and Moving Files...  100%\n"));
+
+  // Step 3 stored the options in the test's own registry.
+  SqliteRegistry stored(RegistryLocationIn(registry));
+  SettingsStore store(stored);
+  EXPECT_EQ(store.GetProgramSetting("Settings", "chkLowercase", SettingValue::FromInt32(-1))
+                .AsWholeNumber(),
+            1);
+}
+
+TEST_F(CliEndToEnd, ShellWordsGiveTheSameRunAsTheOneText) {
+  MakeFile("Alpha One.TXT");
+  MakeFile("BETA.txt");
+  // Relative paths, and a placement value the shell has unquoted.
+  const CliResult result = Run({"Alpha One.TXT", "BETA.txt", "/settings:LowerCase",
+                                "/placement2:(none)", "/step:4", "/exit"});
+  EXPECT_EQ(result.exitCode, 0);
+  EXPECT_EQ(Names(), (std::set<std::string>{"alpha one", "beta"}));
+  EXPECT_THAT(result.out, HasSubstr("2 files where renamed successfully."));
+}
+
+TEST_F(CliEndToEnd, CaseOnlyRenameGoesThroughWithoutAQuestion) {
+  MakeFile("a.TXT", "mine");
+  const CliResult result = Run({"a.TXT", "/step:4", "/exit"});
+  EXPECT_EQ(Names(), (std::set<std::string>{"a.txt"}));
+  EXPECT_EQ(Content("a.txt"), "mine");
+  EXPECT_THAT(result.out, ContainsRegex(FileLine("a.TXT", "a.txt", "(Completed)")));
+  EXPECT_THAT(result.err, Not(HasSubstr("Confirm Overwrite")));
+}
+
+TEST_F(CliEndToEnd, SecondFileToTheSameNameStaysUnderItsTempNameWhenNobodyCanSayYes) {
+  MakeFile("one.txt", "first");
+  MakeFile("two.txt", "second");
+  const CliResult result = Run({"one.txt", "two.txt", "/placement1:same", "/step:4", "/exit"});
+
+  EXPECT_EQ(Names(), (std::set<std::string>{"same.txt", "same.txt.temp"}));
+  EXPECT_EQ(Content("same.txt"), "first");
+  EXPECT_EQ(Content("same.txt.temp"), "second");
+  EXPECT_THAT(result.err,
+              HasSubstr("Confirm Overwrite: The file 'same.txt' already exists. Would you like "
+                        "to overwrite this file?\n"
+                        "Confirm Overwrite: no terminal to ask, answering No\n"));
+  const std::vector<std::string> lines = Lines(result.out);
+  ASSERT_GE(lines.size(), 7u) << result.out;
+  EXPECT_THAT(lines[5], ContainsRegex(FileLine("one.txt", "same.txt", "(Completed)")));
+  EXPECT_THAT(lines[6], ContainsRegex(FileLine("two.txt", "same.txt",
+                                               "(Completed - Error Removing Temp File)")));
+  EXPECT_THAT(result.out, HasSubstr("\n\n\n1 files where renamed successfully.\n\n"
+                                    "1 files where renamed but with errors.\n\n"));
+}
+
+TEST_F(CliEndToEnd, PlacementWithABackslashMovesIntoAnExistingFolderOnly) {
+  fs::create_directory(files + "/archive");
+  MakeFile("Report.TXT", "kept");
+  const CliResult moved = Run({"Report.TXT", R"(/placement1:archive\)",
+                               "/placement2:Document Name", "/placement3:extension", "/step:4",
+                               "/exit"});
+  EXPECT_EQ(Names(files + "/archive"), (std::set<std::string>{"Report.txt"}));
+  EXPECT_EQ(Names(), (std::set<std::string>{"archive"}));
+  // The log cuts every folder to six characters.
+  EXPECT_THAT(Lines(moved.out), ::testing::Contains(ContainsRegex(
+                                    FileLine("Report.TXT", "Report.txt", "(Completed)"))));
+
+  // Nothing creates a folder: a new path in a missing one fails.
+  MakeFile("Other.TXT");
+  const CliResult failed = Run({"Other.TXT", R"(/placement1:missing\)",
+                                "/placement2:Document Name", "/placement3:extension", "/step:4",
+                                "/exit"});
+  EXPECT_EQ(Names(), (std::set<std::string>{"archive", "Other.TXT"}));
+  EXPECT_THAT(Lines(failed.out),
+              ::testing::Contains(ContainsRegex(
+                  FileLine("Other.TXT", "Other.txt", "(Failed! - Error Renaming File)"))));
+  EXPECT_THAT(failed.out, HasSubstr("1 files failed to be renamed."));
+}
+
+TEST_F(CliEndToEnd, NonAsciiNamesAreLowerCasedAndLogged) {
+  MakeFile("Ünïcode Ça.JPG", "pixels");
+  const CliResult result = Run({"Ünïcode Ça.JPG", "/settings:LowerCase", "/step:4", "/exit"});
+  EXPECT_EQ(Names(), (std::set<std::string>{"ünïcode ça.jpg"}));
+  EXPECT_EQ(Content("ünïcode ça.jpg"), "pixels");
+  EXPECT_THAT(result.out,
+              ContainsRegex(FileLine("Ünïcode Ça.JPG", "ünïcode ça.jpg", "(Completed)")));
+}
+
+TEST_F(CliEndToEnd, MissingPathsFoldersAndRepeatsAreNotListed) {
+  MakeFile("real.TXT");
+  fs::create_directory(files + "/folder");
+  const CliResult result =
+      Run({"real.TXT", "ghost.TXT", "folder", "REAL.txt", "/step:4", "/exit"});
+  EXPECT_EQ(Names(), (std::set<std::string>{"folder", "real.txt"}));
+  EXPECT_THAT(result.out, HasSubstr("\n1 total files.\n"));
+  EXPECT_THAT(result.out, Not(HasSubstr("ghost")));
+}
+
+TEST_F(CliEndToEnd, StepThreePrintsThePreviewAndRenamesNothing) {
+  MakeFile("Draft_Copy.TXT");
+  const CliResult result = Run({"Draft_Copy.TXT", "/settings:RemoveUnderscores", "/step:3"});
+  EXPECT_EQ(Names(), (std::set<std::string>{"Draft_Copy.TXT"}));
+  EXPECT_THAT(result.out, HasSubstr("Rename Files Preview:\n    " + ModelPath("Draft Copy.txt")));
+  EXPECT_THAT(result.err, HasSubstr("Generating Renamed Files Preview...  100%\n"));
+}
+
+TEST_F(CliEndToEnd, BarePathsStopOnFileSelectionAndSaySo) {
+  MakeFile("a.txt");
+  MakeFile("b.txt");
+  const CliResult result = Run({"a.txt", "b.txt"});
+  EXPECT_EQ(result.exitCode, 0);
+  EXPECT_EQ(result.out, "");
+  EXPECT_THAT(result.err, HasSubstr("stopped on step 1 with 2 files listed"));
+}
+
+TEST_F(CliEndToEnd, DefiningUnwantedFormattingShowsTheListReadOnly) {
+  const CliResult result = Run({"/DefineUnwantedFormatting", "/exit"});
+  EXPECT_EQ(result.exitCode, 0);
+  EXPECT_THAT(result.out, HasSubstr("\n  [ ] Copy Of\n"));
+}
+
+TEST_F(CliEndToEnd, UsageOnlyWhenAskedOrWhenThereIsNothingToDo) {
+  const CliResult help = Run({"--help"});
+  EXPECT_EQ(help.exitCode, 0);
+  EXPECT_THAT(help.out, HasSubstr("usage: tessaly-cli"));
+  const CliResult nothing = Run({});
+  EXPECT_EQ(nothing.exitCode, 2);
+  EXPECT_THAT(nothing.err, HasSubstr("usage: tessaly-cli"));
+  const CliResult wrong = Run({"--lowercase"});
+  EXPECT_EQ(wrong.exitCode, 2);
+  EXPECT_THAT(wrong.err, HasSubstr("unknown option '--lowercase'"));
+}
+
+}  // namespace
+}  // namespace tessaly::cli

@@ -1,0 +1,23 @@
+#ifndef TESSALY_TESTS_CLI_CLI_RUNNER_H_
+#define TESSALY_TESTS_CLI_CLI_RUNNER_H_
+
+#include <string>
+#include <vector>
+
+namespace tessaly::cli {
+
+struct CliResult {
+  int exitCode = -1;  // -1 when it did not end by itself in time
+  std::string out;
+  std::string err;
+};
+
+// Runs the built tessaly-cli with `args` in `folder`, with no terminal
+// (a new session, input from /dev/null), the C locale and
+// TESSALY_REGISTRY_DIR set to `registryDir`. Kills it after a minute.
+CliResult RunCli(const std::vector<std::string>& args, const std::string& folder,
+                 const std::string& registryDir);
+
+}  // namespace tessaly::cli
+
+#endif  // TESSALY_TESTS_CLI_CLI_RUNNER_H_

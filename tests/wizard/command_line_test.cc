@@ -1,0 +1,135 @@
+#include <gmock/gmock.h>
+
+#include "settings/command_line.h"
+#include "wizard_test_support.h"
+
+namespace tessaly {
+namespace {
+
+using ::testing::ElementsAre;
+
+TEST(CommandLineText, FilePartEndsAtTheFirstSlashAndLosesItsQuotes) {
+  EXPECT_THAT(command_line::FilePaths(R"(  "C:\a b.txt";C:\c.txt /step:4)"),
+              ElementsAre("C:\\a b.txt", "C:\\c.txt"));
+  EXPECT_THAT(command_line::FilePaths("C:/x/y.txt"), ElementsAre("C:"));
+  EXPECT_THAT(command_line::FilePaths("/exit"), ElementsAre());
+  EXPECT_THAT(command_line::FilePaths("a;;b "), ElementsAre("a", "", "b"));
+}
+
+TEST(CommandLineText, PlacementValuesAndStepDigits) {
+  struct Case {
+    const char* line;
+    int number;
+    std::optional<std::string> value;
+  };
+  const Case cases[] = {
+      {R"(/placement2:"(none)" /step:4)", 2, "(none)"},
+      {R"(/placement1:Name)", 1, std::nullopt},  // no opening quote
+      {R"(/placement2:"")", 2, ""},
+      {R"(/placement3:"to the end /exit)", 3, "to the end /exit"},
+      {R"(/placement3:"a" /placement3:"b")", 3, "a"},  // the first one counts
+  };
+  for (const Case& c : cases) EXPECT_EQ(command_line::PlacementValue(c.line, c.number), c.value) << c.line;
+  EXPECT_EQ(command_line::StepCount("/step:3"), 3);
+  EXPECT_EQ(command_line::StepCount("/step:12"), 1);
+  EXPECT_EQ(command_line::StepCount("/step:x"), 0);
+  EXPECT_EQ(command_line::StepCount("/step:"), 0);
+  EXPECT_EQ(command_line::StepCount("/step:2 /step:4"), 2);
+}
+
+class CommandLineTest : public WizardTest {};
+
+TEST_F(CommandLineTest, BarePathsOpenOnFileSelection) {
+  MakeFiles({"C:\\d\\a.txt", "C:\\d\\b.txt"});
+  files.AddDirectory("C:\\d\\sub");
+  fTessaly& wizard = Start(R"(C:\d\a.txt;C:\D\A.TXT;"C:\d\b.txt";C:\d\sub;C:\d\missing.txt)");
+  EXPECT_EQ(wizard.CurrentStep, 1);
+  EXPECT_EQ(wizard.lstFiles.ListCount(), 2u);
+  EXPECT_EQ(wizard.lStat.caption(), "2 files.");
+}
+
+TEST_F(CommandLineTest, ASlashAnywhereKeepsTheWizardOnWelcome) {
+  MakeFiles({"C:\\d\\a.txt"});
+  fTessaly& wizard = Start(R"(C:\d\a.txt /Exit)");
+  EXPECT_EQ(wizard.CurrentStep, 0);
+  EXPECT_FALSE(wizard.ended());  // "/Exit" is not "/exit"
+  EXPECT_EQ(wizard.lstFiles.ListCount(), 1u);
+}
+
+TEST_F(CommandLineTest, OptionSwitchesRunInTableOrderWithTheirRules) {
+  fTessaly& wizard = Start(
+      "/settings:UpperCase /settings:LowerCase /settings:LongExtension /settings:ShortExtension "
+      "/settings:DontAllowSpaces /settings:RemoveUnderscores");
+  EXPECT_EQ(wizard.chkUpperCase.value(), 1);
+  EXPECT_EQ(wizard.chkLowercase.value(), 0);
+  EXPECT_EQ(wizard.chkLongExtension.value(), 1);
+  EXPECT_EQ(wizard.chkShortExtension.value(), 0);
+  EXPECT_EQ(wizard.chkRemoveu.value(), 2);
+  EXPECT_EQ(wizard.chkAllowSpaces.value(), 0);
+}
+
+TEST_F(CommandLineTest, SettingsSwitchKeepsStoredOptionsFromLoading) {
+  store.SaveProgramSetting("Settings", "chkFixSpacing", SettingValue::FromInt32(1));
+  fTessaly& wizard = Start("/settings:Nonsense /step:2");
+  EXPECT_EQ(wizard.CurrentStep, 2);
+  EXPECT_EQ(wizard.chkFixSpacing.value(), 0);
+}
+
+TEST_F(CommandLineTest, PlacementsSurviveTheFillingOfStep2) {
+  fTessaly& wizard = Start(R"(/placement3:"yyyy (date)" /placement1:Bare /placement2:"" /step:2)");
+  EXPECT_EQ(wizard.cboBatch[0].text(), "Combo1");  // no quote: no value, but not filled either
+  EXPECT_EQ(wizard.cboBatch[1].text(), "");
+  EXPECT_EQ(wizard.cboBatch[2].text(), "yyyy (date)");
+  EXPECT_EQ(wizard.cboBatch[3].text(), "");
+}
+
+TEST_F(CommandLineTest, UnattendedRunRenamesStoresAndEnds) {
+  MakeFiles({"C:\\u\\Big Photo.JPG", "C:\\u\\Notes.TXT"});
+  fTessaly& wizard = Start(
+      R"(C:\u\Big Photo.JPG;C:\u\Notes.TXT /settings:LowerCase /placement2:"(none)" /step:4 /hide /exit)");
+  EXPECT_TRUE(wizard.ended());
+  EXPECT_THAT(files.Paths(), ::testing::IsSupersetOf({"c:\\u\\big photo", "c:\\u\\notes"}));
+  EXPECT_EQ(StoredState("chkLowercase"), 1);
+  EXPECT_THAT(ui.shownForms(), ElementsAre("fProgress", "fProgress"));  // never the wizard
+}
+
+TEST_F(CommandLineTest, ShowAndHideDecideWhetherTheWizardAppears) {
+  struct Case {
+    const char* line;
+    std::vector<std::string> shown;
+    bool ended;
+  };
+  const Case cases[] = {
+      {"/hide", {}, false},
+      {"/hidebar", {}, false},
+      {"/Hide", {"fTessaly"}, false},
+      {"/exit", {}, true},
+      {"/show /hide", {"fTessaly"}, false},
+      {"/showme /exit", {"fTessaly"}, true},
+  };
+  for (const Case& c : cases) {
+    ui = ScriptedUi();
+    fTessaly& wizard = Start(c.line);
+    EXPECT_EQ(ui.shownForms(), c.shown) << c.line;
+    EXPECT_EQ(wizard.ended(), c.ended) << c.line;
+  }
+}
+
+TEST_F(CommandLineTest, StepCountAboveFourRunsTheStepsThereAre) {
+  MakeFiles({"C:\\n\\A.txt"});
+  fTessaly& wizard = Start(R"(C:\n\A.txt /settings:LowerCase /step:7)");
+  EXPECT_EQ(wizard.CurrentStep, 4);
+  EXPECT_EQ(wizard.cmdCancel.caption(), "Finished");
+}
+
+TEST_F(CommandLineTest, UnwantedFormattingDialogOpensBeforeTheSteps) {
+  std::vector<std::string> order;
+  ui.OnModal("fUnwantedFormatting", [&](Form&) { order.push_back("dialog"); });
+  fTessaly& wizard = Start("/DefineUnwantedFormatting /step:1");
+  EXPECT_THAT(ui.modalDialogs(), ElementsAre("fUnwantedFormatting"));
+  EXPECT_EQ(wizard.CurrentStep, 1);
+  EXPECT_EQ(order.size(), 1u);
+}
+
+}  // namespace
+}  // namespace tessaly

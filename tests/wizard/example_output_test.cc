@@ -1,0 +1,147 @@
+#include <gmock/gmock.h>
+
+#include "wizard_test_support.h"
+
+namespace tessaly {
+namespace {
+
+class ExampleOutputTest : public WizardTest {
+ protected:
+  fTessaly& AtStep2(std::string commandLine = "") {
+    fTessaly& wizard = Start(std::move(commandLine));
+    wizard.lblStep[2].Click();
+    return wizard;
+  }
+};
+
+TEST_F(ExampleOutputTest, FreshWizardShowsTheBuiltInSamples) {
+  fTessaly& wizard = AtStep2();
+  EXPECT_EQ(wizard.txtExample.text(),
+            "myfile_(1).tmd.jpg.jpeg\r\nCopy of MYFILE -    SPACE - 04 - Oddy.jpg\r\n"
+            "MyFile - My file data HeadEr .mp3");
+  EXPECT_FALSE(wizard.pFolderPath.visible());
+  wizard.chkIncludePaths.SetValue(1);
+  EXPECT_THAT(wizard.txtExample.text(), ::testing::StartsWith("c:\\graphics\\common\\myfile_"));
+  EXPECT_TRUE(wizard.pFolderPath.visible());
+}
+
+TEST_F(ExampleOutputTest, EveryRefreshCountsSerialsFromOne) {
+  fTessaly& wizard = AtStep2();
+  wizard.cboBatch[0].SetText("3 Digit Serial Number");
+  EXPECT_EQ(wizard.txtExample.text(), "001.jpeg\r\n002.jpg\r\n003.mp3");
+  wizard.chkCapitalize.SetValue(1);
+  EXPECT_EQ(wizard.txtExample.text(), "001.jpeg\r\n002.jpg\r\n003.mp3");
+}
+
+TEST_F(ExampleOutputTest, TypingNoneEmptiesTheBoxAtTheClosingBracket) {
+  fTessaly& wizard = AtStep2();
+  std::string typed;
+  for (char c : std::string("(none)")) {
+    typed += c;
+    wizard.cboBatch[1].SetText(typed);
+  }
+  EXPECT_EQ(wizard.cboBatch[1].text(), "");
+  EXPECT_THAT(wizard.txtExample.text(), ::testing::Not(::testing::HasSubstr(".jpeg")));
+}
+
+TEST_F(ExampleOutputTest, AdvancedInWithFillsReplaceAndOpensTheDialog) {
+  fTessaly& wizard = AtStep2();
+  int refreshesWhileOpen = 0;
+  ui.OnModal("fReplaceAdvanced", [&](Form&) {
+    EXPECT_EQ(wizard.cboBatch[6].text(), "(Advanced)");
+    EXPECT_TRUE(wizard.cmdReplaceAdv.visible());
+    refreshesWhileOpen = 1;
+  });
+  wizard.cboBatch[7].Pick(0);
+  EXPECT_EQ(refreshesWhileOpen, 1);
+  EXPECT_EQ(ui.modalDialogs().size(), 1u);
+  wizard.cboBatch[6].SetText("x");
+  EXPECT_FALSE(wizard.cmdReplaceAdv.visible());
+  EXPECT_FALSE(wizard.cmdReplaceAdv2.visible());
+  EXPECT_EQ(wizard.cboBatch[7].text(), "(Advanced)");  // the other box is not touched
+}
+
+struct BoxRule {
+  const char* name;
+  CheckBox fTessaly::*clicked;
+  CheckState state;
+  CheckBox fTessaly::*other;
+  CheckState otherBefore;
+  CheckState otherAfter;
+};
+
+class CheckBoxRuleTest : public ExampleOutputTest,
+                         public ::testing::WithParamInterface<BoxRule> {};
+
+TEST_P(CheckBoxRuleTest, RuleActsOnTheStateAfterTheClick) {
+  const BoxRule& rule = GetParam();
+  fTessaly& wizard = AtStep2();
+  (wizard.*rule.other).SetValue(rule.otherBefore);
+  (wizard.*rule.clicked).SetValue(rule.state);
+  EXPECT_EQ((wizard.*rule.other).value(), rule.otherAfter);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rules, CheckBoxRuleTest,
+    ::testing::Values(
+        BoxRule{"UpperClearsLower", &fTessaly::chkUpperCase, 1, &fTessaly::chkLowercase, 1, 0},
+        BoxRule{"LowerClearsUpper", &fTessaly::chkLowercase, 1, &fTessaly::chkUpperCase, 1, 0},
+        BoxRule{"LongClearsShort", &fTessaly::chkLongExtension, 1, &fTessaly::chkShortExtension,
+                1, 0},
+        BoxRule{"ShortClearsLong", &fTessaly::chkShortExtension, 1, &fTessaly::chkLongExtension,
+                1, 0},
+        BoxRule{"UnderscoresNeedSpaces", &fTessaly::chkRemoveu, 1, &fTessaly::chkAllowSpaces, 0,
+                1},
+        BoxRule{"NoSpacesGreysUnderscores", &fTessaly::chkAllowSpaces, 0, &fTessaly::chkRemoveu, 1,
+                2},
+        BoxRule{"SpacesBringUnderscoresBack", &fTessaly::chkAllowSpaces, 1, &fTessaly::chkRemoveu,
+                2, 1},
+        BoxRule{"ClearUnderscoresStayClear", &fTessaly::chkAllowSpaces, 0, &fTessaly::chkRemoveu,
+                0, 0},
+        BoxRule{"CapitalizeExcludesNothing", &fTessaly::chkCapitalize, 1, &fTessaly::chkUpperCase,
+                1, 1}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(ExampleOutputTest, GreyedUnderscoresShowUnderscoresForAllBlanks) {
+  fTessaly& wizard = AtStep2();
+  wizard.chkAllowSpaces.SetValue(0);
+  wizard.chkRemoveu.SetValue(1);  // ticks Allow Spaces again
+  EXPECT_EQ(wizard.chkAllowSpaces.value(), 1);
+  wizard.chkAllowSpaces.SetValue(0);
+  EXPECT_EQ(wizard.chkRemoveu.value(), 2);
+  EXPECT_THAT(wizard.txtExample.text(), ::testing::HasSubstr("Copy_of_MYFILE"));
+}
+
+TEST_F(ExampleOutputTest, RealFilesFollowTheListSize) {
+  fTessaly& wizard = AtStep2();
+  AddFiles({"C:\\f\\a.txt", "C:\\f\\b.txt"});
+  EXPECT_EQ(wizard.chkRealFiles.value(), 2);
+  EXPECT_EQ(wizard.SamplePath1, "c:\\graphics\\common\\myfile_(1).tmd.jpg.jpeg");
+  AddFiles({"C:\\f\\c.txt"});  // three: greyed stays greyed
+  EXPECT_EQ(wizard.chkRealFiles.value(), 2);
+  // Fractions 0.5 → 1.5 → 2 (half to even), 0.25 → 0.75 → 1, 0 → 0.
+  random.QueueFraction(0.5);
+  random.QueueFraction(0.25);
+  random.QueueFraction(0.0);
+  AddFiles({"C:\\f\\d.txt"});
+  EXPECT_EQ(wizard.chkRealFiles.value(), 1);
+  EXPECT_EQ(wizard.SamplePath1, "C:\\f\\c.txt");
+  EXPECT_EQ(wizard.SamplePath2, "C:\\f\\b.txt");
+  EXPECT_EQ(wizard.SamplePath3, "C:\\f\\a.txt");
+  EXPECT_EQ(random.seeds().back(), 12);
+  EXPECT_EQ(wizard.txtExample.text(), "c.txt\r\nb.txt\r\na.txt");
+  wizard.chkRealFiles.SetValue(0);
+  EXPECT_EQ(wizard.SamplePath1, "c:\\graphics\\common\\myfile_(1).tmd.jpg.jpeg");
+}
+
+TEST_F(ExampleOutputTest, ThreeFilesKeepATickedBoxTicked) {
+  fTessaly& wizard = AtStep2();
+  AddFiles({"C:\\f\\a.txt", "C:\\f\\b.txt", "C:\\f\\c.txt", "C:\\f\\d.txt"});
+  wizard.lstFiles.SetSelected(3, true);
+  wizard.cmdRemove.Click();
+  EXPECT_EQ(wizard.chkRealFiles.value(), 1);
+  EXPECT_THAT(wizard.SamplePath1, ::testing::StartsWith("C:\\f\\"));
+}
+
+}  // namespace
+}  // namespace tessaly

@@ -1,0 +1,264 @@
+#include <gmock/gmock.h>
+
+#include "text/text_ops.h"
+#include "wizard_test_support.h"
+
+namespace tessaly {
+namespace {
+
+using ::testing::HasSubstr;
+using LetterCase = MemoryFileSystem::LetterCase;
+
+class RenameRunTest : public WizardTest {
+ protected:
+  explicit RenameRunTest(LetterCase letterCase = LetterCase::kIgnore) : WizardTest(letterCase) {}
+
+  // Lists the files, sets the placements and runs to the end.
+  fTessaly& Run(std::initializer_list<std::string_view> paths, std::string placement1,
+                std::string placement2 = "extension") {
+    fTessaly& wizard = Start();
+    AddFiles(paths);
+    wizard.lblStep[2].Click();
+    wizard.cboBatch[0].SetText(std::move(placement1));
+    wizard.cboBatch[1].SetText(std::move(placement2));
+    wizard.cmdNext.Click();
+    wizard.cmdNext.Click();
+    return wizard;
+  }
+
+  // The file lines of the log, without their times.
+  std::vector<std::string> FileLines() const {
+    std::vector<std::string> lines;
+    bool inFiles = false;
+    for (std::string_view line : text::Split(form->tLog.text(), "\r\n")) {
+      if (line == "Renamed Files - Log:") {
+        inFiles = true;
+      } else if (line.empty()) {
+        inFiles = false;
+      } else if (inFiles) {
+        lines.emplace_back(line.substr(11));  // "14:02:09 - "
+      }
+    }
+    return lines;
+  }
+
+  bool Exists(std::string_view path) { return files.GetAttributes(path).has_value(); }
+};
+
+TEST_F(RenameRunTest, DefaultsLeaveLowerCaseExtensionsUnchanged) {
+  fTessaly& wizard = Run({"C:\\Photos\\a.jpg", "C:\\Photos\\b.jpg"}, "Document Name");
+  EXPECT_THAT(FileLines(), ::testing::ElementsAre(
+                               "C:\\Pho...\\a.jpg > C:\\Pho...\\a.jpg (No Change}",
+                               "C:\\Pho...\\b.jpg > C:\\Pho...\\b.jpg (No Change}"));
+  EXPECT_THAT(wizard.tLog.text(), HasSubstr("\r\n\r\n\r\n2 files remain unchanged.\r\n\r\nRenaming Completed at: 11/18/2026 - 14:02:09"));
+  EXPECT_TRUE(files.renames().empty());
+}
+
+TEST_F(RenameRunTest, LogHeadAndColoursFollowTheOutcome) {
+  MakeFiles({"C:\\d\\new.txt"});
+  fTessaly& wizard = Run({"C:\\d\\old.txt"}, "new");
+  ASSERT_EQ(FileLines().size(), 1u);
+  EXPECT_EQ(FileLines()[0], "C:\\d\\...\\old.txt > C:\\d\\...\\new.txt (Completed - Error Removing Temp File)");
+  EXPECT_THAT(wizard.tLog.text(), ::testing::StartsWith(
+                                      "Renaming Started at: 11/18/2026 - 14:02:09\r\n\r\n1 total "
+                                      "files.\r\n\r\nRenamed Files - Log:\r\n14:02:09 - "));
+  // The default answer of the scripted person is Cancel: the existing file stays.
+  ASSERT_EQ(ui.messages().size(), 1u);
+  EXPECT_EQ(ui.messages()[0].title, "Confirm Overwrite");
+  EXPECT_EQ(ui.messages()[0].text,
+            "The file 'new.txt' already exists. Would you like to overwrite this file?");
+  EXPECT_TRUE(Exists("C:\\d\\new.txt.temp"));
+  EXPECT_EQ(wizard.tLog.rightMargin(), 4 * 7935);
+}
+
+TEST_F(RenameRunTest, LocaleSeparatorsShapeDatesAndTimes) {
+  locale = FixedLocale(".", "-", ",");
+  Run({"C:\\d\\x.txt"}, "Document Name");
+  EXPECT_THAT(form->tLog.text(), HasSubstr("Renaming Started at: 11.18.2026 - 14-02-09\r\n"));
+}
+
+TEST_F(RenameRunTest, EveryOutcomeWithItsColourAndCounter) {
+  // a → "(Completed)"; b's target is taken and the person says Yes →
+  // "(Completed)"; c is removed before the run → failed; d's target is
+  // taken, the person says No → temp file stays.
+  MakeFiles({"C:\\w\\b-new.txt", "C:\\w\\d-new.txt"});
+  fTessaly& wizard = Start();
+  AddFiles({"C:\\w\\a.txt", "C:\\w\\b.txt", "C:\\w\\c.txt", "C:\\w\\d.txt", "C:\\w\\e-new.txt"});
+  wizard.lblStep[2].Click();
+  wizard.cboBatch[2].SetText("-new");
+  wizard.cboBatch[0].SetText("Document Name");
+  // Placement order is 0,1,2...: put the suffix before the extension.
+  wizard.cboBatch[1].SetText("-new");
+  wizard.cboBatch[2].SetText("extension");
+  wizard.cmdNext.Click();
+  files.Remove("C:\\w\\c.txt");
+  ui.QueueAnswer(MessageAnswer::kYes);
+  ui.QueueAnswer(MessageAnswer::kNo);
+  wizard.cmdNext.Click();
+  EXPECT_THAT(FileLines(),
+              ::testing::ElementsAre(
+                  "C:\\w\\...\\a.txt > C:\\w\\...\\a-new.txt (Completed)",
+                  "C:\\w\\...\\b.txt > C:\\w\\...\\b-new.txt (Completed)",
+                  "C:\\w\\...\\c.txt > C:\\w\\...\\c-new.txt (Failed! - Error Renaming File)",
+                  "C:\\w\\...\\d.txt > C:\\w\\...\\d-new.txt (Completed - Error Removing Temp File)",
+                  "C:\\w\\...\\e-new.txt > C:\\w\\...\\e-new-new.txt (Completed)"));
+  const std::string& log = wizard.tLog.text();
+  EXPECT_THAT(log, HasSubstr("\r\n\r\n3 files where renamed successfully.\r\n1 files where renamed "
+                             "but with errors.\r\n1 files failed to be renamed.\r\n\r\nRenaming "
+                             "Completed at:"));
+  const auto colourOf = [&](std::string_view piece) {
+    const std::size_t byte = log.find(piece);
+    return wizard.tLog.ColourAt(text::CharCount(std::string_view(log).substr(0, byte)));
+  };
+  EXPECT_EQ(colourOf("a.txt >"), (Rgb{0, 0, 255}));
+  EXPECT_EQ(colourOf("c.txt >"), (Rgb{255, 0, 0}));
+  EXPECT_EQ(colourOf("d.txt >"), (Rgb{0, 0, 0}));
+  EXPECT_EQ(colourOf("Renaming Started"), (Rgb{0, 0, 0}));
+  EXPECT_EQ(colourOf("(Completed)\r\n14"), (Rgb{0, 0, 255}));  // whole line, outcome too
+}
+
+TEST_F(RenameRunTest, AFileUnderItsOwnTempNameIsNeverOfferedForDeletion) {
+  MakeFiles({"C:\\t\\x"});
+  fTessaly& wizard = Start();
+  AddFiles({"C:\\t\\x.temp"});
+  wizard.lblStep[2].Click();
+  wizard.cboBatch[1].SetText("");  // "x.temp" → "x", which is taken
+  wizard.cmdNext.Click();
+  ui.QueueAnswer(MessageAnswer::kYes);  // overwrite the other x
+  wizard.cmdNext.Click();
+  ASSERT_EQ(ui.messages().size(), 1u);
+  EXPECT_THAT(ui.messages()[0].text, HasSubstr("'x'"));
+  EXPECT_TRUE(Exists("C:\\t\\x"));
+  EXPECT_FALSE(Exists("C:\\t\\x.temp"));
+  EXPECT_THAT(FileLines()[0], HasSubstr("(Completed)"));
+}
+
+TEST_F(RenameRunTest, RefusingToOverwriteAForeignTempFileFailsTheFile) {
+  MakeFiles({"C:\\t\\new.txt", "C:\\t\\new.txt.temp"});
+  files.SetContents("C:\\t\\new.txt.temp", "foreign");
+  fTessaly& wizard = Run({"C:\\t\\old.txt"}, "new");
+  (void)wizard;
+  EXPECT_THAT(FileLines()[0], HasSubstr("(Failed! - File Already Exists)"));
+  EXPECT_EQ(files.Contents("C:\\t\\new.txt.temp"), "foreign");
+  EXPECT_TRUE(Exists("C:\\t\\old.txt"));
+  EXPECT_TRUE(Exists("C:\\t\\new.txt"));
+  ASSERT_EQ(ui.messages().size(), 1u);
+  EXPECT_THAT(ui.messages()[0].text, HasSubstr("'new.txt.temp'"));
+}
+
+TEST_F(RenameRunTest, GuardPathBlocksTheTwoStageRoad) {
+  MakeFiles({"C:\\g\\b.txt", "temp-C:\\g\\b.txt"});
+  Run({"C:\\g\\a.txt"}, "b");
+  EXPECT_THAT(FileLines()[0], HasSubstr("(Failed! - File Already Exists)"));
+  EXPECT_TRUE(ui.messages().empty());
+}
+
+TEST_F(RenameRunTest, AFileThatCannotMoveFailsAndStays) {
+  fTessaly& wizard = Start();
+  AddFiles({"C:\\r\\a.txt"});
+  wizard.lblStep[2].Click();
+  wizard.cboBatch[0].SetText("b");
+  wizard.cmdNext.Click();
+  files.Lock("C:\\r\\a.txt");
+  wizard.cmdNext.Click();
+  EXPECT_THAT(FileLines()[0], HasSubstr("(Failed! - Error Renaming File)"));
+  EXPECT_TRUE(Exists("C:\\r\\a.txt"));
+  EXPECT_FALSE(Exists("C:\\r\\b.txt"));
+}
+
+TEST_F(RenameRunTest, MissingTargetFolderFailsAndKeepsTheFile) {
+  Run({"C:\\m\\a.txt"}, "C:\\nowhere\\a", "");
+  EXPECT_THAT(FileLines()[0], HasSubstr("(Failed! - Error Renaming File)"));
+  EXPECT_TRUE(Exists("C:\\m\\a.txt"));
+}
+
+TEST_F(RenameRunTest, TwoFilesWithOneNewNameAskAtStageTwo) {
+  fTessaly& wizard = Start();
+  AddFiles({"C:\\s\\1.txt", "C:\\s\\2.txt"});
+  files.SetContents("C:\\s\\2.txt", "second");
+  wizard.lblStep[2].Click();
+  wizard.cboBatch[0].SetText("same");
+  wizard.cmdNext.Click();
+  EXPECT_EQ(wizard.tOutput.text(),
+            "Rename Files Preview:\r\n    C:\\s\\same.txt\r\n    C:\\s\\same.txt\r\n");
+  ui.QueueAnswer(MessageAnswer::kYes);
+  wizard.cmdNext.Click();
+  EXPECT_THAT(FileLines(), ::testing::ElementsAre(HasSubstr("(Completed)"), HasSubstr("(Completed)")));
+  EXPECT_EQ(files.Contents("C:\\s\\same.txt"), "second");
+  EXPECT_EQ(ui.messages()[0].text,
+            "The file 'same.txt' already exists. Would you like to overwrite this file?");
+}
+
+TEST_F(RenameRunTest, MoveToANewFolderPutsEveryFileThere) {
+  files.AddDirectory("D:\\Sorted");
+  fTessaly& wizard = Start();
+  AddFiles({"C:\\one\\a.txt", "C:\\two\\b.txt"});
+  wizard.lblStep[2].Click();
+  wizard.cmdNext.Click();
+  ui.QueueFolder("D:\\Sorted");
+  wizard.optMoveNewFolder.SetValue(true);  // no folder yet: the browser opens
+  EXPECT_EQ(wizard.lFolder.caption(), "D:\\Sorted");
+  EXPECT_EQ(ui.folderQuestions().back().title, "Select folder to move files to...");
+  EXPECT_EQ(wizard.tOutput.text(),
+            "Rename Files Preview:\r\n    D:\\Sorted\\a.txt\r\n    D:\\Sorted\\b.txt\r\n");
+  wizard.cmdNext.Click();
+  EXPECT_TRUE(Exists("D:\\Sorted\\a.txt"));
+  EXPECT_TRUE(Exists("D:\\Sorted\\b.txt"));
+  EXPECT_THAT(FileLines()[0], ::testing::StartsWith("C:\\one\\...\\a.txt > D:\\Sor...\\a.txt"));
+}
+
+TEST_F(RenameRunTest, CancelledBrowserFallsBackToTheSameFolder) {
+  fTessaly& wizard = Start();
+  AddFiles({"C:\\one\\a.txt"});
+  wizard.lblStep[3].Click();
+  wizard.optMoveNewFolder.SetValue(true);
+  EXPECT_TRUE(wizard.optMoveSameFolder.value());
+  EXPECT_FALSE(wizard.optMoveNewFolder.value());
+  EXPECT_EQ(wizard.tOutput.text(), "Rename Files Preview:\r\n    C:\\one\\a.txt\r\n");
+}
+
+TEST_F(RenameRunTest, ProgressWindowCountsTheFiles) {
+  fTessaly& wizard = Start();
+  AddFiles({"C:\\p\\1.txt", "C:\\p\\2.txt", "C:\\p\\3.txt"});
+  std::vector<std::string> captions;
+  ui.OnPendingEvents([&] {
+    if (wizard.progress() != nullptr) captions.push_back(wizard.progress()->lCaption.caption());
+  });
+  wizard.lblStep[3].Click();
+  EXPECT_THAT(captions, ::testing::ElementsAre("0%", "33.33%", "66.67%", "100%", "100%"));
+  EXPECT_EQ(ui.shownForms().back(), "fProgress");
+  EXPECT_EQ(wizard.progress(), nullptr);  // unloaded at the end
+}
+
+// The case-only rename on both kinds of file system.
+class CaseOnlyRenameTest : public RenameRunTest,
+                           public ::testing::WithParamInterface<LetterCase> {
+ protected:
+  CaseOnlyRenameTest() : RenameRunTest(GetParam()) {}
+};
+
+TEST_P(CaseOnlyRenameTest, ChangesTheCaseWithoutAQuestion) {
+  files.AddDirectory("c:\\k");
+  MakeFiles({"c:\\k\\A.TXT"});
+  fTessaly& wizard = Start();
+  DropData drop;
+  drop.files = {"c:\\k\\A.TXT"};
+  wizard.AddDroppedFiles(drop);
+  wizard.lblStep[2].Click();
+  wizard.chkLowercase.SetValue(1);
+  wizard.cmdNext.Click();
+  wizard.cmdNext.Click();
+  EXPECT_TRUE(ui.messages().empty());
+  EXPECT_THAT(files.Paths(), ::testing::Contains("c:\\k\\a.txt"));
+  EXPECT_THAT(files.Paths(), ::testing::Not(::testing::Contains("c:\\k\\A.TXT")));
+  EXPECT_THAT(FileLines()[0], HasSubstr("(Completed)"));
+  // Only a file system that ignores case needs the road by way of the temp name.
+  const bool viaTemp = files.renames().size() == 2;
+  EXPECT_EQ(viaTemp, GetParam() == LetterCase::kIgnore);
+}
+
+INSTANTIATE_TEST_SUITE_P(BothFileSystems, CaseOnlyRenameTest,
+                         ::testing::Values(LetterCase::kIgnore, LetterCase::kExact));
+
+}  // namespace
+}  // namespace tessaly

@@ -1,0 +1,177 @@
+#include <gmock/gmock.h>
+
+#include "wizard/remembered_boxes.h"
+#include "wizard_test_support.h"
+
+namespace tessaly {
+namespace {
+
+using ::testing::ElementsAre;
+
+class StepMachineTest : public WizardTest {};
+
+struct ButtonState {
+  std::string nextCaption;
+  bool nextEnabled;
+  bool nextVisible;
+  bool backEnabled;
+  bool backVisible;
+  std::string cancelCaption;
+  friend bool operator==(const ButtonState&, const ButtonState&) = default;
+};
+
+ButtonState Buttons(const fTessaly& form) {
+  return {form.cmdNext.caption(), form.cmdNext.enabled(), form.cmdNext.visible(),
+          form.cmdBack.enabled(), form.cmdBack.visible(), form.cmdCancel.caption()};
+}
+
+TEST_F(StepMachineTest, StartShowsWelcomeWithVersionedCaption) {
+  fTessaly& wizard = Start();
+  EXPECT_EQ(wizard.caption(), "Tessaly - v1.0.14");
+  EXPECT_EQ(wizard.CurrentStep, 0);
+  EXPECT_TRUE(wizard.pStep[0].visible());
+  EXPECT_TRUE(wizard.lblStep[0].bold());
+  EXPECT_EQ(wizard.lWelcome.caption(),
+            "Welcome to the Tessaly wizard.  This wizard will guide you through the process of "
+            "renaming your files.\r\n\r\nClick next to begin.");
+  EXPECT_THAT(ui.shownForms(), ElementsAre("fTessaly"));
+  EXPECT_EQ(wizard.SamplePath2, "c:\\graphics\\common\\Copy of MYFILE -    SPACE - 04 - Oddy.JPG");
+}
+
+TEST_F(StepMachineTest, ButtonsFollowTheStepTable) {
+  fTessaly& wizard = Start();
+  EXPECT_EQ(Buttons(wizard), (ButtonState{"Next >", true, true, false, true, "Cancel"}));
+  wizard.cmdNext.Click();
+  EXPECT_EQ(Buttons(wizard), (ButtonState{"Next >", true, true, true, true, "Cancel"}));
+  wizard.cmdNext.Click();
+  EXPECT_EQ(Buttons(wizard), (ButtonState{"Next >", true, true, true, true, "Cancel"}));
+  wizard.cmdNext.Click();  // empty list
+  EXPECT_EQ(Buttons(wizard), (ButtonState{"Finish >", false, true, true, true, "Cancel"}));
+  wizard.cmdBack.Click();
+  EXPECT_EQ(wizard.CurrentStep, 2);
+  EXPECT_EQ(Buttons(wizard), (ButtonState{"Next >", true, true, true, true, "Cancel"}));
+  AddFiles({"C:\\a\\one.txt"});
+  wizard.cmdNext.Click();
+  EXPECT_EQ(Buttons(wizard), (ButtonState{"Finish >", true, true, true, true, "Cancel"}));
+  wizard.cmdNext.Click();
+  EXPECT_EQ(wizard.CurrentStep, 4);
+  EXPECT_EQ(Buttons(wizard), (ButtonState{"Next >", true, false, true, false, "Finished"}));
+  // Step 4 is final: every label is dead.
+  wizard.lblStep[1].Click();
+  EXPECT_EQ(wizard.CurrentStep, 4);
+}
+
+TEST_F(StepMachineTest, OnlyTheCurrentLabelIsBoldAndLabelsJumpBothWays) {
+  fTessaly& wizard = Start();
+  wizard.lblStep[2].Click();
+  EXPECT_EQ(wizard.CurrentStep, 2);
+  wizard.lblStep[1].Click();
+  EXPECT_EQ(wizard.CurrentStep, 1);
+  for (int i = 0; i < fTessaly::kStepCount; ++i) {
+    EXPECT_EQ(wizard.lblStep[i].bold(), i == 1) << i;
+    EXPECT_EQ(wizard.pStep[i].visible(), i == 1) << i;
+  }
+  wizard.lblStep[4].Click();
+  EXPECT_EQ(wizard.CurrentStep, 1);
+}
+
+TEST_F(StepMachineTest, SecondEntryToStep2DoesNotRefillTheDropDowns) {
+  fTessaly& wizard = Start();
+  wizard.lblStep[2].Click();
+  wizard.cboBatch[2].SetText("yyyy (date)");
+  wizard.lblStep[1].Click();
+  wizard.lblStep[2].Click();
+  EXPECT_EQ(wizard.cboBatch[0].items().size(), 20u);
+  EXPECT_EQ(wizard.cboBatch[6].items().size(), 21u);
+  EXPECT_EQ(wizard.cboBatch[6].items().front(), "(Advanced)");
+  EXPECT_EQ(wizard.cboBatch[0].text(), "Document Name");
+  EXPECT_EQ(wizard.cboBatch[1].text(), "extension");
+  EXPECT_EQ(wizard.cboBatch[2].text(), "yyyy (date)");  // placements survive
+  EXPECT_EQ(wizard.cboBatch[3].text(), "");
+}
+
+TEST_F(StepMachineTest, AnOptionNotCarriedThroughStep3IsReloadedAway) {
+  fTessaly& wizard = Start();
+  wizard.lblStep[2].Click();
+  wizard.chkCapitalize.SetValue(1);
+  wizard.cmdBack.Click();
+  wizard.cmdNext.Click();
+  EXPECT_EQ(wizard.chkCapitalize.value(), 0);
+  EXPECT_EQ(StoredState("chkCapitalize"), -1);  // nothing saved yet
+
+  wizard.chkCapitalize.SetValue(1);
+  wizard.cmdNext.Click();  // step 3 saves
+  EXPECT_EQ(StoredState("chkCapitalize"), 1);
+  wizard.cmdBack.Click();
+  EXPECT_EQ(wizard.chkCapitalize.value(), 1);
+}
+
+TEST_F(StepMachineTest, StateSavedAtStep3AndNeverOnCancel) {
+  fTessaly& wizard = Start();
+  wizard.lblStep[2].Click();
+  wizard.chkLowercase.SetValue(1);
+  wizard.cmdCancel.Click();
+  EXPECT_TRUE(wizard.ended());
+  EXPECT_EQ(StoredState("chkLowercase"), -1);
+}
+
+TEST_F(StepMachineTest, LabelJumpToStep3BeforeStep2FillsPlacementsAndSavesDefaults) {
+  store.SaveProgramSetting("Settings", "chkUpperCase", SettingValue::FromInt32(1));
+  fTessaly& wizard = Start();
+  files.AddFile("C:\\Docs\\Report.TXT");
+  DropData drop;
+  drop.files = {"C:\\Docs\\Report.TXT"};
+  wizard.AddDroppedFiles(drop);
+  wizard.lblStep[3].Click();
+  EXPECT_EQ(wizard.lstFilesC.List(0), "C:\\Docs\\Report.TXT");
+  // Nothing was loaded before, so the form's defaults overwrite the store.
+  EXPECT_EQ(StoredState("chkUpperCase"), 0);
+  for (const RememberedBox& box : kRememberedBoxes) {
+    EXPECT_EQ(StoredState(box.name), box.defaultState) << box.name;
+  }
+}
+
+TEST_F(StepMachineTest, ClickOnTheShownStepLabelRunsItsEntryAgain) {
+  fTessaly& wizard = Start();
+  AddFiles({"C:\\a\\x.txt"});
+  wizard.lblStep[3].Click();
+  store.SaveProgramSetting("Settings", "chkExtra", SettingValue::FromInt32(1));
+  wizard.lblStep[3].Click();
+  EXPECT_EQ(StoredState("chkExtra"), 0);  // saved again from the controls
+  EXPECT_EQ(wizard.tOutput.text(), "Rename Files Preview:\r\n    C:\\a\\x.txt\r\n");
+}
+
+TEST_F(StepMachineTest, NavigationDuringAPreviewLoopIsIgnored) {
+  fTessaly& wizard = Start();
+  AddFiles({"C:\\a\\1.txt", "C:\\a\\2.txt"});
+  wizard.lblStep[2].Click();
+  int clicks = 0;
+  ui.OnPendingEvents([&] {
+    if (wizard.progress() != nullptr && clicks++ == 1) {
+      wizard.cmdBack.Click();
+      wizard.lblStep[0].Click();
+    }
+  });
+  wizard.cmdNext.Click();
+  EXPECT_EQ(wizard.CurrentStep, 3);
+  EXPECT_EQ(wizard.lstFilesC.ListCount(), 2u);
+  EXPECT_TRUE(wizard.cmdNext.enabled());
+}
+
+TEST_F(StepMachineTest, CancelDuringTheRunEndsBetweenFiles) {
+  fTessaly& wizard = Start();
+  AddFiles({"C:\\a\\1.TXT", "C:\\a\\2.TXT", "C:\\a\\3.TXT"});
+  wizard.lblStep[2].Click();
+  wizard.chkLowercase.SetValue(1);
+  wizard.cmdNext.Click();
+  ui.OnPendingEvents([&] {
+    if (wizard.CurrentStep == 4 && files.renames().size() >= 1) wizard.cmdCancel.Click();
+  });
+  wizard.cmdNext.Click();
+  EXPECT_TRUE(wizard.ended());
+  EXPECT_FALSE(wizard.loaded());
+  EXPECT_TRUE(files.GetAttributes("C:\\a\\3.TXT").has_value());  // never reached
+}
+
+}  // namespace
+}  // namespace tessaly
