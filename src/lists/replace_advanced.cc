@@ -50,7 +50,8 @@ void fReplaceAdvanced::LoadValues() {
       store_.GetProgramSetting(kSection, kValueName, SettingValue::FromText(""));
   for (const StoredRow& row : ParseStoredRows(stored.AsText())) {
     const auto parts = text::Split(row.text, kPairMark);
-    const std::size_t index = lNorm.AddItem(parts.empty() ? "" : std::string(parts[0]));
+    lNorm.AddItem(parts.empty() ? "" : std::string(parts[0]));
+    const std::size_t index = lNorm.NewIndex();
     lNew.AddItem(parts.size() > 1 ? std::string(parts[1]) : "");
     lNorm.SetChecked(index, row.checked);
   }

@@ -42,7 +42,8 @@ void fUnwantedFormatting::LoadValues() {
   const SettingValue stored = store_.GetProgramSetting(
       kSection, kValueName, SettingValue::FromText(std::string(kDefaultFormattingList)));
   for (const StoredRow& row : ParseStoredRows(stored.AsText())) {
-    lstRemove.SetChecked(lstRemove.AddItem(row.text), row.checked);
+    lstRemove.AddItem(row.text);
+    lstRemove.SetChecked(lstRemove.NewIndex(), row.checked);
   }
 }
 

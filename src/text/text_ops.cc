@@ -33,17 +33,17 @@ std::optional<std::size_t> MatchFoldedAt(std::string_view text, std::size_t pos,
   return at - pos;
 }
 
+}  // namespace
+
 std::u32string Fold(std::string_view text) {
   std::u32string folded;
   for (std::size_t pos = 0; pos < text.size();) {
-    const DecodedChar c = DecodeAt(text, pos);
-    folded.push_back(FoldChar(c.code));
+    const DecodedChar c = FoldedAt(text, pos);
+    folded.push_back(c.code);
     pos += c.length;
   }
   return folded;
 }
-
-}  // namespace
 
 bool ReplaceAllIn(std::string& text, std::string_view find, std::string_view replacement) {
   if (find.empty()) return false;

@@ -38,6 +38,10 @@ std::string_view TrimBlanks(std::string_view text);
 // 0 or above 0 as `a` comes before, with or after `b`.
 int CompareIgnoreCase(std::string_view a, std::string_view b);
 
+// The characters of `text` with letter case folded: two texts have the same
+// folded form exactly when CompareIgnoreCase calls them equal.
+std::u32string Fold(std::string_view text);
+
 // Whether `text` starts with `prefix`, exact case.
 inline bool StartsWith(std::string_view text, std::string_view prefix) {
   return text.substr(0, prefix.size()) == prefix;

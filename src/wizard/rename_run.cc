@@ -37,7 +37,7 @@ void fTessaly::RenameFile(const std::string& source, const std::string& target) 
     if (!files.Delete(target)) return;
   }
   if (!files.Rename(source, target)) return;
-  if (FileExists(target) && FileExists(source)) files.Delete(source);
+  if (!maybeItself && FileExists(target) && FileExists(source)) files.Delete(source);
 }
 
 void fTessaly::RunRenames() {

@@ -5,6 +5,7 @@
 #include "conversion/sample_paths.h"
 #include "system/product_record.h"
 #include "system/update_check.h"
+#include "wizard/remembered_boxes.h"
 #include "wizard/wizard_texts.h"
 
 namespace tessaly {

@@ -1,9 +1,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
+
 #include "controls/buttons.h"
 #include "controls/combo_box.h"
 #include "controls/list_box.h"
+#include "text/text_ops.h"
 
 namespace tessaly {
 namespace {
@@ -18,7 +22,8 @@ TEST(ListBox, SortedListInsertsIgnoringCaseAndKeepsTheCurrentRow) {
   ListBox list(/*sorted=*/true);
   list.AddItem("b.txt");
   list.SetListIndex(0);
-  EXPECT_EQ(list.AddItem("A.txt"), 0u);
+  list.AddItem("A.txt");
+  EXPECT_EQ(list.NewIndex(), 0u);
   list.AddItem("c.txt");
   list.AddItem("ä.txt");
   EXPECT_THAT(Texts(list), ::testing::ElementsAre("A.txt", "b.txt", "c.txt", "ä.txt"));
@@ -29,6 +34,60 @@ TEST(ListBox, SortedListInsertsIgnoringCaseAndKeepsTheCurrentRow) {
   EXPECT_EQ(list.ListIndex(), -1);  // the current row itself went
   list.AddItemAt("z", 0);           // no placing by hand in a sorted list
   EXPECT_EQ(list.ListCount(), 2u);
+}
+
+// Interleaved adds, reads, removes and look-ups give what a list that puts
+// every row in place at once gives.
+TEST(ListBox, DeferredSortingAgreesWithPlacingEachRowAtOnce) {
+  std::mt19937 random(5);
+  const std::vector<std::string> words = {"a", "A", "b", "B.txt", "b.TXT", "ä", "Ä", "z", "ab", "aB"};
+  for (int round = 0; round < 200; ++round) {
+    ListBox list(/*sorted=*/true);
+    std::vector<std::string> expected;
+    for (int step = 0; step < 30; ++step) {
+      const std::string& word = words[random() % words.size()];
+      switch (random() % 4) {
+        case 0:
+        case 1: {
+          list.AddItem(word);
+          const auto at = std::upper_bound(expected.begin(), expected.end(), word,
+                                           [](const std::string& a, const std::string& b) {
+                                             return text::CompareIgnoreCase(a, b) < 0;
+                                           });
+          expected.insert(at, word);
+          break;
+        }
+        case 2: {
+          const auto found = std::find_if(expected.begin(), expected.end(), [&](const std::string& e) {
+            return text::CompareIgnoreCase(e, word) == 0;
+          });
+          const int want = found == expected.end() ? -1 : static_cast<int>(found - expected.begin());
+          ASSERT_EQ(list.FindExact(word), want) << word;
+          break;
+        }
+        default:
+          if (!expected.empty()) {
+            const std::size_t index = random() % expected.size();
+            list.RemoveItem(index);
+            expected.erase(expected.begin() + static_cast<std::ptrdiff_t>(index));
+          }
+      }
+    }
+    ASSERT_EQ(Texts(list), expected);
+  }
+}
+
+TEST(ListBox, CurrentRowFollowsItsRowThroughAMerge) {
+  ListBox list(/*sorted=*/true);
+  list.AddItem("m");
+  list.SetListIndex(0);
+  for (const char* text : {"a", "z", "b"}) list.AddItem(text);
+  EXPECT_EQ(list.FindExact("Q"), -1);
+  EXPECT_EQ(list.FindExact("Z"), 3);
+  EXPECT_EQ(list.ListIndex(), 2);
+  list.SetSelected(0, true);
+  list.SetSelected(3, true);
+  EXPECT_EQ(list.SelCount(), 2u);
 }
 
 TEST(ListBox, CheckBoxClickTogglesAndMakesTheRowCurrent) {

@@ -9,7 +9,7 @@ namespace {
 using ::testing::ElementsAre;
 
 TEST(CommandLineText, FilePartEndsAtTheFirstSlashAndLosesItsQuotes) {
-  EXPECT_THAT(command_line::FilePaths(R"(  "C:\a b.txt";C:\c.txt /step:4)"),
+  EXPECT_THAT(command_line::FilePaths(R"x(  "C:\a b.txt";C:\c.txt /step:4)x"),
               ElementsAre("C:\\a b.txt", "C:\\c.txt"));
   EXPECT_THAT(command_line::FilePaths("C:/x/y.txt"), ElementsAre("C:"));
   EXPECT_THAT(command_line::FilePaths("/exit"), ElementsAre());
@@ -23,11 +23,11 @@ TEST(CommandLineText, PlacementValuesAndStepDigits) {
     std::optional<std::string> value;
   };
   const Case cases[] = {
-      {R"(/placement2:"(none)" /step:4)", 2, "(none)"},
-      {R"(/placement1:Name)", 1, std::nullopt},  // no opening quote
-      {R"(/placement2:"")", 2, ""},
-      {R"(/placement3:"to the end /exit)", 3, "to the end /exit"},
-      {R"(/placement3:"a" /placement3:"b")", 3, "a"},  // the first one counts
+      {R"x(/placement2:"(none)" /step:4)x", 2, "(none)"},
+      {R"x(/placement1:Name)x", 1, std::nullopt},  // no opening quote
+      {R"x(/placement2:"")x", 2, ""},
+      {R"x(/placement3:"to the end /exit)x", 3, "to the end /exit"},
+      {R"x(/placement3:"a" /placement3:"b")x", 3, "a"},  // the first one counts
   };
   for (const Case& c : cases) EXPECT_EQ(command_line::PlacementValue(c.line, c.number), c.value) << c.line;
   EXPECT_EQ(command_line::StepCount("/step:3"), 3);
@@ -42,7 +42,7 @@ class CommandLineTest : public WizardTest {};
 TEST_F(CommandLineTest, BarePathsOpenOnFileSelection) {
   MakeFiles({"C:\\d\\a.txt", "C:\\d\\b.txt"});
   files.AddDirectory("C:\\d\\sub");
-  fTessaly& wizard = Start(R"(C:\d\a.txt;C:\D\A.TXT;"C:\d\b.txt";C:\d\sub;C:\d\missing.txt)");
+  fTessaly& wizard = Start(R"x(C:\d\a.txt;C:\D\A.TXT;"C:\d\b.txt";C:\d\sub;C:\d\missing.txt)x");
   EXPECT_EQ(wizard.CurrentStep, 1);
   EXPECT_EQ(wizard.lstFiles.ListCount(), 2u);
   EXPECT_EQ(wizard.lStat.caption(), "2 files.");
@@ -50,7 +50,7 @@ TEST_F(CommandLineTest, BarePathsOpenOnFileSelection) {
 
 TEST_F(CommandLineTest, ASlashAnywhereKeepsTheWizardOnWelcome) {
   MakeFiles({"C:\\d\\a.txt"});
-  fTessaly& wizard = Start(R"(C:\d\a.txt /Exit)");
+  fTessaly& wizard = Start(R"x(C:\d\a.txt /Exit)x");
   EXPECT_EQ(wizard.CurrentStep, 0);
   EXPECT_FALSE(wizard.ended());  // "/Exit" is not "/exit"
   EXPECT_EQ(wizard.lstFiles.ListCount(), 1u);
@@ -76,7 +76,7 @@ TEST_F(CommandLineTest, SettingsSwitchKeepsStoredOptionsFromLoading) {
 }
 
 TEST_F(CommandLineTest, PlacementsSurviveTheFillingOfStep2) {
-  fTessaly& wizard = Start(R"(/placement3:"yyyy (date)" /placement1:Bare /placement2:"" /step:2)");
+  fTessaly& wizard = Start(R"x(/placement3:"yyyy (date)" /placement1:Bare /placement2:"" /step:2)x");
   EXPECT_EQ(wizard.cboBatch[0].text(), "Combo1");  // no quote: no value, but not filled either
   EXPECT_EQ(wizard.cboBatch[1].text(), "");
   EXPECT_EQ(wizard.cboBatch[2].text(), "yyyy (date)");
@@ -86,7 +86,7 @@ TEST_F(CommandLineTest, PlacementsSurviveTheFillingOfStep2) {
 TEST_F(CommandLineTest, UnattendedRunRenamesStoresAndEnds) {
   MakeFiles({"C:\\u\\Big Photo.JPG", "C:\\u\\Notes.TXT"});
   fTessaly& wizard = Start(
-      R"(C:\u\Big Photo.JPG;C:\u\Notes.TXT /settings:LowerCase /placement2:"(none)" /step:4 /hide /exit)");
+      R"x(C:\u\Big Photo.JPG;C:\u\Notes.TXT /settings:LowerCase /placement2:"(none)" /step:4 /hide /exit)x");
   EXPECT_TRUE(wizard.ended());
   EXPECT_THAT(files.Paths(), ::testing::IsSupersetOf({"c:\\u\\big photo", "c:\\u\\notes"}));
   EXPECT_EQ(StoredState("chkLowercase"), 1);
@@ -117,7 +117,7 @@ TEST_F(CommandLineTest, ShowAndHideDecideWhetherTheWizardAppears) {
 
 TEST_F(CommandLineTest, StepCountAboveFourRunsTheStepsThereAre) {
   MakeFiles({"C:\\n\\A.txt"});
-  fTessaly& wizard = Start(R"(C:\n\A.txt /settings:LowerCase /step:7)");
+  fTessaly& wizard = Start(R"x(C:\n\A.txt /settings:LowerCase /step:7)x");
   EXPECT_EQ(wizard.CurrentStep, 4);
   EXPECT_EQ(wizard.cmdCancel.caption(), "Finished");
 }

@@ -123,11 +123,13 @@ TEST_F(StepMachineTest, LabelJumpToStep3BeforeStep2FillsPlacementsAndSavesDefaul
   drop.files = {"C:\\Docs\\Report.TXT"};
   wizard.AddDroppedFiles(drop);
   wizard.lblStep[3].Click();
-  EXPECT_EQ(wizard.lstFilesC.List(0), "C:\\Docs\\Report.TXT");
+  EXPECT_EQ(wizard.lstFilesC.List(0), "C:\\Docs\\Report.txt");
   // Nothing was loaded before, so the form's defaults overwrite the store.
   EXPECT_EQ(StoredState("chkUpperCase"), 0);
   for (const RememberedBox& box : kRememberedBoxes) {
-    EXPECT_EQ(StoredState(box.name), box.defaultState) << box.name;
+    // One file greys "Use Real Files"; every other box stands at its default.
+    const CheckState expected = box.name == "chkRealFiles" ? kGrayed : box.defaultState;
+    EXPECT_EQ(StoredState(box.name), expected) << box.name;
   }
 }
 
