@@ -66,15 +66,32 @@ std::string FoldName(std::string_view name) {
   return folded;
 }
 
+FolderIndex::Folder* FolderIndex::Known(const std::string& folder) {
+  const auto id = ids_.find(folder);
+  if (id == ids_.end()) return nullptr;
+  const auto found = folders_.find(id->second);
+  return found == folders_.end() ? nullptr : &found->second;
+}
+
+void FolderIndex::Forget(const std::string& folder) {
+  const auto id = ids_.find(folder);
+  if (id != ids_.end()) folders_.erase(id->second);
+}
+
 FolderIndex::Folder* FolderIndex::Fresh(const std::string& folder, const struct stat& info) {
   const Stamp stamp{info.st_dev, info.st_ino, info.st_mtim};
+  const FolderId id{info.st_dev, info.st_ino};
   const struct timespec now = Now();
-  auto found = folders_.find(folder);
+  if (!folders_.contains(id) && (folders_.size() >= kMaxFolders || ids_.size() >= 4 * kMaxFolders)) {
+    folders_.clear();
+    ids_.clear();
+  }
+  ids_[folder] = id;
+  auto found = folders_.find(id);
   if (found != folders_.end()) {
     Folder& known = found->second;
-    const bool sameFolder = known.stamp.device == stamp.device && known.stamp.inode == stamp.inode;
-    const bool unchanged = sameFolder && Nanos(known.stamp.modified) == Nanos(stamp.modified);
-    const bool ownChange = sameFolder && known.ownChanges &&
+    const bool unchanged = Nanos(known.stamp.modified) == Nanos(stamp.modified);
+    const bool ownChange = known.ownChanges &&
                            Nanos(stamp.modified) <= Nanos(known.ownChangesUntil);
     if (unchanged || ownChange) {
       // Own changes whose time has not been seen yet stay pending.
@@ -83,15 +100,13 @@ FolderIndex::Folder* FolderIndex::Fresh(const std::string& folder, const struct 
       known.checkedAt = now;
       return &known;
     }
-  } else if (folders_.size() >= kMaxFolders) {
-    folders_.clear();
   }
   Folder fresh{stamp, now, false, {}, {}};
   if (!ReadNames(folder, fresh.byFolded)) {
-    folders_.erase(folder);
+    folders_.erase(id);
     return nullptr;
   }
-  return &(folders_[folder] = std::move(fresh));
+  return &(folders_[id] = std::move(fresh));
 }
 
 CaseVariants FolderIndex::Lookup(const std::string& folder, const struct stat& info,
@@ -104,18 +119,18 @@ CaseVariants FolderIndex::Lookup(const std::string& folder, const struct stat& i
 }
 
 FolderIndex::Folder* FolderIndex::ForOwnChange(const std::string& folder) {
-  auto found = folders_.find(folder);
-  if (found == folders_.end()) return nullptr;
+  Folder* known = Known(folder);
+  if (known == nullptr) return nullptr;
   const struct timespec now = Now();
-  const long long sinceCheck = Nanos(now) - Nanos(found->second.checkedAt);
+  const long long sinceCheck = Nanos(now) - Nanos(known->checkedAt);
   if (sinceCheck < 0 || sinceCheck > kTrustNanos) {
     // Too long since the disk was looked at to tell this change from others.
-    folders_.erase(found);
+    Forget(folder);
     return nullptr;
   }
-  found->second.ownChanges = true;
-  found->second.ownChangesUntil = now;
-  return &found->second;
+  known->ownChanges = true;
+  known->ownChangesUntil = now;
+  return known;
 }
 
 void FolderIndex::NoteMoved(const std::string& fromFolder, std::string_view fromName,

@@ -42,9 +42,24 @@ class FolderIndex {
   void NoteRemoved(const std::string& folder, std::string_view name);
 
   // Forgets what is known of `folder`; the next lookup rereads it.
-  void Forget(const std::string& folder) { folders_.erase(folder); }
+  void Forget(const std::string& folder);
 
  private:
+  // A folder is known by its identity on disk, not by the text of its path:
+  // "." and the current folder's full path share one index, and so do the
+  // program's own changes noted under either name.
+  struct FolderId {
+    dev_t device = 0;
+    ino_t inode = 0;
+    friend bool operator==(const FolderId&, const FolderId&) = default;
+  };
+  struct FolderIdHash {
+    std::size_t operator()(const FolderId& id) const {
+      return std::hash<unsigned long long>()(static_cast<unsigned long long>(id.inode) * 31 +
+                                             static_cast<unsigned long long>(id.device));
+    }
+  };
+
   struct Stamp {
     dev_t device = 0;
     ino_t inode = 0;
@@ -60,8 +75,10 @@ class FolderIndex {
 
   Folder* Fresh(const std::string& folder, const struct stat& info);
   Folder* ForOwnChange(const std::string& folder);
+  Folder* Known(const std::string& folder);
 
-  std::unordered_map<std::string, Folder> folders_;
+  std::unordered_map<FolderId, Folder, FolderIdHash> folders_;
+  std::unordered_map<std::string, FolderId> ids_;  // by the paths they were looked up as
 };
 
 // The form two native names share when they are equal ignoring case.
