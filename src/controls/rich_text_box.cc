@@ -8,6 +8,7 @@ namespace tessaly {
 
 void RichTextBox::SetText(std::string text) {
   text_ = std::move(text);
+  ++rewrites_;
   length_ = text::CharCount(text_);
   selStart_ = 0;
   selLength_ = 0;
@@ -38,6 +39,7 @@ void RichTextBox::SetSelText(std::string_view text) {
   const std::size_t begin = ByteOffset(selStart_);
   const std::size_t end = selLength_ == 0 ? begin : ByteOffset(selStart_ + selLength_);
   const std::size_t inserted = text::CharCount(text);
+  if (selLength_ > 0 || selStart_ < length_) ++rewrites_;
   text_.replace(begin, end - begin, text);
   // Writing behind every coloured run, the usual case, moves no run.
   if (!BehindEveryRun(selStart_)) ShiftSpans(inserted);
@@ -78,6 +80,7 @@ void RichTextBox::SetSelColor(Rgb colour) {
     changed.Emit();
     return;
   }
+  ++rewrites_;
   std::vector<ColourSpan> kept;
   for (const ColourSpan& span : spans_) {
     const std::size_t spanEnd = span.start + span.length;

@@ -55,6 +55,11 @@ class RichTextBox : public Control {
   long rightMargin() const { return rightMargin_; }
   void SetRightMargin(long margin) { Update(rightMargin_, margin); }
 
+  // Goes up with every edit that changes text or colours anywhere but
+  // behind the end. A view that follows appends can draw only what was
+  // added while it stays the same, and must redraw in full when it moves.
+  std::uint64_t rewrites() const { return rewrites_; }
+
  private:
   std::size_t ByteOffset(std::size_t position) const;
   bool BehindEveryRun(std::size_t position) const {
@@ -69,6 +74,7 @@ class RichTextBox : public Control {
   std::size_t selLength_ = 0;
   std::vector<ColourSpan> spans_;
   long rightMargin_ = 0;
+  std::uint64_t rewrites_ = 0;
 };
 
 }  // namespace tessaly

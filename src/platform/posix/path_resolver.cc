@@ -74,20 +74,23 @@ ResolvedPath PathResolver::ResolveNew(std::string_view native) {
 
 bool PathResolver::OpenFolder(std::string_view native, std::string& resolved, struct stat& info) {
   const long long now = MonotonicNanos();
-  if (native == recent_.given && now - recent_.checkedAt < kRecentNanos) {
-    resolved = recent_.resolved;
-    info = recent_.info;
-    return true;
+  for (const RecentFolder& recent : recent_) {
+    if (native == recent.given && now - recent.checkedAt < kRecentNanos) {
+      resolved = recent.resolved;
+      info = recent.info;
+      return recent.usable;
+    }
   }
   const ResolvedPath folder = Resolve(native);
-  if (folder.state != State::kFound) return false;
+  bool usable = folder.state == State::kFound;
   resolved = folder.native;
   info = folder.info;
   // A link to a folder is a folder; its index goes by the folder's stamp.
-  if (S_ISLNK(info.st_mode) && stat(resolved.c_str(), &info) != 0) return false;
-  if (!S_ISDIR(info.st_mode)) return false;
-  recent_ = {std::string(native), resolved, info, now};
-  return true;
+  if (usable && S_ISLNK(info.st_mode) && stat(resolved.c_str(), &info) != 0) usable = false;
+  usable = usable && S_ISDIR(info.st_mode);
+  recent_[nextRecent_] = {std::string(native), usable, resolved, info, now};
+  nextRecent_ = (nextRecent_ + 1) % recent_.size();
+  return usable;
 }
 
 ResolvedPath PathResolver::ResolveIn(const std::string& folder, std::string_view name) {

@@ -3,6 +3,7 @@
 
 #include <sys/stat.h>
 
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -53,13 +54,17 @@ class PathResolver {
 
   struct RecentFolder {
     std::string given;  // as asked for
+    bool usable = false;
     std::string resolved;
     struct stat info {};
     long long checkedAt = 0;  // monotonic nanoseconds
   };
 
   FolderIndex index_;
-  RecentFolder recent_;
+  // A run alternates between a few folders (the file's own, and the missing
+  // one of a guard name), so several answers are kept, missing ones too.
+  std::array<RecentFolder, 4> recent_;
+  std::size_t nextRecent_ = 0;
 };
 
 }  // namespace tessaly

@@ -1,0 +1,66 @@
+#ifndef TESSALY_APP_QT_BINDINGS_H_
+#define TESSALY_APP_QT_BINDINGS_H_
+
+#include <QPointer>
+#include <QString>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "controls/buttons.h"
+#include "controls/combo_box.h"
+#include "controls/control.h"
+#include "controls/signal.h"
+#include "controls/text_box.h"
+
+class QAbstractButton;
+class QCheckBox;
+class QComboBox;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+class QRadioButton;
+class QWidget;
+
+namespace tessaly::qt {
+
+class ModelCheckBox;
+class ModelRadioButton;
+
+// Model texts are UTF-8 with CR LF line ends; widgets want QString and LF.
+QString ToQt(std::string_view text);
+QString ToQtLines(std::string_view text);
+std::string FromQt(const QString& text);
+
+// Runs `redraw` now and after every emit of `signal`, for as long as
+// `receiver` lives: the models outlive many of their views (a dialog's
+// form is unloaded after its view is gone), and signals cannot disconnect.
+template <typename Redraw>
+void Follow(Signal& signal, QObject* receiver, Redraw redraw) {
+  redraw();
+  QPointer<QObject> alive(receiver);
+  signal.Connect([alive, redraw]() mutable {
+    if (alive) redraw();
+  });
+}
+
+// Two-way bindings of a control to its widget. The model's state is drawn
+// on every change; a person's action is forwarded to the model, which
+// decides what it means. Captions keep "&" as the mnemonic mark.
+void BindEnabledVisible(Control& control, QWidget* widget);
+void BindButton(CommandButton& button, QPushButton* widget);
+void BindCheckBox(CheckBox& box, ModelCheckBox* widget);
+void BindOption(OptionButton& option, ModelRadioButton* widget);
+void BindComboBox(ComboBox& box, QComboBox* widget);
+// A label's caption, visibility and bold mark.
+void BindLabel(Label& label, QLabel* widget);
+void BindFrame(Label& frame, QGroupBox* widget);
+void BindLineEdit(TextBox& box, QLineEdit* widget);
+// A read-only multi-line box that shows a text box's text.
+void BindReadOnlyText(TextBox& box, QPlainTextEdit* widget);
+
+}  // namespace tessaly::qt
+
+#endif  // TESSALY_APP_QT_BINDINGS_H_

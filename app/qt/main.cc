@@ -1,0 +1,54 @@
+// tessaly: the wizard in a window. Builds the POSIX services, rebuilds the
+// one command-line text from the words the shell split, and hands both to
+// the wizard; then runs the event loop until the wizard ends the program.
+#include <QApplication>
+#include <string>
+#include <vector>
+
+#include "platform/posix/command_line_text.h"
+#include "platform/posix/existing_short_paths.h"
+#include "platform/posix/posix_file_system.h"
+#include "platform/posix/posix_locale.h"
+#include "platform/posix/posix_network_status.h"
+#include "platform/posix/posix_program.h"
+#include "platform/posix/posix_shell.h"
+#include "platform/posix/sqlite_registry.h"
+#include "platform/posix/standard_random.h"
+#include "platform/posix/system_clock.h"
+#include "qt_ui.h"
+#include "settings/settings_store.h"
+#include "wizard/start_up.h"
+#include "wizard/tessaly_form.h"
+
+int main(int argc, char** argv) {
+  using namespace tessaly;
+  QApplication app(argc, argv);  // takes Qt's own options out of argv
+  // The program ends when the wizard says so, not when a window closes:
+  // with "/hide" it lives on without one.
+  QApplication::setQuitOnLastWindowClosed(false);
+
+  std::vector<std::string> words;
+  for (const QString& word : QCoreApplication::arguments().mid(1)) words.push_back(word.toStdString());
+
+  PosixFileSystem fileSystem;
+  SqliteRegistry registry;
+  SettingsStore store(registry);
+  qt::QtUi ui;
+  SystemClock clock;
+  PosixLocale locale;
+  StandardRandom random;
+  PosixProgram program(CommandLineTextHere(words));
+  PosixShell shell;
+  PosixNetworkStatus network;
+  ExistingShortPaths shortPaths(fileSystem);
+
+  fTessaly form(WizardServices{fileSystem, store, ui, clock, locale, random, program, shell,
+                               network, shortPaths});
+  // Cancel, the close box or "/exit" end the program at once, also in the
+  // middle of a loop: the loop stops at its next file, and the event loop
+  // it runs under returns.
+  form.programEnded.Connect([] { QCoreApplication::exit(0); });
+  StartWizard(form, ui);
+  if (form.ended()) return 0;
+  return QApplication::exec();
+}

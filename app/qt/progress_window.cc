@@ -1,0 +1,97 @@
+#include "progress_window.h"
+
+#include <QCloseEvent>
+#include <QFrame>
+#include <QLabel>
+#include <QScreen>
+
+#include "bindings.h"
+
+namespace tessaly::qt {
+
+namespace {
+
+// The trough and its place, in pixels: the form's twips at 15 to a pixel.
+constexpr int kMargin = 16;
+constexpr int kTroughWidth = 409;
+constexpr int kTroughHeight = 25;
+
+}  // namespace
+
+ProgressWindow::ProgressWindow(fProgress& form, QWidget* owner)
+    : QWidget(owner, Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
+      form_(&form),
+      owner_(owner) {
+  setObjectName(QStringLiteral("fProgress"));
+  setAttribute(Qt::WA_DeleteOnClose);
+  setFixedSize(kTroughWidth + 2 * kMargin, kTroughHeight + 2 * kMargin);
+
+  trough_ = new QFrame(this);
+  trough_->setObjectName(QStringLiteral("lTotal"));
+  trough_->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+  trough_->setGeometry(kMargin, kMargin, kTroughWidth, kTroughHeight);
+
+  bar_ = new QWidget(trough_);
+  bar_->setObjectName(QStringLiteral("lCur"));
+  bar_->setAutoFillBackground(true);
+  QPalette barColour = bar_->palette();
+  barColour.setColor(QPalette::Window, QColor(255, 192, 128));
+  bar_->setPalette(barColour);
+
+  caption_ = new QLabel(trough_);
+  caption_->setObjectName(QStringLiteral("lCaption"));
+  caption_->setAlignment(Qt::AlignCenter);
+  caption_->setAttribute(Qt::WA_TransparentForMouseEvents);
+  QFont bold = caption_->font();
+  bold.setBold(true);
+  caption_->setFont(bold);
+  caption_->setGeometry(trough_->contentsRect());
+
+  Follow(form.changed, this, [this] {
+    if (form_ != nullptr) setWindowTitle(ToQt(form_->caption()));
+  });
+  Follow(form.lCur.changed, this, [this] { DrawBar(); });
+  Follow(form.lTotal.changed, this, [this] { DrawBar(); });
+  Follow(form.lCaption.changed, this, [this] {
+    if (form_ != nullptr) caption_->setText(ToQt(form_->lCaption.caption()));
+  });
+  form.unloaded.Connect([alive = QPointer<ProgressWindow>(this)] {
+    if (!alive) return;
+    alive->form_ = nullptr;
+    alive->close();
+  });
+  PlaceOnOwner();
+}
+
+void ProgressWindow::DrawBar() {
+  if (form_ == nullptr) return;
+  const long total = form_->lTotal.width();
+  const double share = total > 0 ? static_cast<double>(form_->lCur.width()) / total : 0;
+  const QRect inside = trough_->contentsRect();
+  const int width = static_cast<int>(share * inside.width() + 0.5);
+  bar_->setGeometry(inside.x(), inside.y(), std::clamp(width, 0, inside.width()), inside.height());
+}
+
+QString ProgressWindow::percentText() const { return caption_->text(); }
+
+double ProgressWindow::barShare() const {
+  return static_cast<double>(bar_->width()) / trough_->contentsRect().width();
+}
+
+void ProgressWindow::PlaceOnOwner() {
+  const QRect around = owner_ != nullptr && owner_->isVisible()
+                           ? owner_->frameGeometry()
+                           : screen()->availableGeometry();
+  move(around.center() - rect().center());
+}
+
+void ProgressWindow::closeEvent(QCloseEvent* event) {
+  // It takes no input: only the end of its form closes it.
+  if (form_ != nullptr) {
+    event->ignore();
+    return;
+  }
+  QWidget::closeEvent(event);
+}
+
+}  // namespace tessaly::qt

@@ -1,0 +1,152 @@
+#include "rich_text_view.h"
+
+#include <QTextBlock>
+#include <QTextCursor>
+#include <algorithm>
+
+namespace tessaly::qt {
+
+namespace {
+
+QTextCharFormat FormatIn(Rgb colour) {
+  QTextCharFormat format;
+  format.setForeground(QColor(colour.red, colour.green, colour.blue));
+  return format;
+}
+
+bool StartsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }
+
+}  // namespace
+
+RichTextView::RichTextView(RichTextBox& box, QWidget* parent) : QPlainTextEdit(parent), box_(box) {
+  setReadOnly(true);
+  setUndoRedoEnabled(false);
+  // Colours are fixed by outcome, so the page under them is too.
+  QPalette colours = palette();
+  colours.setColor(QPalette::Base, Qt::white);
+  colours.setColor(QPalette::Text, Qt::black);
+  setPalette(colours);
+  setHidden(!box_.visible());
+  rewrites_ = box_.rewrites() + 1;  // draw in full at the first refresh
+  stale_ = true;
+  QPointer<RichTextView> alive(this);
+  box_.changed.Connect([alive] {
+    if (alive) alive->MarkStale();
+  });
+}
+
+void RichTextView::MarkStale() {
+  if (isHidden() == box_.visible()) setHidden(!box_.visible());
+  if (stale_) return;
+  stale_ = true;
+  QMetaObject::invokeMethod(this, &RichTextView::Refresh, Qt::QueuedConnection);
+}
+
+void RichTextView::showEvent(QShowEvent* event) {
+  QPlainTextEdit::showEvent(event);
+  Refresh();
+}
+
+void RichTextView::Refresh() {
+  if (!stale_ || !isVisible()) return;  // a view off screen catches up when shown
+  stale_ = false;
+  // A margin means long lines run on to the right; without one they wrap.
+  setLineWrapMode(box_.rightMargin() != 0 ? NoWrap : WidgetWidth);
+  if (box_.rewrites() != rewrites_ || box_.text().size() < drawnBytes_) Restart();
+  ColourNewRuns();
+  AppendRest();
+}
+
+void RichTextView::Restart() {
+  rewrites_ = box_.rewrites();
+  document()->clear();
+  drawnBytes_ = 0;
+  drawnChars_ = 0;
+  colouredRuns_ = 0;
+  leftOut_.clear();
+  lastWasCr_ = false;
+}
+
+int RichTextView::DocumentPosition(std::size_t character) const {
+  const auto before = std::lower_bound(leftOut_.begin(), leftOut_.end(), character);
+  return static_cast<int>(character - static_cast<std::size_t>(before - leftOut_.begin()));
+}
+
+std::size_t RichTextView::ByteAfter(std::size_t byte, std::size_t characters) const {
+  const std::string& text = box_.text();
+  while (characters > 0 && byte < text.size()) {
+    ++byte;
+    while (byte < text.size() && !StartsCharacter(text[byte])) ++byte;
+    --characters;
+  }
+  return byte;
+}
+
+void RichTextView::ColourNewRuns() {
+  const auto& runs = box_.spans();
+  QTextCursor cursor(document());
+  for (; colouredRuns_ < runs.size(); ++colouredRuns_) {
+    const ColourSpan& run = runs[colouredRuns_];
+    if (run.start >= drawnChars_) break;  // drawn with its text below
+    const std::size_t end = std::min(run.start + run.length, drawnChars_);
+    cursor.setPosition(DocumentPosition(run.start));
+    cursor.setPosition(DocumentPosition(end), QTextCursor::KeepAnchor);
+    cursor.setCharFormat(FormatIn(run.colour));
+    if (run.start + run.length > drawnChars_) break;  // the rest is still to draw
+  }
+}
+
+void RichTextView::AppendRest() {
+  const std::string& text = box_.text();
+  if (drawnBytes_ >= text.size()) return;
+  QTextCursor cursor(document());
+  cursor.beginEditBlock();
+  const auto& runs = box_.spans();
+  // Runs are in order and apart; walk the new text run by run.
+  std::size_t run = colouredRuns_;
+  while (run < runs.size() && runs[run].start + runs[run].length <= drawnChars_) ++run;
+  while (drawnBytes_ < text.size()) {
+    const ColourSpan* next = run < runs.size() ? &runs[run] : nullptr;
+    if (next != nullptr && next->start <= drawnChars_) {
+      const std::size_t characters = next->start + next->length - drawnChars_;
+      const std::size_t end = ByteAfter(drawnBytes_, characters);
+      Insert(drawnBytes_, end, drawnChars_, &next->colour);
+      ++run;
+    } else {
+      const std::size_t characters = next != nullptr ? next->start - drawnChars_ : SIZE_MAX;
+      Insert(drawnBytes_, ByteAfter(drawnBytes_, characters), drawnChars_, nullptr);
+    }
+  }
+  cursor.endEditBlock();
+  colouredRuns_ = std::max(colouredRuns_, run);
+}
+
+void RichTextView::Insert(std::size_t fromByte, std::size_t toByte, std::size_t fromChar,
+                          const Rgb* colour) {
+  const std::string& text = box_.text();
+  std::string piece;
+  piece.reserve(toByte - fromByte);
+  std::size_t character = fromChar;
+  for (std::size_t i = fromByte; i < toByte; ++i) {
+    const char byte = text[i];
+    if (StartsCharacter(byte)) {
+      if (byte == '\n' && lastWasCr_) {
+        leftOut_.push_back(character);
+        lastWasCr_ = false;
+        ++character;
+        continue;
+      }
+      lastWasCr_ = byte == '\r';
+      ++character;
+    }
+    piece.push_back(byte == '\r' ? '\n' : byte);
+  }
+  QTextCursor cursor(document());
+  cursor.movePosition(QTextCursor::End);
+  cursor.insertText(QString::fromUtf8(piece.data(), static_cast<qsizetype>(piece.size())),
+                    FormatIn(colour != nullptr ? *colour : Rgb{}));
+  drawnBytes_ = toByte;
+  drawnChars_ = character;
+}
+
+}  // namespace tessaly::qt

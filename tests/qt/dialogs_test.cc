@@ -1,0 +1,131 @@
+// The two list dialogs, opened from step 2 and worked by a person.
+
+#include <gmock/gmock.h>
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
+#include <QTest>
+
+#include "qt_test_support.h"
+
+namespace tessaly::qt {
+namespace {
+
+class DialogsTest : public QtWizardTest {
+ protected:
+  void SetUp() override {
+    Start();
+    Click(Find<QLabel>(window(), "lblStep2"));
+  }
+  std::string Stored(const char* name) {
+    return store.GetProgramSetting("Settings", name, SettingValue::FromText("(none)")).AsText();
+  }
+  static QStringList Rows(QListView* list) {
+    QStringList rows;
+    for (int i = 0; i < list->model()->rowCount(); ++i) {
+      const QModelIndex row = list->model()->index(i, 0);
+      rows << row.data().toString() +
+                  (row.data(Qt::CheckStateRole).toInt() == Qt::Checked ? " [x]" : " [ ]");
+    }
+    return rows;
+  }
+  static void ClickRow(QListView* list, int row) {
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      list->visualRect(list->model()->index(row, 0)).center());
+    Settle();
+  }
+};
+
+TEST_F(DialogsTest, AdvancedReplaceAddsRowsOnTopAndStoresTheirMarks) {
+  bool worked = false;
+  WhenModalOpens([&](QWidget* dialog) {
+    EXPECT_EQ(dialog->windowTitle(), "Advanced Replace");
+    auto* list = Find<QListView>(dialog, "lstReplace");
+    TypeOver(Find<QComboBox>(dialog, "cboBatch0"), "Copy of ");
+    Click(Find<QPushButton>(dialog, "cmdAdd"));
+    TypeOver(Find<QComboBox>(dialog, "cboBatch0"), "_");
+    TypeOver(Find<QComboBox>(dialog, "cboBatch1"), " ");
+    Click(Find<QPushButton>(dialog, "cmdAdd"));
+    EXPECT_EQ(Rows(list), (QStringList{"_ >>   [x]", "Copy of  >>  [x]"}));
+    // The mark of the second row goes off with the keyboard's space.
+    ClickRow(list, 1);
+    QTest::keyClick(list, Qt::Key_Space);
+    Settle();
+    EXPECT_EQ(Rows(list), (QStringList{"_ >>   [x]", "Copy of  >>  [ ]"}));
+    SaveScreenshot(dialog, "dialog_advanced_replace");
+    Click(Find<QPushButton>(dialog, "cmdAccept"));
+    worked = true;
+  });
+  form->cmdReplaceAdv_Click();
+  Settle();
+  EXPECT_TRUE(worked);
+  EXPECT_EQ(Stored("ReplaceList"), "_ >>  %%1|Copy of  >> %%0|");
+}
+
+TEST_F(DialogsTest, AdvancedReplaceRefusesASeparatorWithAMessage) {
+  QString message;
+  WhenModalOpens([&](QWidget* dialog) {
+    TypeOver(Find<QComboBox>(dialog, "cboBatch0"), "a|b");
+    WhenModalOpens([&](QWidget* box) {
+      message = box->findChild<QLabel*>("qt_msgbox_label")->text();
+      SaveScreenshot(box, "message_refusal");
+      Click(box->findChild<QPushButton*>());
+    });
+    Click(Find<QPushButton>(dialog, "cmdAdd"));
+    EXPECT_EQ(Find<QListView>(dialog, "lstReplace")->model()->rowCount(), 0);
+    Click(Find<QPushButton>(dialog, "cmdAccept"));
+  });
+  form->cmdReplaceAdv_Click();
+  Settle();
+  EXPECT_THAT(message.toStdString(), ::testing::StartsWith("This text cannot be added"));
+}
+
+TEST_F(DialogsTest, UnwantedFormattingEditsItsRowsAndSavesOnFinished) {
+  bool worked = false;
+  WhenModalOpens([&](QWidget* dialog) {
+    EXPECT_EQ(dialog->windowTitle(), "Define 'Unwanted Formatting' Settings");
+    EXPECT_EQ(Find<QLabel>(dialog, "lblHeading")->text(), "Define Unwanted Formatting Settings");
+    EXPECT_EQ(Find<QLabel>(dialog, "lblCommonSettings")->text(), " Common Settings");
+    EXPECT_EQ(Find<QPushButton>(dialog, "cmdAdd")->text(), "Add >>");
+    EXPECT_EQ(Find<QPushButton>(dialog, "cmdExit")->text(), "Finished");
+    auto* list = Find<QListView>(dialog, "lstRemove");
+    ASSERT_EQ(list->model()->rowCount(), 7);
+    EXPECT_EQ(Rows(list).first(), "Copy Of [ ]");
+
+    ClickRow(list, 2);
+    auto* edit = Find<QLineEdit>(dialog, "txtEdit");
+    EXPECT_EQ(edit->text(), "Shortcut To");
+    TypeOver(edit, "Shortcut to");
+    Click(Find<QPushButton>(dialog, "cmdUpdate"));
+    TypeOver(Find<QLineEdit>(dialog, "txtAdd"), "Copy ");
+    Click(Find<QPushButton>(dialog, "cmdAdd"));
+    EXPECT_EQ(Rows(list).mid(0, 4),
+              (QStringList{"Copy  [x]", "Copy Of [ ]", "Copy (##) Of [ ]", "Shortcut to [ ]"}));
+    SaveScreenshot(dialog, "dialog_unwanted_formatting");
+    Click(Find<QPushButton>(dialog, "cmdExit"));
+    worked = true;
+  });
+  Click(Find<QPushButton>(window(), "cmdUnwantedFormat"));
+  EXPECT_TRUE(worked);
+  EXPECT_THAT(Stored("FormattingList"),
+              ::testing::StartsWith("Copy %%1|Copy Of%%0|Copy (##) Of%%0|Shortcut to%%0|"));
+}
+
+TEST_F(DialogsTest, UnwantedFormattingSelectsTheRowTextWhenTheEditBoxTakesFocus) {
+  WhenModalOpens([&](QWidget* dialog) {
+    ClickRow(Find<QListView>(dialog, "lstRemove"), 0);
+    auto* edit = Find<QLineEdit>(dialog, "txtEdit");
+    QTest::mouseClick(edit, Qt::LeftButton);
+    Settle();
+    EXPECT_EQ(edit->selectedText(), "Copy Of");
+    dialog->close();  // the close box saves as Finished does
+  });
+  Click(Find<QPushButton>(window(), "cmdUnwantedFormat"));
+  EXPECT_THAT(Stored("FormattingList"), ::testing::StartsWith("Copy Of%%0|"));
+}
+
+}  // namespace
+}  // namespace tessaly::qt

@@ -1,0 +1,61 @@
+// The progress window beside the preview loop.
+
+#include <gmock/gmock.h>
+
+#include "qt_test_support.h"
+
+namespace tessaly::qt {
+namespace {
+
+class ProgressWindowTest : public QtWizardTest {
+ protected:
+  // Lists `count` files and enters step 3, whose preview shows the window.
+  void PreviewOf(int count) {
+    Start();
+    DropData drop;
+    for (int i = 0; i < count; ++i) drop.files.push_back("c:\\p\\" + std::to_string(i) + ".jpg");
+    form->AddDroppedFiles(drop);
+    form->lblStep[3].Click();
+    Settle();
+  }
+};
+
+TEST_F(ProgressWindowTest, ThreeFilesClimbInThirds) {
+  PreviewOf(3);
+  EXPECT_EQ(ui.progressTexts, (QStringList{"0%", "33.33%", "66.67%", "100%"}));
+  ASSERT_EQ(ui.barShares.size(), 4u);
+  EXPECT_NEAR(ui.barShares[0], 0.0, 0.01);
+  EXPECT_NEAR(ui.barShares[1], 1.0 / 3, 0.01);
+  EXPECT_NEAR(ui.barShares[3], 1.0, 0.01);
+  EXPECT_EQ(ui.progressTitles, QStringList{"Generating Renamed Files Preview..."});
+  EXPECT_EQ(ui.progressWindow(), nullptr);  // gone with its form
+}
+
+TEST_F(ProgressWindowTest, EightFilesShowAnEighthAsTwelvePointFive) {
+  PreviewOf(8);
+  EXPECT_EQ(ui.progressTexts, (QStringList{"0%", "12.5%", "25%", "37.5%", "50%", "62.5%", "75%",
+                                           "87.5%", "100%"}));
+}
+
+TEST_F(ProgressWindowTest, StandsCentredOnTheWizardWithoutHoldingIt) {
+  bool looked = false;
+  ui.onPendingEvents = [&] {
+    ProgressWindow* progress = ui.progressWindow();
+    if (looked || progress == nullptr || progress->percentText() != "50%") return;
+    looked = true;
+    EXPECT_TRUE(progress->isVisible());
+    EXPECT_TRUE(progress->windowFlags().testFlag(Qt::Tool));  // no task-bar entry
+    EXPECT_FALSE(progress->isModal());
+    EXPECT_EQ(progress->parentWidget(), ui.wizardWindow());
+    const QPoint offset = progress->frameGeometry().center() - ui.wizardWindow()->frameGeometry().center();
+    EXPECT_LE(offset.manhattanLength(), 4);
+    // The wizard stays live: its buttons take clicks while the loop runs.
+    EXPECT_TRUE(ui.wizardWindow()->isEnabled());
+    SaveScreenshot(progress, "progress_window");
+  };
+  PreviewOf(4);
+  EXPECT_TRUE(looked);
+}
+
+}  // namespace
+}  // namespace tessaly::qt

@@ -1,0 +1,132 @@
+#include "qt_test_support.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QRadioButton>
+#include <QDir>
+#include <QDropEvent>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QTest>
+#include <QTimer>
+#include <QUrl>
+
+#include "wizard/start_up.h"
+
+namespace tessaly::qt {
+
+void WatchingUi::LetPendingEventsRun() {
+  if (ProgressWindow* window = progressWindow()) {
+    if (progressTexts.isEmpty() || progressTexts.constLast() != window->percentText()) {
+      progressTexts << window->percentText();
+      barShares.push_back(window->barShare());
+    }
+    if (!progressTitles.contains(window->windowTitle())) progressTitles << window->windowTitle();
+  }
+  if (onPendingEvents) onPendingEvents();
+  QtUi::LetPendingEventsRun();
+}
+
+void Settle() {
+  for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
+}
+
+void Click(QWidget* widget) {
+  ASSERT_NE(widget, nullptr);
+  // A check box or option takes clicks on its mark and caption only, and
+  // may be wider than both.
+  const bool markAtLeft = qobject_cast<QCheckBox*>(widget) || qobject_cast<QRadioButton*>(widget);
+  const QPoint at = markAtLeft ? QPoint(8, widget->height() / 2) : widget->rect().center();
+  QTest::mouseClick(widget, Qt::LeftButton, Qt::NoModifier, at);
+  Settle();
+}
+
+void TypeOver(QWidget* box, const QString& text) {
+  QLineEdit* edit = qobject_cast<QLineEdit*>(box);
+  if (auto* combo = qobject_cast<QComboBox*>(box)) edit = combo->lineEdit();
+  ASSERT_NE(edit, nullptr);
+  edit->setFocus();
+  QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClick(edit, Qt::Key_Delete);
+  QTest::keyClicks(edit, text);
+  Settle();
+}
+
+namespace {
+
+bool Drop(QWidget* target, QMimeData& data, const QPoint* where) {
+  const QPointF at = where != nullptr ? QPointF(*where) : QPointF(target->rect().center());
+  QDragEnterEvent enter(at.toPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(target, &enter);
+  if (!enter.isAccepted()) return false;
+  QDragMoveEvent move(at.toPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(target, &move);
+  if (!move.isAccepted()) return false;
+  QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(target, &drop);
+  Settle();
+  return drop.isAccepted();
+}
+
+}  // namespace
+
+bool DropFiles(QWidget* target, const QStringList& nativePaths, const QPoint* where) {
+  QMimeData data;
+  QList<QUrl> urls;
+  for (const QString& path : nativePaths) urls << QUrl::fromLocalFile(path);
+  data.setUrls(urls);
+  return Drop(target, data, where);
+}
+
+bool DropText(QWidget* target, const QString& text) {
+  QMimeData data;
+  data.setText(text);
+  return Drop(target, data, nullptr);
+}
+
+void WhenModalOpens(std::function<void(QWidget*)> action) {
+  // Polls, since the modal loop starts only after the call that opens it.
+  auto* timer = new QTimer;
+  timer->setInterval(10);
+  QObject::connect(timer, &QTimer::timeout, [timer, action] {
+    QWidget* modal = QApplication::activeModalWidget();
+    if (modal == nullptr || !modal->isVisible()) return;
+    timer->stop();
+    timer->deleteLater();
+    action(modal);
+  });
+  timer->start();
+}
+
+void SaveScreenshot(QWidget* widget, const QString& name) {
+  const QString folder = QStringLiteral(TESSALY_SCREENSHOT_DIR);
+  QDir().mkpath(folder);
+  EXPECT_TRUE(widget->grab().save(folder + QLatin1Char('/') + name + QStringLiteral(".png")));
+}
+
+QtWizardTest::~QtWizardTest() {
+  // The windows go before the form they draw.
+  if (QWidget* wizard = ui.wizardWindow()) delete wizard;
+  Settle();
+}
+
+fTessaly& QtWizardTest::Start(std::string commandLine) {
+  program.commandLine = std::move(commandLine);
+  form = std::make_unique<fTessaly>(WizardServices{files, store, ui, clock, locale, random,
+                                                   program, shell, network, shortPaths});
+  StartWizard(*form, ui);
+  Settle();
+  return *form;
+}
+
+QWidget* QtWizardTest::window() const { return ui.wizardWindow(); }
+
+}  // namespace tessaly::qt
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication app(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  ::testing::InitGoogleTest(&argc, argv);
+  return RUN_ALL_TESTS();
+}
