@@ -8,49 +8,16 @@
 #include <fstream>
 #include <random>
 
-#include "platform/memory/fixed_clock.h"
-#include "platform/memory/fixed_locale.h"
-#include "platform/memory/fixed_network_status.h"
-#include "platform/memory/fixed_program.h"
+#include "memory_world.h"
 #include "platform/memory/memory_file_system.h"
-#include "platform/memory/memory_registry.h"
-#include "platform/memory/memory_short_paths.h"
-#include "platform/memory/recording_shell.h"
-#include "platform/memory/scripted_random.h"
-#include "platform/memory/scripted_ui.h"
 #include "platform/posix/native_path.h"
 #include "platform/posix/posix_file_system.h"
 #include "sample_names.h"
-#include "wizard/start_up.h"
 
 namespace tessaly {
 namespace {
 
 constexpr std::size_t kLargestList = 32767;
-
-// Everything but the file system in memory.
-struct World {
-  explicit World(FileSystem& files) : files(files) {}
-  fTessaly& Start(std::string commandLine) {
-    program.commandLine = std::move(commandLine);
-    form = std::make_unique<fTessaly>(WizardServices{files, store, ui, clock, locale, random,
-                                                     program, shell, network, shortPaths});
-    StartWizard(*form, ui);
-    return *form;
-  }
-  FileSystem& files;
-  MemoryRegistry registry;
-  SettingsStore store{registry};
-  ScriptedUi ui;
-  FixedClock clock{CivilDate{2026, 11, 18}};
-  FixedLocale locale;
-  ScriptedRandom random;
-  FixedProgram program;
-  RecordingShell shell;
-  FixedNetworkStatus network;
-  MemoryShortPaths shortPaths;
-  std::unique_ptr<fTessaly> form;
-};
 
 void BM_CommandLineOfLargestList(benchmark::State& state) {
   std::vector<std::string> paths = bench::SampleNames(kLargestList);
@@ -66,7 +33,7 @@ void BM_CommandLineOfLargestList(benchmark::State& state) {
   }
   commandLine += " /hide";
   for (auto _ : state) {
-    World world(files);
+    MemoryWorld world(files);
     fTessaly& wizard = world.Start(commandLine);
     benchmark::DoNotOptimize(wizard.lstFiles.List(0));
     if (wizard.lstFiles.ListCount() != kLargestList) state.SkipWithError("paths were lost");
@@ -85,7 +52,7 @@ void BM_DirectoryImportOfLargestFolder(benchmark::State& state) {
   PosixFileSystem files;
   const std::string modelFolder = ToModelPath(folder.string());
   for (auto _ : state) {
-    World world(files);
+    MemoryWorld world(files);
     fTessaly& wizard = world.Start("");
     world.ui.QueueFolder(modelFolder);
     wizard.cmdAddDirectory_Click();
