@@ -1,9 +1,12 @@
 #include "wizard_report.h"
 
+#include "wizard/wizard_texts.h"
+
 namespace tessaly::cli {
 
 void ReportWizard(const fTessaly& form, std::ostream& out, std::ostream& messages,
                   ColourMode colours) {
+  if (form.refusedForLimit() > 0) messages << "tessaly-cli: " << ListFullText(form.refusedForLimit()) << "\n";
   if (form.tLog.Length() > 0) {
     PrintRichText(form.tLog, out, colours);
   } else if (form.CurrentStep == 3 && form.tOutput.Length() > 0) {

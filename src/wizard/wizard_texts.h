@@ -47,6 +47,13 @@ inline constexpr std::string_view kIncludePathInfo =
 inline constexpr std::string_view kPreviewProgressCaption = "Generating Renamed Files Preview...";
 inline constexpr std::string_view kRunProgressCaption = "Renaming and Moving Files...";
 
+// What a front-end says when the list could not take every path it was
+// given.
+inline std::string ListFullText(int refused) {
+  return std::to_string(refused) + (refused == 1 ? " path was" : " paths were") +
+         " not added: the file list holds at most 32,767 files.";
+}
+
 }  // namespace tessaly
 
 #endif  // TESSALY_WIZARD_WIZARD_TEXTS_H_

@@ -48,6 +48,19 @@ TEST_F(CommandLineTest, BarePathsOpenOnFileSelection) {
   EXPECT_EQ(wizard.lStat.caption(), "2 files.");
 }
 
+TEST_F(CommandLineTest, PathsBeyondTheListsLimitAreCountedNotLost) {
+  std::string line;
+  for (int i = 0; i < 32769; ++i) {
+    const std::string path = "C:\\many\\" + std::to_string(i) + ".txt";
+    files.AddFile(path);
+    line += path + ";";
+  }
+  fTessaly& wizard = Start(line);
+  EXPECT_EQ(wizard.lstFiles.ListCount(), 32767u);
+  EXPECT_EQ(wizard.refusedForLimit(), 2);
+  EXPECT_EQ(wizard.lStat.caption(), "32767 files.");
+}
+
 TEST_F(CommandLineTest, ASlashAnywhereKeepsTheWizardOnWelcome) {
   MakeFiles({"C:\\d\\a.txt"});
   fTessaly& wizard = Start(R"x(C:\d\a.txt /Exit)x");
