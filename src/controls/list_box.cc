@@ -8,23 +8,79 @@ namespace tessaly {
 
 namespace {
 
-bool Before(const std::string& a, const std::string& b) {
-  return text::CompareIgnoreCase(a, b) < 0;
+// Appends `code` so that byte order is code order: UTF-8's layout, which
+// also covers the codes past Unicode that stand for invalid bytes.
+void AppendOrdered(std::string& out, char32_t code) {
+  if (code < 0x80) {
+    out.push_back(static_cast<char>(code));
+  } else if (code < 0x800) {
+    out.push_back(static_cast<char>(0xC0 | (code >> 6)));
+    out.push_back(static_cast<char>(0x80 | (code & 0x3F)));
+  } else if (code < 0x10000) {
+    out.push_back(static_cast<char>(0xE0 | (code >> 12)));
+    out.push_back(static_cast<char>(0x80 | ((code >> 6) & 0x3F)));
+    out.push_back(static_cast<char>(0x80 | (code & 0x3F)));
+  } else {
+    out.push_back(static_cast<char>(0xF0 | (code >> 18)));
+    out.push_back(static_cast<char>(0x80 | ((code >> 12) & 0x3F)));
+    out.push_back(static_cast<char>(0x80 | ((code >> 6) & 0x3F)));
+    out.push_back(static_cast<char>(0x80 | (code & 0x3F)));
+  }
+}
+
+// Two keys are equal exactly when CompareIgnoreCase calls their texts equal,
+// and compare as bytes the way it compares the texts, but without decoding
+// and folding at every comparison.
+std::string SortKey(std::string_view text) {
+  std::string key;
+  key.reserve(text.size());
+  for (char32_t code : text::Fold(text)) AppendOrdered(key, code);
+  return key;
 }
 
 }  // namespace
 
+const ListBox::Row& ListBox::At(std::size_t index) const {
+  // Rows in front of the first removed one keep their indexes meanwhile.
+  if (settled_ != rows_.size() || (removedCount_ > 0 && index >= firstRemoved_)) Settle();
+  return rows_.at(index);
+}
+
+void ListBox::DropRemoved() const {
+  if (removedCount_ == 0) return;
+  const auto isRemoved = [](const Row& row) { return row.removed; };
+  if (listIndex_ >= 0) {
+    listIndex_ -=
+        static_cast<int>(std::count_if(rows_.begin(), rows_.begin() + listIndex_, isRemoved));
+  }
+  rows_.erase(std::remove_if(rows_.begin(), rows_.end(), isRemoved), rows_.end());
+  // A removal merges first, so every removed row stood in the merged part.
+  settled_ -= removedCount_;
+  removedCount_ = 0;
+}
+
 void ListBox::Settle() const {
+  DropRemoved();
   if (settled_ == rows_.size()) return;
   const std::uint64_t current = listIndex_ >= 0 ? rows_[listIndex_].arrival : 0;
-  const auto byText = [](const Row& a, const Row& b) { return Before(a.text, b.text); };
+  const auto byKey = [](const Row& a, const Row& b) { return a.key < b.key; };
   const auto middle = rows_.begin() + static_cast<std::ptrdiff_t>(settled_);
-  // Stable, so rows equal ignoring case keep the order they came in, as if
-  // each had been put after its equals when it was added.
-  std::stable_sort(middle, rows_.end(), byText);
-  std::inplace_merge(rows_.begin(), middle, rows_.end(), byText);
+  // Both steps are stable: rows equal ignoring case keep the order they came
+  // in, old before new, as if each had been put after its equals when added.
+  std::stable_sort(middle, rows_.end(), byKey);
+  std::inplace_merge(rows_.begin(), middle, rows_.end(), byKey);
   settled_ = rows_.size();
   if (listIndex_ >= 0) listIndex_ = static_cast<int>(IndexOfArrival(current));
+}
+
+std::size_t ListBox::CountBefore(const std::string& key) const {
+  const auto settledEnd = rows_.begin() + static_cast<std::ptrdiff_t>(settled_);
+  const auto below =
+      std::lower_bound(rows_.begin(), settledEnd, key,
+                       [](const Row& row, const std::string& k) { return row.key < k; });
+  const auto waiting =
+      std::count_if(settledEnd, rows_.end(), [&](const Row& row) { return row.key < key; });
+  return static_cast<std::size_t>(below - rows_.begin()) + static_cast<std::size_t>(waiting);
 }
 
 std::size_t ListBox::IndexOfArrival(std::uint64_t arrival) const {
@@ -34,27 +90,49 @@ std::size_t ListBox::IndexOfArrival(std::uint64_t arrival) const {
   return 0;
 }
 
-void ListBox::Index(const std::string& text) {
-  if (sorted_) ++folded_[text::Fold(text)];
+void ListBox::MoveToSortedPlace(std::size_t index) {
+  const bool wasCurrent = listIndex_ == static_cast<int>(index);
+  Row row = std::move(rows_[index]);
+  rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(index));
+  if (listIndex_ > static_cast<int>(index)) --listIndex_;
+  const auto at = std::upper_bound(rows_.begin(), rows_.end(), row.key,
+                                   [](const std::string& k, const Row& r) { return k < r.key; });
+  const auto place = static_cast<int>(at - rows_.begin());
+  rows_.insert(at, std::move(row));
+  if (wasCurrent) {
+    listIndex_ = place;
+  } else if (listIndex_ >= place) {
+    ++listIndex_;
+  }
 }
 
-void ListBox::Unindex(const std::string& text) {
+void ListBox::Index(const std::string& key) {
+  if (sorted_) ++keys_[key];
+}
+
+void ListBox::Unindex(const std::string& key) {
   if (!sorted_) return;
-  const auto found = folded_.find(text::Fold(text));
-  if (found != folded_.end() && --found->second == 0) folded_.erase(found);
+  const auto found = keys_.find(key);
+  if (found != keys_.end() && --found->second == 0) keys_.erase(found);
 }
 
 void ListBox::SetList(std::size_t index, std::string text) {
-  Row& row = Settled().at(index);
-  Unindex(row.text);
-  Index(text);
+  Settle();
+  Row& row = rows_.at(index);
+  Unindex(row.key);
+  if (sorted_) row.key = SortKey(text);
+  Index(row.key);
   row.text = std::move(text);
+  // Left where it was, the row would break the order every look-up relies on.
+  if (sorted_) MoveToSortedPlace(index);
   changed.Emit();
 }
 
 void ListBox::AddItem(std::string text) {
-  Index(text);
-  rows_.push_back(Row{std::move(text), false, false, ++arrivals_});
+  if (!sorted_) Settle();  // so that the new row's index is final
+  std::string key = sorted_ ? SortKey(text) : std::string();
+  Index(key);
+  rows_.push_back(Row{std::move(text), std::move(key), false, false, false, ++arrivals_});
   if (!sorted_) settled_ = rows_.size();
   lastAddedIndex_ = rows_.size() - 1;
   changed.Emit();
@@ -67,9 +145,10 @@ std::size_t ListBox::NewIndex() const {
 }
 
 void ListBox::AddItemAt(std::string text, std::size_t index) {
-  if (sorted_ || index > rows_.size()) return;
+  if (sorted_ || index > ListCount()) return;
+  Settle();
   rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(index),
-               Row{std::move(text), false, false, ++arrivals_});
+               Row{std::move(text), {}, false, false, false, ++arrivals_});
   settled_ = rows_.size();
   lastAddedIndex_ = index;
   if (listIndex_ >= static_cast<int>(index)) ++listIndex_;
@@ -77,55 +156,55 @@ void ListBox::AddItemAt(std::string text, std::size_t index) {
 }
 
 void ListBox::RemoveItem(std::size_t index) {
-  Settle();
-  if (index >= rows_.size()) return;
-  Unindex(rows_[index].text);
-  rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(index));
-  settled_ = rows_.size();
-  // Removing the current row leaves no current row.
-  if (listIndex_ == static_cast<int>(index)) {
-    listIndex_ = -1;
-  } else if (listIndex_ > static_cast<int>(index)) {
-    --listIndex_;
-  }
+  if (index >= ListCount()) return;
+  Row& row = At(index);  // now nothing waits to be merged, nor removed in front of it
+  row.removed = true;
+  Unindex(row.key);
+  if (row.selected) --selectedCount_;
+  firstRemoved_ = index;
+  ++removedCount_;
+  // Removing the current row leaves no current row; any other current row
+  // is moved up when the removed rows are dropped.
+  if (listIndex_ == static_cast<int>(index)) listIndex_ = -1;
   changed.Emit();
 }
 
 void ListBox::Clear() {
   rows_.clear();
   settled_ = 0;
-  folded_.clear();
+  removedCount_ = 0;
+  selectedCount_ = 0;
+  keys_.clear();
   listIndex_ = -1;
   changed.Emit();
 }
 
 int ListBox::FindExact(std::string_view key) const {
   if (!sorted_) {
+    DropRemoved();
     for (std::size_t i = 0; i < rows_.size(); ++i) {
       if (text::CompareIgnoreCase(rows_[i].text, key) == 0) return static_cast<int>(i);
     }
     return -1;
   }
-  if (!folded_.contains(text::Fold(key))) return -1;
-  Settle();
-  const auto found = std::lower_bound(
-      rows_.begin(), rows_.end(), key,
-      [](const Row& row, std::string_view k) { return text::CompareIgnoreCase(row.text, k) < 0; });
-  if (found == rows_.end() || text::CompareIgnoreCase(found->text, key) != 0) return -1;
-  return static_cast<int>(found - rows_.begin());
+  const std::string sortKey = SortKey(key);
+  if (!keys_.contains(sortKey)) return -1;
+  // The first equal row stands behind every row that sorts before it, merged
+  // or not. Counting the waiting rows costs a comparison each, a merge about
+  // one per row of the list; with hits and misses taking turns, merging once
+  // the waiting rows pass the square root of the list keeps both costs low.
+  DropRemoved();
+  const std::size_t waiting = rows_.size() - settled_;
+  if (waiting * waiting > rows_.size()) Settle();
+  return static_cast<int>(CountBefore(sortKey));
 }
 
-void ListBox::SetChecked(std::size_t index, bool checked) {
-  Update(Settled().at(index).checked, checked);
-}
+void ListBox::SetChecked(std::size_t index, bool checked) { Update(At(index).checked, checked); }
 
 void ListBox::SetSelected(std::size_t index, bool selected) {
-  Update(Settled().at(index).selected, selected);
-}
-
-std::size_t ListBox::SelCount() const {
-  return static_cast<std::size_t>(
-      std::count_if(rows_.begin(), rows_.end(), [](const Row& row) { return row.selected; }));
+  if (Update(At(index).selected, selected)) {
+    selected ? ++selectedCount_ : --selectedCount_;
+  }
 }
 
 void ListBox::SetListIndex(int index) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "controls/control.h"
@@ -19,13 +20,18 @@ namespace tessaly {
 // A sorted list takes tens of thousands of adds in a row, each checked for
 // a duplicate first. So adds to a sorted list wait unsorted until anything
 // asks for an index, and are merged in then; a duplicate check that misses
-// needs no merge.
+// needs no merge. The order that comes out is the one that putting each row
+// in place at once would give. Likewise removed rows are only marked, and
+// dropped together when an index behind one of them is asked for, so that
+// removing the selected rows from the last one up takes one pass.
 class ListBox : public Control {
  public:
   explicit ListBox(bool sorted = false) : sorted_(sorted) {}
 
-  std::size_t ListCount() const { return rows_.size(); }
-  const std::string& List(std::size_t index) const { return Settled().at(index).text; }
+  std::size_t ListCount() const { return rows_.size() - removedCount_; }
+  const std::string& List(std::size_t index) const { return At(index).text; }
+  // Replaces the text of row `index`; in a sorted list the row then moves to
+  // its sorted place (after rows equal to it ignoring case).
   void SetList(std::size_t index, std::string text);
 
   // Appends, or with a sorted list puts the row at its sorted place (after
@@ -41,11 +47,11 @@ class ListBox : public Control {
   // The first row equal to `key` ignoring case, or -1.
   int FindExact(std::string_view key) const;
 
-  bool Checked(std::size_t index) const { return Settled().at(index).checked; }
+  bool Checked(std::size_t index) const { return At(index).checked; }
   void SetChecked(std::size_t index, bool checked);
-  bool Selected(std::size_t index) const { return Settled().at(index).selected; }
+  bool Selected(std::size_t index) const { return At(index).selected; }
   void SetSelected(std::size_t index, bool selected);
-  std::size_t SelCount() const;
+  std::size_t SelCount() const { return selectedCount_; }
 
   int ListIndex() const {
     Settle();
@@ -62,33 +68,43 @@ class ListBox : public Control {
  private:
   struct Row {
     std::string text;
+    // In a sorted list, the text folded as CompareIgnoreCase folds it and
+    // encoded so that comparing the bytes orders as CompareIgnoreCase does.
+    std::string key;
     bool checked = false;
     bool selected = false;
+    bool removed = false;
     std::uint64_t arrival = 0;  // order of adding, to find a row after a merge
   };
 
-  const std::vector<Row>& Settled() const {
-    Settle();
-    return rows_;
-  }
-  std::vector<Row>& Settled() {
-    Settle();
-    return rows_;
-  }
-  // Merges the rows added since the last merge into their sorted places.
+  // Row `index` as the list stands, settling only as far as that needs;
+  // throws std::out_of_range as vector::at does.
+  const Row& At(std::size_t index) const;
+  Row& At(std::size_t index) { return const_cast<Row&>(std::as_const(*this).At(index)); }
+  // Drops removed rows, then merges the rows added since the last merge
+  // into their sorted places. Afterwards indexes are those of the list.
   void Settle() const;
+  void DropRemoved() const;
+  // How many rows, merged or not, come before `key` (a sort key) in order.
+  std::size_t CountBefore(const std::string& key) const;
   std::size_t IndexOfArrival(std::uint64_t arrival) const;
-  void Index(const std::string& text);
-  void Unindex(const std::string& text);
+  void MoveToSortedPlace(std::size_t index);
+  void Index(const std::string& key);
+  void Unindex(const std::string& key);
 
+  // Until settled, removed rows still stand in rows_, all of them at or
+  // behind firstRemoved_, and listIndex_ counts them.
   mutable std::vector<Row> rows_;
   mutable std::size_t settled_ = 0;  // rows_[0, settled_) are in place
+  mutable std::size_t removedCount_ = 0;
+  mutable std::size_t firstRemoved_ = 0;  // meaningful while removedCount_ > 0
   mutable int listIndex_ = -1;
   bool sorted_;
   std::uint64_t arrivals_ = 0;
   std::size_t lastAddedIndex_ = 0;  // for unsorted lists
-  // Folded texts of a sorted list's rows, with their counts.
-  std::unordered_map<std::u32string, int> folded_;
+  std::size_t selectedCount_ = 0;
+  // The sort keys of a sorted list's rows, with their counts.
+  std::unordered_map<std::string, int> keys_;
 };
 
 }  // namespace tessaly

@@ -90,12 +90,16 @@ FolderIndex::Folder* FolderIndex::Fresh(const std::string& folder, const struct 
   auto found = folders_.find(id);
   if (found != folders_.end()) {
     Folder& known = found->second;
-    const bool unchanged = Nanos(known.stamp.modified) == Nanos(stamp.modified);
-    const bool ownChange = known.ownChanges &&
-                           Nanos(stamp.modified) <= Nanos(known.ownChangesUntil);
-    if (unchanged || ownChange) {
-      // Own changes whose time has not been seen yet stay pending.
-      if (!unchanged) known.ownChanges = false;
+    const long long seen = Nanos(stamp.modified);
+    // A look no newer than the one the index has (the same, or an earlier
+    // one kept by a caller under another name for the folder) brings no
+    // news; own changes whose time has not been seen yet stay pending.
+    if (seen <= Nanos(known.stamp.modified)) {
+      known.checkedAt = now;
+      return &known;
+    }
+    if (known.ownChanges && seen <= Nanos(known.ownChangesUntil)) {
+      known.ownChanges = false;
       known.stamp = stamp;
       known.checkedAt = now;
       return &known;

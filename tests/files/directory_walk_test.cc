@@ -1,0 +1,124 @@
+#include "files/directory_walk.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/memory/memory_file_system.h"
+#include "text/text_ops.h"
+
+namespace tessaly {
+namespace {
+
+using ::testing::ElementsAre;
+
+// Passes everything to a memory file system and notes each search asked for.
+class RecordingFileSystem : public FileSystem {
+ public:
+  explicit RecordingFileSystem(FileSystem& inner) : inner_(inner) {}
+
+  std::optional<std::uint32_t> GetAttributes(std::string_view path) override {
+    return inner_.GetAttributes(path);
+  }
+  bool Rename(std::string_view, std::string_view) override {
+    ADD_FAILURE() << "a walk renames nothing";
+    return false;
+  }
+  bool Delete(std::string_view) override {
+    ADD_FAILURE() << "a walk deletes nothing";
+    return false;
+  }
+  std::vector<DirectoryEntry> Search(std::string_view pattern, std::uint32_t include) override {
+    searches.push_back(std::string(pattern) + (include == 0 ? " files" : " files+folders"));
+    return inner_.Search(pattern, include);
+  }
+
+  std::vector<std::string> searches;
+
+ private:
+  FileSystem& inner_;
+};
+
+class DirectoryWalk : public ::testing::Test {
+ protected:
+  DirectoryWalk() {
+    files_.AddFile("C:\\Top\\b.txt");
+    files_.AddFile("C:\\Top\\README");  // no extension
+    files_.AddFile("C:\\Top\\a.jpg");
+    files_.AddFile("C:\\Top\\.hidden.txt", attr::kHidden);
+    files_.AddFile("C:\\Top\\locked.txt", attr::kReadOnly);
+    files_.AddFile("C:\\Top\\pipe.txt", attr::kSystem);
+    files_.AddFile("C:\\Top\\A\\c.txt");
+    files_.AddFile("C:\\Top\\A\\Deep\\d.txt");
+    files_.AddFile("C:\\Top\\B\\e.txt");
+    files_.AddFile("C:\\Top\\.cache", attr::kDirectory | attr::kHidden);
+    files_.AddFile("C:\\Top\\.cache\\f.txt");
+    files_.AddFile("C:\\Top\\Sys", attr::kDirectory | attr::kSystem);
+    files_.AddFile("C:\\Top\\Sys\\g.txt");
+  }
+
+  MemoryFileSystem files_;
+};
+
+TEST_F(DirectoryWalk, OwnFilesPatternByPatternThenEachSubtreeInTurn) {
+  EXPECT_THAT(
+      ListFiles(files_, "C:\\Top", "*.*", false),
+      ElementsAre("C:\\Top\\a.jpg", "C:\\Top\\b.txt", "C:\\Top\\locked.txt", "C:\\Top\\README"));
+  EXPECT_THAT(ListFiles(files_, "C:\\Top\\", "*.txt;*.jpg", true),
+              ElementsAre("C:\\Top\\b.txt", "C:\\Top\\locked.txt", "C:\\Top\\a.jpg",
+                          "C:\\Top\\A\\c.txt", "C:\\Top\\A\\Deep\\d.txt", "C:\\Top\\B\\e.txt"));
+}
+
+TEST_F(DirectoryWalk, AsksForPlainFilesPerPatternAndForFoldersOnlyWhenRecursive) {
+  struct Case {
+    const char* path;
+    const char* patterns;
+    bool recursive;
+    std::vector<std::string> searches;
+  };
+  const Case cases[] = {
+      {"C:\\Top\\A", "*.txt;*.jpg", false, {"C:\\Top\\A\\*.txt files", "C:\\Top\\A\\*.jpg files"}},
+      {"C:\\Top\\A\\",
+       "*.*",
+       true,
+       {"C:\\Top\\A\\*.* files", "C:\\Top\\A\\*.* files+folders", "C:\\Top\\A\\Deep\\*.* files",
+        "C:\\Top\\A\\Deep\\*.* files+folders"}},
+      {"C:\\", "x", false, {"C:\\x files"}},  // a drive's root gets no second backslash
+      {"C:\\Top\\B", "", false, {}},
+  };
+  for (const Case& c : cases) {
+    RecordingFileSystem recording(files_);
+    ListFiles(recording, c.path, c.patterns, c.recursive);
+    EXPECT_EQ(recording.searches, c.searches) << c.path;
+  }
+}
+
+TEST_F(DirectoryWalk, RootPathsHaveOneBackslashBehindTheDrive) {
+  MemoryFileSystem files;
+  files.AddFile("c:\\a.txt");
+  files.AddFile("c:\\Sub\\b.txt");
+  EXPECT_THAT(ListFiles(files, "c:\\", "*.*", true), ElementsAre("c:\\a.txt", "c:\\Sub\\b.txt"));
+}
+
+TEST_F(DirectoryWalk, NoPathTwiceIgnoringCase) {
+  MemoryFileSystem files(MemoryFileSystem::LetterCase::kExact);
+  files.AddFile("C:\\F\\a.txt");
+  files.AddFile("C:\\F\\A.txt");
+  files.AddFile("C:\\F\\b.txt");
+  const auto found = ListFiles(files, "C:\\F", "*.txt;*.TXT;b.*", false);
+  ASSERT_EQ(found.size(), 2u);
+  EXPECT_EQ(text::CompareIgnoreCase(found[0], "C:\\F\\a.txt"), 0);
+  EXPECT_EQ(found[1], "C:\\F\\b.txt");
+}
+
+TEST_F(DirectoryWalk, FoldersThatCannotBeReadAddNothing) {
+  files_.MakeUnreadable("C:\\Top\\A");
+  EXPECT_THAT(ListFiles(files_, "C:\\Top", "*.txt", true),
+              ElementsAre("C:\\Top\\b.txt", "C:\\Top\\locked.txt", "C:\\Top\\B\\e.txt"));
+  files_.MakeUnreadable("C:\\Top");
+  EXPECT_THAT(ListFiles(files_, "C:\\Top", "*.*", true), ElementsAre());
+  EXPECT_THAT(ListFiles(files_, "C:\\Nowhere", "*.*", true), ElementsAre());
+  EXPECT_THAT(ListFiles(files_, "\\\\server\\share", "*.*", true), ElementsAre());
+}
+
+}  // namespace
+}  // namespace tessaly

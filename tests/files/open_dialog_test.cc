@@ -1,0 +1,111 @@
+#include "files/open_dialog.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "files/folder_browser.h"
+#include "platform/memory/scripted_ui.h"
+
+namespace tessaly {
+namespace {
+
+using namespace std::string_literals;
+
+// A multiple selection that fills all 257 characters of the buffer, its
+// own two closing zero characters included.
+OpenFileAnswer FullBuffer() {
+  std::string block = "C:\\F"s + '\0';
+  while (block.size() + 9 + 2 + 3 <= 257) block += "name.txt"s + '\0';
+  block += std::string(257 - 2 - block.size(), 'z') + '\0' + '\0';
+  return {true, block, 0};
+}
+
+TEST(OpenDialog, AnswersBecomePathsJoinedBySemicolons) {
+  struct Case {
+    const char* name;
+    OpenFileAnswer answer;
+    std::string paths;
+  };
+  const Case cases[] = {
+      {"one file", ScriptedUi::SingleFileAnswer("C:\\Docs\\a.txt"), "C:\\Docs\\a.txt"},
+      {"one file without extension", ScriptedUi::SingleFileAnswer("C:\\Docs\\README"),
+       "C:\\Docs\\README"},
+      {"three files", ScriptedUi::MultipleFilesAnswer("C:\\Docs", {"a.txt", "b.txt", "c.txt"}),
+       "C:\\Docs\\a.txt;C:\\Docs\\b.txt;C:\\Docs\\c.txt"},
+      {"drive's root", ScriptedUi::MultipleFilesAnswer("C:\\", {"a.txt", "b.txt"}),
+       "C:\\a.txt;C:\\b.txt"},
+      {"last name of one character", ScriptedUi::MultipleFilesAnswer("C:\\D", {"ab", "c"}),
+       "C:\\D\\ab"},
+      {"last name of two characters", ScriptedUi::MultipleFilesAnswer("C:\\D", {"c", "ab"}),
+       "C:\\D\\c;C:\\D\\ab"},
+      {"too long for the buffer",
+       ScriptedUi::MultipleFilesAnswer("C:\\Docs", std::vector<std::string>(30, "long-name.txt")),
+       ""},
+      {"cancelled", OpenFileAnswer{}, ""},
+      {"accepted but empty", OpenFileAnswer{true, "", 0}, ""},
+  };
+  for (const Case& c : cases) {
+    ScriptedUi ui;
+    ui.QueueOpenFileAnswer(c.answer);
+    EXPECT_EQ(ShowOpenDialog(ui, kAllFilesFilter, "", "", kAddFilesFlags), c.paths) << c.name;
+  }
+}
+
+TEST(OpenDialog, ABufferFilledToTheEndStillEnds) {
+  ScriptedUi ui;
+  ui.QueueOpenFileAnswer(FullBuffer());
+  const std::string paths = ShowOpenDialog(ui, kAllFilesFilter, "", "", kAddFilesFlags);
+  EXPECT_THAT(paths, ::testing::StartsWith("C:\\F\\name.txt;C:\\F\\name.txt;"));
+  EXPECT_THAT(paths, ::testing::Not(::testing::HasSubstr(std::string(1, '\0'))));
+}
+
+TEST(OpenDialog, PassesTheRequestOn) {
+  ScriptedUi ui;
+  ShowOpenDialog(ui, kAllFilesFilter, "txt", "C:\\Docs", kAddFilesFlags);
+  ASSERT_EQ(ui.openFileRequests().size(), 1u);
+  EXPECT_EQ(ui.openFileRequests()[0], (OpenFileRequest{"*.*|*.*", "txt", "C:\\Docs", 0x382204}));
+}
+
+TEST(OpenDialog, TokensAreCutOffTheFront) {
+  struct Case {
+    std::string text;
+    std::string separator;
+    std::string piece;
+    std::string rest;
+  };
+  const Case cases[] = {
+      {"ab\0cd"s, "\0"s, "ab\0"s, "cd"},
+      {"cd", ";", "", "cd"},
+      {"a;;b", ";;", "a;;", "b"},
+      {";x", ";", ";", "x"},
+      {"", ";", "", ""},
+  };
+  for (Case c : cases) {
+    EXPECT_EQ(NextToken(c.text, c.separator), c.piece);
+    EXPECT_EQ(c.text, c.rest);
+  }
+  std::string text = "x\0y"s;
+  EXPECT_EQ(NextNullPiece(text), "x");
+  EXPECT_EQ(text, "y");
+  EXPECT_EQ(NextNullPiece(text), "");
+  EXPECT_EQ(text, "y");
+}
+
+TEST(FolderBrowser, GivesWhatTheShellsBufferHolds) {
+  ScriptedUi ui;
+  ui.QueueFolder("C:\\Photos");
+  ui.QueueFolder("C:\\Photos\0old text"s);
+  ui.QueueFolder(std::string(259, 'x'));
+  ui.QueueFolder(std::string(260, 'x'));  // no room for the closing zero
+  EXPECT_EQ(BrowseForFolder(ui, "Select Directory to Add", ""), "C:\\Photos");
+  EXPECT_EQ(BrowseForFolder(ui, "Select Directory to Add", "C:\\"), "C:\\Photos");
+  EXPECT_EQ(BrowseForFolder(ui, "t", ""), std::string(259, 'x'));
+  EXPECT_EQ(BrowseForFolder(ui, "t", ""), "");
+  EXPECT_EQ(BrowseForFolder(ui, "t", ""), "");  // cancelled
+  ASSERT_EQ(ui.folderQuestions().size(), 5u);
+  EXPECT_EQ(ui.folderQuestions()[0].title, "Select Directory to Add");
+  EXPECT_EQ(ui.folderQuestions()[1].startFolder, "C:\\");
+}
+
+}  // namespace
+}  // namespace tessaly
