@@ -1,0 +1,183 @@
+// The Qt views at the list's limit of 32,767 files: the preview of step 3
+// until it is on show, and the coloured log of a whole run. Each is set
+// against the same step driven without a window in the same run, so the
+// ratio is what the views add.
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QPlainTextEdit>
+#include <memory>
+#include <string>
+
+#include "platform/memory/fixed_clock.h"
+#include "platform/memory/fixed_locale.h"
+#include "platform/memory/fixed_network_status.h"
+#include "platform/memory/fixed_program.h"
+#include "platform/memory/memory_file_system.h"
+#include "platform/memory/memory_registry.h"
+#include "platform/memory/memory_short_paths.h"
+#include "platform/memory/recording_shell.h"
+#include "platform/memory/scripted_random.h"
+#include "platform/memory/scripted_ui.h"
+#include "qt_ui.h"
+#include "sample_names.h"
+#include "settings/settings_store.h"
+#include "wizard/start_up.h"
+#include "wizard/tessaly_form.h"
+
+namespace tessaly {
+namespace {
+
+constexpr std::size_t kLargestList = 32767;
+
+const std::vector<std::string>& LargestList() {
+  static const std::vector<std::string> paths = [] {
+    std::vector<std::string> names = bench::SampleNames(kLargestList);
+    for (std::size_t i = 0; i < names.size(); ++i) names[i] += "." + std::to_string(i);
+    return names;
+  }();
+  return paths;
+}
+
+void Settle() {
+  for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
+}
+
+// A wizard over memory backends with 32,767 files listed, on step 2,
+// drawn by the Qt views (`UiType` qt::QtUi) or by no one (ScriptedUi).
+template <typename UiType>
+struct World {
+  World() {
+    for (const std::string& path : LargestList()) files.AddFile(path);
+    form = std::make_unique<fTessaly>(WizardServices{files, store, ui, clock, locale, random,
+                                                     program, shell, network, shortPaths});
+    StartWizard(*form, ui);
+    DropData drop;
+    drop.files = LargestList();
+    form->AddDroppedFiles(drop);
+    form->lblStep[2].Click();
+    Settle();
+  }
+  ~World() {
+    if constexpr (std::is_same_v<UiType, qt::QtUi>) delete ui.wizardWindow();
+    Settle();
+  }
+  // The text view of `name` on the wizard window.
+  QPlainTextEdit* View(const char* name) {
+    return ui.wizardWindow()->template findChild<QPlainTextEdit*>(QString::fromLatin1(name));
+  }
+
+  MemoryFileSystem files;
+  MemoryRegistry registry;
+  SettingsStore store{registry};
+  UiType ui;
+  FixedClock clock{CivilDateTime{{2026, 11, 18}, 14, 2, 9}};
+  FixedLocale locale;
+  ScriptedRandom random;
+  FixedProgram program;
+  RecordingShell shell;
+  FixedNetworkStatus network;
+  MemoryShortPaths shortPaths;
+  std::unique_ptr<fTessaly> form;
+};
+
+void BM_PreviewWithoutWindow(benchmark::State& state) {
+  for (auto _ : state) {
+    state.PauseTiming();
+    auto world = std::make_unique<World<ScriptedUi>>();
+    state.ResumeTiming();
+    world->form->cmdNext_Click();
+    if (!world->form->tOutput.visible()) state.SkipWithError("no preview");
+    state.PauseTiming();
+    world.reset();
+    state.ResumeTiming();
+  }
+}
+BENCHMARK(BM_PreviewWithoutWindow)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+void BM_PreviewShownInWindow(benchmark::State& state) {
+  for (auto _ : state) {
+    state.PauseTiming();
+    auto world = std::make_unique<World<qt::QtUi>>();
+    state.ResumeTiming();
+    world->form->cmdNext_Click();
+    Settle();
+    QPlainTextEdit* preview = world->View("tOutput");
+    if (!preview->isVisible() || preview->blockCount() < static_cast<int>(kLargestList) + 1) {
+      state.SkipWithError("the preview is not on show in full");
+    }
+    state.PauseTiming();
+    world.reset();
+    state.ResumeTiming();
+  }
+}
+BENCHMARK(BM_PreviewShownInWindow)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+void BM_RunAndLogWithoutWindow(benchmark::State& state) {
+  for (auto _ : state) {
+    state.PauseTiming();
+    auto world = std::make_unique<World<ScriptedUi>>();
+    world->form->cmdNext_Click();
+    state.ResumeTiming();
+    world->form->cmdNext_Click();
+    if (world->form->tLog.spans().size() != kLargestList) state.SkipWithError("lines were lost");
+    state.PauseTiming();
+    world.reset();
+    state.ResumeTiming();
+  }
+}
+BENCHMARK(BM_RunAndLogWithoutWindow)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+void BM_RunAndColouredLogInWindow(benchmark::State& state) {
+  for (auto _ : state) {
+    state.PauseTiming();
+    auto world = std::make_unique<World<qt::QtUi>>();
+    world->form->cmdNext_Click();
+    Settle();
+    state.ResumeTiming();
+    world->form->cmdNext_Click();
+    Settle();
+    QPlainTextEdit* log = world->View("tLog");
+    if (!log->isVisible() || log->blockCount() < static_cast<int>(kLargestList) + 5) {
+      state.SkipWithError("the log is not on show in full");
+    }
+    state.PauseTiming();
+    world.reset();
+    state.ResumeTiming();
+  }
+}
+BENCHMARK(BM_RunAndColouredLogInWindow)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+// The list page on show while 32,767 dropped files arrive.
+void BM_DropOfLargestListOnShow(benchmark::State& state) {
+  for (auto _ : state) {
+    state.PauseTiming();
+    auto world = std::make_unique<World<qt::QtUi>>();  // full already: start over empty
+    world->form->cmdClear_Click();
+    world->form->lblStep[1].Click();
+    Settle();
+    DropData drop;
+    drop.files = LargestList();
+    state.ResumeTiming();
+    world->form->AddDroppedFiles(drop);
+    Settle();
+    state.PauseTiming();
+    world.reset();
+    state.ResumeTiming();
+  }
+}
+BENCHMARK(BM_DropOfLargestListOnShow)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+}  // namespace
+}  // namespace tessaly
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication app(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  benchmark::Shutdown();
+  return 0;
+}
