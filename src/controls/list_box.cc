@@ -3,30 +3,11 @@
 #include <algorithm>
 
 #include "text/text_ops.h"
+#include "text/utf8.h"
 
 namespace tessaly {
 
 namespace {
-
-// Appends `code` so that byte order is code order: UTF-8's layout, which
-// also covers the codes past Unicode that stand for invalid bytes.
-void AppendOrdered(std::string& out, char32_t code) {
-  if (code < 0x80) {
-    out.push_back(static_cast<char>(code));
-  } else if (code < 0x800) {
-    out.push_back(static_cast<char>(0xC0 | (code >> 6)));
-    out.push_back(static_cast<char>(0x80 | (code & 0x3F)));
-  } else if (code < 0x10000) {
-    out.push_back(static_cast<char>(0xE0 | (code >> 12)));
-    out.push_back(static_cast<char>(0x80 | ((code >> 6) & 0x3F)));
-    out.push_back(static_cast<char>(0x80 | (code & 0x3F)));
-  } else {
-    out.push_back(static_cast<char>(0xF0 | (code >> 18)));
-    out.push_back(static_cast<char>(0x80 | ((code >> 12) & 0x3F)));
-    out.push_back(static_cast<char>(0x80 | ((code >> 6) & 0x3F)));
-    out.push_back(static_cast<char>(0x80 | (code & 0x3F)));
-  }
-}
 
 // Two keys are equal exactly when CompareIgnoreCase calls their texts equal,
 // and compare as bytes the way it compares the texts, but without decoding
@@ -34,7 +15,7 @@ void AppendOrdered(std::string& out, char32_t code) {
 std::string SortKey(std::string_view text) {
   std::string key;
   key.reserve(text.size());
-  for (char32_t code : text::Fold(text)) AppendOrdered(key, code);
+  for (char32_t code : text::Fold(text)) text::AppendUtf8Layout(key, code);
   return key;
 }
 

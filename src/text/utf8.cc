@@ -40,10 +40,8 @@ DecodedChar DecodeAt(std::string_view text, std::size_t pos) {
   return {code, length};
 }
 
-void AppendChar(std::string& out, char32_t code) {
-  if (code >= kInvalidByteBase) {
-    out.push_back(static_cast<char>(code - kInvalidByteBase));
-  } else if (code < 0x80) {
+void AppendUtf8Layout(std::string& out, char32_t code) {
+  if (code < 0x80) {
     out.push_back(static_cast<char>(code));
   } else if (code < 0x800) {
     out.push_back(static_cast<char>(0xC0 | (code >> 6)));
@@ -57,6 +55,14 @@ void AppendChar(std::string& out, char32_t code) {
     out.push_back(static_cast<char>(0x80 | ((code >> 12) & 0x3F)));
     out.push_back(static_cast<char>(0x80 | ((code >> 6) & 0x3F)));
     out.push_back(static_cast<char>(0x80 | (code & 0x3F)));
+  }
+}
+
+void AppendChar(std::string& out, char32_t code) {
+  if (code >= kInvalidByteBase) {
+    out.push_back(static_cast<char>(code - kInvalidByteBase));
+  } else {
+    AppendUtf8Layout(out, code);
   }
 }
 

@@ -24,6 +24,10 @@ DecodedChar DecodeAt(std::string_view text, std::size_t pos);
 // for an invalid one.
 void AppendChar(std::string& out, char32_t code);
 
+// Appends `code` in UTF-8's layout, codes past Unicode included, so that
+// byte order of the result is code order.
+void AppendUtf8Layout(std::string& out, char32_t code);
+
 // Number of characters in `text`; each invalid byte counts as one.
 std::size_t CharCount(std::string_view text);
 
