@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
+#include <algorithm>
 
 #include "model_widgets.h"
 
@@ -106,13 +107,15 @@ void BindComboBox(ComboBox& box, QComboBox* widget) {
                    });
 }
 
-void BindLabel(Label& label, QLabel* widget) {
+void BindLabel(Label& label, QLabel* widget, bool followBold) {
   widget->setTextFormat(Qt::PlainText);
-  Follow(label.changed, widget, [&label, widget] {
+  Follow(label.changed, widget, [&label, widget, followBold] {
     widget->setText(ToQtLines(label.caption()));
-    QFont font = widget->font();
-    font.setBold(label.bold());
-    widget->setFont(font);
+    if (followBold && widget->font().bold() != label.bold()) {
+      QFont font = widget->font();
+      font.setBold(label.bold());
+      widget->setFont(font);
+    }
     widget->setEnabled(label.enabled());
     widget->setHidden(!label.visible());
   });

@@ -54,8 +54,9 @@ void BindButton(CommandButton& button, QPushButton* widget);
 void BindCheckBox(CheckBox& box, ModelCheckBox* widget);
 void BindOption(OptionButton& option, ModelRadioButton* widget);
 void BindComboBox(ComboBox& box, QComboBox* widget);
-// A label's caption, visibility and bold mark.
-void BindLabel(Label& label, QLabel* widget);
+// A label's caption and visibility, and with `followBold` its bold mark
+// (the step labels'); other labels keep the font their view gave them.
+void BindLabel(Label& label, QLabel* widget, bool followBold = false);
 void BindFrame(Label& frame, QGroupBox* widget);
 void BindLineEdit(TextBox& box, QLineEdit* widget);
 // A read-only multi-line box that shows a text box's text.

@@ -79,8 +79,9 @@ QPushButton* Button(CommandButton& model, const char* name, QWidget* parent) {
 
 QWidget* BuildFilePage(fTessaly& form) {
   PageFrame frame = MakePage("pStep1");
+  // Label11 is the page's heading: its caption in the heading's style.
   frame.heading->setObjectName(QStringLiteral("Label11"));
-  BindLabel(form.Label11, frame.heading);
+  FollowHeading(form.Label11, frame.heading);
 
   auto* text = new QLabel(frame.page);
   text->setObjectName(QStringLiteral("lblText1"));

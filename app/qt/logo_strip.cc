@@ -12,7 +12,7 @@ namespace tessaly::qt {
 
 namespace {
 
-constexpr int kStripWidth = 176;
+constexpr int kStripWidth = 192;
 constexpr int kEmblemTop = 24;
 constexpr int kEmblemSize = 96;
 
@@ -89,7 +89,7 @@ LogoStrip::LogoStrip(fTessaly& form, QWidget* parent) : QWidget(parent) {
     white.setColor(QPalette::WindowText, Qt::white);
     label->setPalette(white);
     label->setWordWrap(true);
-    BindLabel(form.lblStep[i], label);
+    BindLabel(form.lblStep[i], label, true);
     label->onClick = [&form, i] { form.lblStep[i].Click(); };
     layout->addWidget(label);
   }

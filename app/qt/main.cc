@@ -19,6 +19,7 @@
 #include "settings/settings_store.h"
 #include "wizard/start_up.h"
 #include "wizard/tessaly_form.h"
+#include "wizard/wizard_texts.h"
 
 int main(int argc, char** argv) {
   using namespace tessaly;
@@ -37,7 +38,10 @@ int main(int argc, char** argv) {
   SystemClock clock;
   PosixLocale locale;
   StandardRandom random;
-  PosixProgram program(CommandLineTextHere(words));
+  // "--command-line TEXT", alone, hands the wizard TEXT unchanged, for
+  // exact control; anything else is rebuilt from the shell's words.
+  const bool raw = words.size() == 2 && words[0] == "--command-line";
+  PosixProgram program(raw ? words[1] : CommandLineTextHere(words));
   PosixShell shell;
   PosixNetworkStatus network;
   ExistingShortPaths shortPaths(fileSystem);
@@ -48,7 +52,11 @@ int main(int argc, char** argv) {
   // middle of a loop: the loop stops at its next file, and the event loop
   // it runs under returns.
   form.programEnded.Connect([] { QCoreApplication::exit(0); });
+  form.listFull.Connect([&form, &ui] {
+    ui.MessageBox(ListFullText(form.refusedForLimit()), MessageButtons::kOk, kProgramTitle);
+  });
   StartWizard(form, ui);
-  if (form.ended()) return 0;
-  return QApplication::exec();
+  const int code = form.ended() ? 0 : QApplication::exec();
+  ui.DropViews();
+  return code;
 }

@@ -4,6 +4,7 @@
 #include <QFrame>
 #include <QLabel>
 #include <QScreen>
+#include <algorithm>
 
 #include "bindings.h"
 

@@ -36,7 +36,9 @@ QStringList NameFilters(std::string_view filter) {
 
 }  // namespace
 
-QtUi::~QtUi() {
+QtUi::~QtUi() { DropViews(); }
+
+void QtUi::DropViews() {
   delete progress_.data();
   delete wizard_.data();
 }

@@ -26,6 +26,9 @@ class QtUi : public Ui {
   OpenFileAnswer ShowOpenFileDialog(const OpenFileRequest& request) override;
   void LetPendingEventsRun() override;
 
+  // Closes every window at once; they must go before the forms they draw.
+  void DropViews();
+
   // The windows on show, or null.
   WizardWindow* wizardWindow() const { return wizard_; }
   ProgressWindow* progressWindow() const { return progress_; }

@@ -74,6 +74,9 @@ QWidget* BuildReviewPage(fTessaly& form) {
   QWidget* panel = IncludePathPanel(form, destination);
   inside->addWidget(panel, 0, 0);
   panel->raise();
+  // The frame keeps its height; while the preview is hidden the room below
+  // stays empty rather than stretching the frame.
+  destination->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
   frame.body->addWidget(destination);
 
   auto* heading = new QLabel(QString::fromUtf8(kPreviewHeading.data(),
@@ -88,6 +91,7 @@ QWidget* BuildReviewPage(fTessaly& form) {
   auto* preview = new RichTextView(form.tOutput, frame.page);
   preview->setObjectName(QStringLiteral("tOutput"));
   frame.body->addWidget(preview, 1);
+  frame.body->addStretch(0);
   return frame.page;
 }
 

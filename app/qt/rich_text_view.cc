@@ -1,8 +1,10 @@
 #include "rich_text_view.h"
 
+#include <QPointer>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <algorithm>
+#include <cstdint>
 
 namespace tessaly::qt {
 
@@ -27,6 +29,12 @@ RichTextView::RichTextView(RichTextBox& box, QWidget* parent) : QPlainTextEdit(p
   colours.setColor(QPalette::Text, Qt::black);
   setPalette(colours);
   setHidden(!box_.visible());
+  paintLater_.setSingleShot(true);
+  connect(&paintLater_, &QTimer::timeout, this, [this] {
+    setUpdatesEnabled(true);
+    sincePaint_.restart();
+  });
+  sincePaint_.start();
   rewrites_ = box_.rewrites() + 1;  // draw in full at the first refresh
   stale_ = true;
   QPointer<RichTextView> alive(this);
@@ -53,8 +61,20 @@ void RichTextView::Refresh() {
   // A margin means long lines run on to the right; without one they wrap.
   setLineWrapMode(box_.rightMargin() != 0 ? NoWrap : WidgetWidth);
   if (box_.rewrites() != rewrites_ || box_.text().size() < drawnBytes_) Restart();
+  HoldPainting();
   ColourNewRuns();
   AppendRest();
+}
+
+void RichTextView::HoldPainting() {
+  constexpr int kPaintEveryMs = 40;
+  if (paintLater_.isActive()) return;
+  if (sincePaint_.elapsed() >= kPaintEveryMs) {
+    sincePaint_.restart();
+    return;
+  }
+  setUpdatesEnabled(false);
+  paintLater_.start(kPaintEveryMs - static_cast<int>(sincePaint_.elapsed()));
 }
 
 void RichTextView::Restart() {

@@ -1,7 +1,9 @@
 #ifndef TESSALY_APP_QT_RICH_TEXT_VIEW_H_
 #define TESSALY_APP_QT_RICH_TEXT_VIEW_H_
 
+#include <QElapsedTimer>
 #include <QPlainTextEdit>
+#include <QTimer>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -29,6 +31,10 @@ class RichTextView : public QPlainTextEdit {
 
  private:
   void MarkStale();
+  // Painting the box after every line of a long run would cost more than
+  // the run; the text is kept whole at every refresh, but it is painted at
+  // most every few tens of milliseconds while lines keep coming.
+  void HoldPainting();
   void Restart();
   // Appends the box's text behind what is drawn, run by run.
   void AppendRest();
@@ -48,6 +54,8 @@ class RichTextView : public QPlainTextEdit {
   // left out. These are the box's positions of the left-out characters.
   std::vector<std::size_t> leftOut_;
   bool lastWasCr_ = false;
+  QElapsedTimer sincePaint_;
+  QTimer paintLater_;
 };
 
 }  // namespace tessaly::qt

@@ -26,12 +26,17 @@ void fTessaly::AddToList(std::string path) {
   if (AddToFileList(lstFiles, std::move(path)) == AddResult::kListFull) ++refusedForLimit_;
 }
 
+void fTessaly::FinishAdding() {
+  UpdateList();
+  if (refusedForLimit_ > 0) listFull.Emit();
+}
+
 void fTessaly::AddDroppedFiles(const DropData& data) {
   refusedForLimit_ = 0;
   if (data.hasFiles) {
     for (const std::string& path : data.files) AddToList(path);
   }
-  UpdateList();
+  FinishAdding();
 }
 
 void fTessaly::cmdAddFiles_Click() {
@@ -40,7 +45,7 @@ void fTessaly::cmdAddFiles_Click() {
       ShowOpenDialog(services_.ui, kAllFilesFilter, "", "", kAddFilesFlags);
   if (chosen.empty()) return;
   for (std::string_view path : text::Split(chosen, ";")) AddToList(std::string(path));
-  UpdateList();
+  FinishAdding();
 }
 
 void fTessaly::cmdAddDirectory_Click() {
@@ -51,7 +56,7 @@ void fTessaly::cmdAddDirectory_Click() {
   for (std::string& path : ListFiles(services_.fileSystem, folder, "*.*", recursive)) {
     AddToList(std::move(path));
   }
-  UpdateList();
+  FinishAdding();
 }
 
 void fTessaly::cmdRemove_Click() {

@@ -15,7 +15,7 @@ void fTessaly::ProcessCommandLine() {
     for (const std::string& path : paths) {
       if (FileExists(path)) AddToList(path);
     }
-    UpdateList();
+    FinishAdding();
     if (!cl::Holds(commandLine_, "/")) ShowStep(1);
   }
   if (cl::Holds(commandLine_, "/settings:")) {

@@ -63,6 +63,8 @@ class fTessaly : public Form {
   // Paths the last add could not take because the list was full, for the
   // front-end to report.
   int refusedForLimit() const { return refusedForLimit_; }
+  // Emitted at the end of an add that the full list could not take whole.
+  Signal listFull;
 
   std::int32_t CurrentStep = 0;
   std::string SamplePath1;
@@ -174,6 +176,8 @@ class fTessaly : public Form {
   void ClearResults();
   bool CommandLineHolds(std::string_view text) const;
   void AddToList(std::string path);
+  // UpdateList, then word of any path the full list refused.
+  void FinishAdding();
 
   WizardServices services_;
   StoredLists lists_;

@@ -2,6 +2,9 @@
 
 #include <gmock/gmock.h>
 
+#include <QPushButton>
+#include <QTest>
+
 #include "qt_test_support.h"
 
 namespace tessaly::qt {
@@ -55,6 +58,33 @@ TEST_F(ProgressWindowTest, StandsCentredOnTheWizardWithoutHoldingIt) {
   };
   PreviewOf(4);
   EXPECT_TRUE(looked);
+}
+
+TEST_F(ProgressWindowTest, CancelDuringTheLoopEndsTheProgramAtOnce) {
+  bool ended = false;
+  int runsAfterCancel = 0;
+  ui.onPendingEvents = [&] {
+    if (ended) {
+      ++runsAfterCancel;
+      return;
+    }
+    ProgressWindow* progress = ui.progressWindow();
+    if (progress != nullptr && progress->percentText() == "25%") {
+      QTest::mouseClick(Find<QPushButton>(window(), "cmdCancel"), Qt::LeftButton);
+    }
+  };
+  Start();
+  form->programEnded.Connect([&ended] { ended = true; });
+  DropData drop;
+  for (int i = 0; i < 8; ++i) drop.files.push_back("c:\\p\\" + std::to_string(i) + ".jpg");
+  form->AddDroppedFiles(drop);
+  form->lblStep[3].Click();
+  Settle();
+  EXPECT_TRUE(ended);
+  EXPECT_EQ(runsAfterCancel, 0);  // no further file was looked at
+  EXPECT_FALSE(ui.progressTexts.contains("37.5%"));
+  EXPECT_EQ(ui.progressWindow(), nullptr);
+  EXPECT_EQ(ui.wizardWindow(), nullptr);  // the window went with its form
 }
 
 }  // namespace

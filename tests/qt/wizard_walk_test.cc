@@ -101,6 +101,9 @@ TEST_F(WizardWalkTest, PersonRenamesDroppedFilesAndReadsTheColouredLog) {
   EXPECT_EQ(next->text(), "Next >");
   EXPECT_FALSE(back->isEnabled());
   EXPECT_TRUE(Find<QLabel>(window, "lblStep0")->font().bold());
+  EXPECT_THAT(Find<QLabel>(window, "lWelcome")->text().toStdString(),
+              ::testing::StartsWith("Welcome to the Tessaly wizard."));
+  SaveScreenshot(window, "step0_welcome");
 
   Click(next);
   auto* pages = ui.wizardWindow()->pages();

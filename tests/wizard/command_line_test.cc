@@ -55,7 +55,15 @@ TEST_F(CommandLineTest, PathsBeyondTheListsLimitAreCountedNotLost) {
     files.AddFile(path);
     line += path + ";";
   }
-  fTessaly& wizard = Start(line);
+  world.program.commandLine = line;
+  world.form = std::make_unique<fTessaly>(WizardServices{files, store, ui, clock, locale, random,
+                                                         world.program, world.shell, world.network,
+                                                         world.shortPaths});
+  int warnings = 0;
+  world.form->listFull.Connect([&] { ++warnings; });
+  StartWizard(*world.form, ui);
+  fTessaly& wizard = *world.form;
+  EXPECT_EQ(warnings, 1);
   EXPECT_EQ(wizard.lstFiles.ListCount(), 32767u);
   EXPECT_EQ(wizard.refusedForLimit(), 2);
   EXPECT_EQ(wizard.lStat.caption(), "32767 files.");
