@@ -60,8 +60,13 @@ void RichTextView::Refresh() {
   stale_ = false;
   // A margin means long lines run on to the right; without one they wrap.
   setLineWrapMode(box_.rightMargin() != 0 ? NoWrap : WidgetWidth);
-  if (box_.rewrites() != rewrites_ || box_.text().size() < drawnBytes_) Restart();
-  HoldPainting();
+  // A text drawn from the start is painted at once, so a page that has just
+  // come up never shows what stood there before; only appends wait.
+  if (box_.rewrites() != rewrites_ || box_.text().size() < drawnBytes_) {
+    Restart();
+  } else {
+    HoldPainting();
+  }
   ColourNewRuns();
   AppendRest();
 }

@@ -101,6 +101,8 @@ void WhenModalOpens(std::function<void(QWidget*)> action) {
 void SaveScreenshot(QWidget* widget, const QString& name) {
   const QString folder = QStringLiteral(TESSALY_SCREENSHOT_DIR);
   QDir().mkpath(folder);
+  // Text views hold their painting for a moment while text pours in.
+  QTest::qWait(60);
   EXPECT_TRUE(widget->grab().save(folder + QLatin1Char('/') + name + QStringLiteral(".png")));
 }
 
