@@ -1,13 +1,16 @@
 #!/usr/bin/env bash
-# Sets up, builds and runs the program's main job. With arguments, runs
+# Sets up, builds and runs the program's main job. Without arguments it
+# makes a demo folder of awkwardly named files (settings kept inside it):
+# on a desktop it opens the wizard with them listed, so you can walk the
+# steps yourself; without a display (or with TESSALY_CONSOLE=1) it renames
+# them unattended with tessaly-cli and prints the log. With arguments, runs
 # tessaly-cli with them (paths count from where you called this script).
-# Without, makes a demo folder of awkwardly named files and renames them
-# unattended, settings kept inside the demo folder, and prints the log.
 set -euo pipefail
 caller_dir=$PWD
 cd "$(dirname "$0")/.."
 bash scripts/setup.sh
 cli=$PWD/build/app/cli/tessaly-cli
+wizard=$PWD/build/app/qt/tessaly
 cd "$caller_dir"
 
 if [ $# -gt 0 ]; then
@@ -22,6 +25,11 @@ for name in "holiday  photo_01.JPG" "Ünïcode Ça.JPG" "my_report   final.TXT" 
 done
 
 echo "Demo folder: $demo"
+if [ -z "${TESSALY_CONSOLE:-}" ] && { [ -n "${DISPLAY:-}" ] || [ -n "${WAYLAND_DISPLAY:-}" ]; }; then
+  echo "Opening the wizard with the demo files listed."
+  exec "$wizard" "$demo"/*
+fi
+
 echo "Before:"
 ls -1 "$demo" | sed 's/^/  /'
 echo
