@@ -186,7 +186,6 @@ class fTessaly : public Form {
   bool PlacementsFilled = false;
   bool stepRunning_ = false;
   bool ended_ = false;
-  bool includePathsPanel_ = false;
   int refusedForLimit_ = 0;
   std::unique_ptr<fProgress> progress_;
 };
