@@ -10,20 +10,10 @@
 #include <memory>
 #include <string>
 
-#include "platform/memory/fixed_clock.h"
-#include "platform/memory/fixed_locale.h"
-#include "platform/memory/fixed_network_status.h"
-#include "platform/memory/fixed_program.h"
+#include "memory_world.h"
 #include "platform/memory/memory_file_system.h"
-#include "platform/memory/memory_registry.h"
-#include "platform/memory/memory_short_paths.h"
-#include "platform/memory/recording_shell.h"
-#include "platform/memory/scripted_random.h"
-#include "platform/memory/scripted_ui.h"
 #include "qt_ui.h"
 #include "sample_names.h"
-#include "settings/settings_store.h"
-#include "wizard/start_up.h"
 #include "wizard/tessaly_form.h"
 
 namespace tessaly {
@@ -50,9 +40,7 @@ template <typename UiType>
 struct World {
   World() {
     for (const std::string& path : LargestList()) files.AddFile(path);
-    form = std::make_unique<fTessaly>(WizardServices{files, store, ui, clock, locale, random,
-                                                     program, shell, network, shortPaths});
-    StartWizard(*form, ui);
+    form = &memory.Start();
     DropData drop;
     drop.files = LargestList();
     form->AddDroppedFiles(drop);
@@ -60,26 +48,17 @@ struct World {
     Settle();
   }
   ~World() {
-    if constexpr (std::is_same_v<UiType, qt::QtUi>) delete ui.wizardWindow();
+    if constexpr (std::is_same_v<UiType, qt::QtUi>) delete memory.ui.wizardWindow();
     Settle();
   }
   // The text view of `name` on the wizard window.
   QPlainTextEdit* View(const char* name) {
-    return ui.wizardWindow()->template findChild<QPlainTextEdit*>(QString::fromLatin1(name));
+    return memory.ui.wizardWindow()->template findChild<QPlainTextEdit*>(QString::fromLatin1(name));
   }
 
   MemoryFileSystem files;
-  MemoryRegistry registry;
-  SettingsStore store{registry};
-  UiType ui;
-  FixedClock clock{CivilDateTime{{2026, 11, 18}, 14, 2, 9}};
-  FixedLocale locale;
-  ScriptedRandom random;
-  FixedProgram program;
-  RecordingShell shell;
-  FixedNetworkStatus network;
-  MemoryShortPaths shortPaths;
-  std::unique_ptr<fTessaly> form;
+  BasicMemoryWorld<UiType> memory{files};
+  fTessaly* form = nullptr;
 };
 
 void BM_PreviewWithoutWindow(benchmark::State& state) {

@@ -113,10 +113,7 @@ QtWizardTest::~QtWizardTest() {
 }
 
 fTessaly& QtWizardTest::Start(std::string commandLine) {
-  program.commandLine = std::move(commandLine);
-  form = std::make_unique<fTessaly>(WizardServices{files, store, ui, clock, locale, random,
-                                                   program, shell, network, shortPaths});
-  StartWizard(*form, ui);
+  world.Start(std::move(commandLine));
   Settle();
   return *form;
 }

@@ -12,17 +12,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/memory/fixed_clock.h"
-#include "platform/memory/fixed_locale.h"
-#include "platform/memory/fixed_network_status.h"
-#include "platform/memory/fixed_program.h"
+#include "memory_world.h"
 #include "platform/memory/memory_file_system.h"
-#include "platform/memory/memory_registry.h"
-#include "platform/memory/memory_short_paths.h"
-#include "platform/memory/recording_shell.h"
-#include "platform/memory/scripted_random.h"
 #include "qt_ui.h"
-#include "settings/settings_store.h"
 #include "wizard/tessaly_form.h"
 
 namespace tessaly::qt {
@@ -77,17 +69,11 @@ class QtWizardTest : public ::testing::Test {
   QWidget* window() const;
 
   MemoryFileSystem files;
-  MemoryRegistry registry;
-  SettingsStore store{registry};
-  WatchingUi ui;
-  FixedClock clock{CivilDateTime{{2026, 11, 18}, 14, 2, 9}};
-  FixedLocale locale;
-  ScriptedRandom random;
-  FixedProgram program;
-  RecordingShell shell;
-  FixedNetworkStatus network;
-  MemoryShortPaths shortPaths;
-  std::unique_ptr<fTessaly> form;
+  BasicMemoryWorld<WatchingUi> world{files};
+  SettingsStore& store = world.store;
+  WatchingUi& ui = world.ui;
+  FixedClock& clock = world.clock;
+  std::unique_ptr<fTessaly>& form = world.form;
 };
 
 }  // namespace tessaly::qt

@@ -19,10 +19,12 @@
 
 namespace tessaly {
 
-// The wizard with everything but its file system in memory, and a scripted
-// person, on 18 November 2026 at 14:02:09.
-struct MemoryWorld {
-  explicit MemoryWorld(FileSystem& fileSystem) : files(fileSystem) {}
+// The wizard with everything but its file system in memory, on 18 November
+// 2026 at 14:02:09, facing the person `UiType` stands for: a scripted one,
+// or a front-end's own.
+template <typename UiType>
+struct BasicMemoryWorld {
+  explicit BasicMemoryWorld(FileSystem& fileSystem) : files(fileSystem) {}
 
   // Starts the program with `commandLine`, as its start-up routine does.
   fTessaly& Start(std::string commandLine = "") {
@@ -36,7 +38,7 @@ struct MemoryWorld {
   FileSystem& files;
   MemoryRegistry registry;
   SettingsStore store{registry};
-  ScriptedUi ui;
+  UiType ui;
   FixedClock clock{CivilDateTime{{2026, 11, 18}, 14, 2, 9}};
   FixedLocale locale;
   ScriptedRandom random;
@@ -46,6 +48,8 @@ struct MemoryWorld {
   MemoryShortPaths shortPaths;
   std::unique_ptr<fTessaly> form;
 };
+
+using MemoryWorld = BasicMemoryWorld<ScriptedUi>;
 
 }  // namespace tessaly
 
