@@ -26,6 +26,14 @@ struct DirectoryEntry {
   friend bool operator==(const DirectoryEntry&, const DirectoryEntry&) = default;
 };
 
+// Who an entry is, whatever path names it: two paths with the same
+// identity lead to one entry (through links, or other spellings).
+struct FileIdentity {
+  std::uint64_t device = 0;
+  std::uint64_t node = 0;
+  friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
+};
+
 // A search leaves out an entry that is hidden, system or a directory unless
 // each of those bits it has is in `include`; read-only and archive entries
 // always come back.
@@ -62,6 +70,24 @@ class FileSystem {
   // filtered as PassesSearchFilter says. A folder that is missing or cannot
   // be read gives an empty list.
   virtual std::vector<DirectoryEntry> Search(std::string_view pattern, std::uint32_t include) = 0;
+
+  // The identity of the entry `path` leads to, links followed; nothing if
+  // it cannot be looked at.
+  virtual std::optional<FileIdentity> IdentityOf(std::string_view path) = 0;
+
+  // A text that two paths share exactly when this file system takes them
+  // for the same name: the path itself where names are exact, a folded form
+  // where the file system ignores letter case.
+  virtual std::string SameNameKey(std::string_view path) const = 0;
+
+  // `path` as a person on this platform writes it. Every path that is put
+  // into a text a person reads goes through here.
+  virtual std::string Shown(std::string_view path) const = 0;
+
+  // Drops every answer kept for reuse. The program calls it whenever time
+  // has passed in which a person or another program may have changed the
+  // disk: a question, a dialog, window events.
+  virtual void ForgetAnswers() {}
 };
 
 }  // namespace tessaly

@@ -25,6 +25,11 @@ class RecordingFileSystem : public FileSystem {
     searches.push_back(std::string(pattern) + (include == 0 ? " files" : " files+folders"));
     return inner_.Search(pattern, include);
   }
+  std::optional<FileIdentity> IdentityOf(std::string_view path) override {
+    return inner_.IdentityOf(path);
+  }
+  std::string SameNameKey(std::string_view path) const override { return inner_.SameNameKey(path); }
+  std::string Shown(std::string_view path) const override { return inner_.Shown(path); }
 
   std::vector<std::string> searches;
 

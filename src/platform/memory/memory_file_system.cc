@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/path_forms.h"
 #include "platform/search_pattern.h"
 #include "text/case_mapping.h"
 
@@ -57,13 +58,19 @@ void MemoryFileSystem::AddParentsOf(std::string_view path) {
   for (auto parent = ParentOf(path);
        parent && parent->find_first_not_of('\\') != std::string_view::npos;
        parent = ParentOf(*parent)) {
-    entries_.try_emplace(Key(*parent), Entry{std::string(*parent), attr::kDirectory, ""});
+    const std::string key = Key(*parent);
+    if (!entries_.contains(key)) entries_.emplace(key, NewEntry(*parent, attr::kDirectory));
   }
+}
+
+MemoryFileSystem::Entry MemoryFileSystem::NewEntry(std::string_view path,
+                                                   std::uint32_t attributes) {
+  return Entry{std::string(WithoutClosingBackslash(path)), attributes, "", ++lastNode_};
 }
 
 void MemoryFileSystem::AddFile(std::string_view path, std::uint32_t attributes) {
   AddParentsOf(path);
-  entries_[Key(path)] = Entry{std::string(WithoutClosingBackslash(path)), attributes, ""};
+  entries_[Key(path)] = NewEntry(path, attributes);
 }
 
 void MemoryFileSystem::AddDirectory(std::string_view path) {
@@ -151,6 +158,16 @@ std::vector<DirectoryEntry> MemoryFileSystem::Search(std::string_view pattern,
     found.push_back({std::string(name), entry.attributes});
   }
   return found;
+}
+
+std::optional<FileIdentity> MemoryFileSystem::IdentityOf(std::string_view path) {
+  const Entry* entry = Find(path);
+  if (entry == nullptr) return std::nullopt;
+  return FileIdentity{0, entry->node};
+}
+
+std::string MemoryFileSystem::Shown(std::string_view path) const {
+  return shown_ == ShownForm::kPosix ? SwapSlashes(path) : std::string(path);
 }
 
 }  // namespace tessaly

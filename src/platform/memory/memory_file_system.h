@@ -26,8 +26,12 @@ class MemoryFileSystem : public FileSystem {
     friend bool operator==(const RenameRecord&, const RenameRecord&) = default;
   };
 
-  explicit MemoryFileSystem(LetterCase letterCase = LetterCase::kIgnore)
-      : letterCase_(letterCase) {}
+  // How paths are shown to a person: as they are, or in POSIX form.
+  enum class ShownForm { kModel, kPosix };
+
+  explicit MemoryFileSystem(LetterCase letterCase = LetterCase::kIgnore,
+                            ShownForm shown = ShownForm::kModel)
+      : letterCase_(letterCase), shown_(shown) {}
 
   // Setting the scene: these change the entries directly and record nothing.
   void AddFile(std::string_view path, std::uint32_t attributes = attr::kArchive);
@@ -44,6 +48,10 @@ class MemoryFileSystem : public FileSystem {
   bool Rename(std::string_view source, std::string_view target) override;
   bool Delete(std::string_view path) override;
   std::vector<DirectoryEntry> Search(std::string_view pattern, std::uint32_t include) override;
+  std::optional<FileIdentity> IdentityOf(std::string_view path) override;
+  std::string SameNameKey(std::string_view path) const override { return Key(path); }
+  std::string Shown(std::string_view path) const override;
+  void ForgetAnswers() override { ++forgets_; }
 
   // Faults. Each of the first two is used up by the operation it fails.
   void FailNextRename() { failNextRename_ = true; }
@@ -63,12 +71,15 @@ class MemoryFileSystem : public FileSystem {
   // What the program did: the renames and deletes that succeeded, in order.
   const std::vector<RenameRecord>& renames() const { return renames_; }
   const std::vector<std::string>& deletes() const { return deletes_; }
+  // How often the program said that time had passed.
+  int forgets() const { return forgets_; }
 
  private:
   struct Entry {
     std::string path;  // as last written, without a closing backslash
     std::uint32_t attributes = attr::kArchive;
     std::string contents;
+    std::uint64_t node = 0;  // its identity, kept across renames
   };
 
   std::string Key(std::string_view path) const;
@@ -78,7 +89,12 @@ class MemoryFileSystem : public FileSystem {
   void AddParentsOf(std::string_view path);
   bool CanRename(std::string_view source, std::string_view target) const;
 
+  Entry NewEntry(std::string_view path, std::uint32_t attributes);
+
   LetterCase letterCase_;
+  ShownForm shown_;
+  std::uint64_t lastNode_ = 0;
+  int forgets_ = 0;
   std::map<std::string, Entry> entries_;  // by Key(path)
   std::set<std::string> unreadable_;      // folder keys
   std::set<std::string> locked_;          // entry keys

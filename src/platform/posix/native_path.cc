@@ -1,22 +1,8 @@
 #include "platform/posix/native_path.h"
 
+#include "platform/path_forms.h"
+
 namespace tessaly {
-
-namespace {
-
-std::string SwapSlashes(std::string_view path) {
-  std::string out(path);
-  for (char& c : out) {
-    if (c == '\\') {
-      c = '/';
-    } else if (c == '/') {
-      c = '\\';
-    }
-  }
-  return out;
-}
-
-}  // namespace
 
 std::string ToNativePath(std::string_view modelPath) { return SwapSlashes(modelPath); }
 

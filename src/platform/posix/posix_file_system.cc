@@ -104,4 +104,10 @@ std::vector<DirectoryEntry> PosixFileSystem::Search(std::string_view pattern,
   return SearchFolder(folder.native, parts.name, include);
 }
 
+std::optional<FileIdentity> PosixFileSystem::IdentityOf(std::string_view path) {
+  struct stat info {};
+  if (path.empty() || stat(ToNativePath(path).c_str(), &info) != 0) return std::nullopt;
+  return FileIdentity{static_cast<std::uint64_t>(info.st_dev), static_cast<std::uint64_t>(info.st_ino)};
+}
+
 }  // namespace tessaly

@@ -6,6 +6,7 @@
 
 #include "platform/file_system.h"
 #include "platform/posix/cross_device_move.h"
+#include "platform/posix/native_path.h"
 #include "platform/posix/path_resolver.h"
 
 namespace tessaly {
@@ -22,6 +23,9 @@ class PosixFileSystem : public FileSystem {
   bool Rename(std::string_view source, std::string_view target) override;
   bool Delete(std::string_view path) override;
   std::vector<DirectoryEntry> Search(std::string_view pattern, std::uint32_t include) override;
+  std::optional<FileIdentity> IdentityOf(std::string_view path) override;
+  std::string SameNameKey(std::string_view path) const override { return std::string(path); }
+  std::string Shown(std::string_view path) const override { return ToNativePath(path); }
 
   // Test seams. `hook` runs once, inside the next Rename, after its checks
   // and right before the file is moved.
