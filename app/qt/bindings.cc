@@ -107,6 +107,15 @@ void BindComboBox(ComboBox& box, QComboBox* widget) {
                    });
 }
 
+void BindPathLabel(Label& label, QLabel* widget,
+                   std::function<std::string(std::string_view)> shown) {
+  widget->setTextFormat(Qt::PlainText);
+  Follow(label.changed, widget, [&label, widget, shown = std::move(shown)] {
+    widget->setText(ToQt(shown(label.caption())));
+    widget->setHidden(!label.visible());
+  });
+}
+
 void BindLabel(Label& label, QLabel* widget, bool followBold) {
   widget->setTextFormat(Qt::PlainText);
   Follow(label.changed, widget, [&label, widget, followBold] {

@@ -3,6 +3,7 @@
 
 #include <QPointer>
 #include <QString>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -57,6 +58,8 @@ void BindComboBox(ComboBox& box, QComboBox* widget);
 // A label's caption and visibility, and with `followBold` its bold mark
 // (the step labels'); other labels keep the font their view gave them.
 void BindLabel(Label& label, QLabel* widget, bool followBold = false);
+// The same for a label whose caption is a path, shown as a person reads it.
+void BindPathLabel(Label& label, QLabel* widget, std::function<std::string(std::string_view)> shown);
 void BindFrame(Label& frame, QGroupBox* widget);
 void BindLineEdit(TextBox& box, QLineEdit* widget);
 // A read-only multi-line box that shows a text box's text.

@@ -99,6 +99,7 @@ QWidget* BuildFilePage(fTessaly& form) {
   list->setUniformItemSizes(true);  // keeps 32,767 rows cheap to lay out
   list->setEditTriggers(QAbstractItemView::NoEditTriggers);
   auto* rows = new ListBoxModel(form.lstFiles, false, list);
+  rows->shown = [&form](std::string_view path) { return form.ShownPath(path); };
   list->setModel(rows);
   new SelectionSync(form.lstFiles, list, rows);
   left->addWidget(list, 1);

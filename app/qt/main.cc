@@ -15,6 +15,7 @@
 #include "platform/posix/sqlite_registry.h"
 #include "platform/posix/standard_random.h"
 #include "platform/posix/system_clock.h"
+#include "person_acts.h"
 #include "qt_ui.h"
 #include "settings/settings_store.h"
 #include "wizard/start_up.h"
@@ -32,6 +33,7 @@ int main(int argc, char** argv) {
   for (const QString& word : QCoreApplication::arguments().mid(1)) words.push_back(word.toStdString());
 
   PosixFileSystem fileSystem;
+  app.installEventFilter(new qt::ForgetAnswersWhenAPersonActs(fileSystem, &app));
   SqliteRegistry registry;
   SettingsStore store(registry);
   qt::QtUi ui;

@@ -33,7 +33,7 @@ QWidget* DestinationChoice(fTessaly& form, QWidget* parent) {
   auto* folder = new QLabel(choice);
   folder->setObjectName(QStringLiteral("lFolder"));
   folder->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  BindLabel(form.lFolder, folder);
+  BindPathLabel(form.lFolder, folder, [&form](std::string_view path) { return form.ShownPath(path); });
   layout->addWidget(same, 0, 0);
   layout->addWidget(other, 1, 0);
   layout->addWidget(browse, 1, 1);

@@ -87,23 +87,48 @@ void ListBox::MoveToSortedPlace(std::size_t index) {
   }
 }
 
-void ListBox::Index(const std::string& key) {
-  if (sorted_) ++keys_[key];
+namespace {
+
+void Count(std::unordered_map<std::string, int>& counts, const std::string& key) { ++counts[key]; }
+
+void Uncount(std::unordered_map<std::string, int>& counts, const std::string& key) {
+  const auto found = counts.find(key);
+  if (found != counts.end() && --found->second == 0) counts.erase(found);
 }
 
-void ListBox::Unindex(const std::string& key) {
-  if (!sorted_) return;
-  const auto found = keys_.find(key);
-  if (found != keys_.end() && --found->second == 0) keys_.erase(found);
+}  // namespace
+
+ListBox::Row ListBox::MakeRow(std::string text, bool sortKey) {
+  Row row{std::move(text), {}, {}, false, false, false, ++arrivals_};
+  if (sortKey) row.key = SortKey(row.text);
+  if (sameEntryKey_) row.sameKey = sameEntryKey_(row.text);
+  return row;
+}
+
+void ListBox::Index(const Row& row) {
+  if (sorted_) Count(keys_, row.key);
+  if (sameEntryKey_) Count(sameKeys_, row.sameKey);
+}
+
+void ListBox::Unindex(const Row& row) {
+  if (sorted_) Uncount(keys_, row.key);
+  if (sameEntryKey_) Uncount(sameKeys_, row.sameKey);
+}
+
+bool ListBox::HoldsSameEntry(std::string_view text) const {
+  if (!sameEntryKey_) return FindExact(text) != -1;
+  return sameKeys_.contains(sameEntryKey_(text));
 }
 
 void ListBox::SetList(std::size_t index, std::string text) {
   Settle();
   Row& row = rows_.at(index);
-  Unindex(row.key);
-  if (sorted_) row.key = SortKey(text);
-  Index(row.key);
-  row.text = std::move(text);
+  Unindex(row);
+  const Row fresh = MakeRow(std::move(text), sorted_);
+  row.text = fresh.text;
+  row.key = fresh.key;
+  row.sameKey = fresh.sameKey;
+  Index(row);
   // Left where it was, the row would break the order every look-up relies on.
   if (sorted_) MoveToSortedPlace(index);
   changed.Emit();
@@ -111,9 +136,8 @@ void ListBox::SetList(std::size_t index, std::string text) {
 
 void ListBox::AddItem(std::string text) {
   if (!sorted_) Settle();  // so that the new row's index is final
-  std::string key = sorted_ ? SortKey(text) : std::string();
-  Index(key);
-  rows_.push_back(Row{std::move(text), std::move(key), false, false, false, ++arrivals_});
+  rows_.push_back(MakeRow(std::move(text), sorted_));
+  Index(rows_.back());
   if (!sorted_) settled_ = rows_.size();
   lastAddedIndex_ = rows_.size() - 1;
   changed.Emit();
@@ -128,8 +152,9 @@ std::size_t ListBox::NewIndex() const {
 void ListBox::AddItemAt(std::string text, std::size_t index) {
   if (sorted_ || index > ListCount()) return;
   Settle();
-  rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(index),
-               Row{std::move(text), {}, false, false, false, ++arrivals_});
+  const auto at = rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(index),
+                               MakeRow(std::move(text), false));
+  Index(*at);
   settled_ = rows_.size();
   lastAddedIndex_ = index;
   if (listIndex_ >= static_cast<int>(index)) ++listIndex_;
@@ -140,7 +165,7 @@ void ListBox::RemoveItem(std::size_t index) {
   if (index >= ListCount()) return;
   Row& row = At(index);  // now nothing waits to be merged, nor removed in front of it
   row.removed = true;
-  Unindex(row.key);
+  Unindex(row);
   if (row.selected) --selectedCount_;
   firstRemoved_ = index;
   ++removedCount_;
@@ -156,6 +181,7 @@ void ListBox::Clear() {
   removedCount_ = 0;
   selectedCount_ = 0;
   keys_.clear();
+  sameKeys_.clear();
   listIndex_ = -1;
   changed.Emit();
 }

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -47,6 +48,13 @@ class ListBox : public Control {
   // The first row equal to `key` ignoring case, or -1.
   int FindExact(std::string_view key) const;
 
+  // Rows are the same entry when `key` gives them the same text; until this
+  // is set, when they are equal ignoring case. Set it while the list is empty.
+  using SameEntryKey = std::function<std::string(std::string_view)>;
+  void SetSameEntryKey(SameEntryKey key) { sameEntryKey_ = std::move(key); }
+  // Whether a row is the same entry as `text`.
+  bool HoldsSameEntry(std::string_view text) const;
+
   bool Checked(std::size_t index) const { return At(index).checked; }
   void SetChecked(std::size_t index, bool checked);
   bool Selected(std::size_t index) const { return At(index).selected; }
@@ -71,6 +79,7 @@ class ListBox : public Control {
     // In a sorted list, the text folded as CompareIgnoreCase folds it and
     // encoded so that comparing the bytes orders as CompareIgnoreCase does.
     std::string key;
+    std::string sameKey;  // by sameEntryKey_, when it is set
     bool checked = false;
     bool selected = false;
     bool removed = false;
@@ -89,8 +98,9 @@ class ListBox : public Control {
   std::size_t CountBefore(const std::string& key) const;
   std::size_t IndexOfArrival(std::uint64_t arrival) const;
   void MoveToSortedPlace(std::size_t index);
-  void Index(const std::string& key);
-  void Unindex(const std::string& key);
+  void Index(const Row& row);
+  void Unindex(const Row& row);
+  Row MakeRow(std::string text, bool sortKey);
 
   // Until settled, removed rows still stand in rows_, all of them at or
   // behind firstRemoved_, and listIndex_ counts them.
@@ -105,6 +115,8 @@ class ListBox : public Control {
   std::size_t selectedCount_ = 0;
   // The sort keys of a sorted list's rows, with their counts.
   std::unordered_map<std::string, int> keys_;
+  SameEntryKey sameEntryKey_;
+  std::unordered_map<std::string, int> sameKeys_;  // rows by sameEntryKey_, with their counts
 };
 
 }  // namespace tessaly

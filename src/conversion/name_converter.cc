@@ -1,6 +1,7 @@
 #include "conversion/name_converter.h"
 
 #include <limits>
+#include <utility>
 
 #include "conversion/numbered_replace.h"
 #include "conversion/path_routines.h"
@@ -49,16 +50,22 @@ void ApplyCaseStages(const ConversionOptions& options, std::string& work) {
 std::string NameConverter::ConvertName(ConversionOptions& options,
                                        std::string_view sourcePath) const {
   CountName(options);
-  std::string work = WithTrailingBackslash(FolderPart(sourcePath));
+  // With "Include Path" clear the folder a path starts with is left alone:
+  // it stands in `folder`, and the stages act on `work`, what follows it.
+  // Ticked, `folder` is empty and the stages act on the whole path.
+  const bool includePath = Ticked(options.chkIncludePaths);
+  std::string folder = WithTrailingBackslash(FolderPart(sourcePath));
+  std::string work;
+  if (includePath) std::swap(folder, work);
   std::string sourceCopy(sourcePath);
   if (Ticked(options.chkRemoveNumbers)) RemoveBracketNumbers(sourceCopy);
 
   ApplyPlacements(options, sourceCopy, work);
-  ApplyReplace(options, work);
+  ApplyReplace(options, folder, work);
   ApplyUnwantedFormatting(options, work);
   if (Ticked(options.chkLongExtension)) work = FixExtension(work, false);
   if (Ticked(options.chkShortExtension)) work = FixExtension(work, true);
-  ApplyDestination(options, work);
+  ApplyDestination(options, folder, work);
 
   const std::string extension(FileExtensionOf(work));
   if (Ticked(options.chkExtra)) KeepLastPeriodOnly(work, extension);
@@ -66,8 +73,8 @@ std::string NameConverter::ConvertName(ConversionOptions& options,
   ApplyCaseStages(options, work);
   if (Ticked(options.chkFixSpacing)) work = FixSpacing(work);
 
-  options.pFolderPathVisible = Ticked(options.chkIncludePaths);
-  return work;
+  options.pFolderPathVisible = includePath;
+  return folder + work;
 }
 
 void NameConverter::ApplyPlacements(const ConversionOptions& options,
@@ -77,10 +84,13 @@ void NameConverter::ApplyPlacements(const ConversionOptions& options,
   }
 }
 
-void NameConverter::ApplyReplace(ConversionOptions& options, std::string& work) const {
+void NameConverter::ApplyReplace(ConversionOptions& options, std::string_view folder,
+                                 std::string& work) const {
   if (options.cboBatch[6] != "(Advanced)") {
-    const std::string find = ResolvePlacement(options.cboBatch[6], work, options, services_.clock);
-    const std::string with = ResolvePlacement(options.cboBatch[7], work, options, services_.clock);
+    // The tokens read the whole path, as it stands now.
+    const std::string whole = std::string(folder) + work;
+    const std::string find = ResolvePlacement(options.cboBatch[6], whole, options, services_.clock);
+    const std::string with = ResolvePlacement(options.cboBatch[7], whole, options, services_.clock);
     text::ReplaceAllIn(work, find, with);
     return;
   }
@@ -99,13 +109,18 @@ void NameConverter::ApplyUnwantedFormatting(ConversionOptions& options,
   }
 }
 
-void NameConverter::ApplyDestination(const ConversionOptions& options, std::string& work) const {
+void NameConverter::ApplyDestination(const ConversionOptions& options, std::string& folder,
+                                     std::string& work) const {
   const bool newFolder =
       options.optMoveNewFolder && DirectoryExists(options.lFolder, services_.fileSystem);
+  const std::string whole = folder + work;
   std::string path = WithTrailingBackslash(newFolder ? std::string_view(options.lFolder)
-                                                     : FolderPart(work));
-  path.append(NamePart(work));
-  work = std::move(path);
+                                                     : FolderPart(whole));
+  path.append(NamePart(whole));
+  // A shielded folder is the chosen destination from here on, or stays the
+  // source's; what a placement put behind it remains open to the stages.
+  if (!folder.empty() && newFolder) folder = WithTrailingBackslash(options.lFolder);
+  work = path.substr(folder.size());
 }
 
 }  // namespace tessaly

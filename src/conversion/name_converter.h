@@ -24,17 +24,20 @@ class NameConverter {
  public:
   explicit NameConverter(ConversionServices services) : services_(services) {}
 
-  // The full path that the file at `sourcePath` is to have. Raises
-  // options.serial by one and sets options.pFolderPathVisible; changes
-  // nothing else. Every input gives some output.
+  // The full path that the file at `sourcePath` is to have. Unless
+  // chkIncludePaths is ticked, the folder the path starts with (the
+  // source's, or the destination folder) comes out byte for byte as it went
+  // in. Raises options.serial by one and sets options.pFolderPathVisible;
+  // changes nothing else. Every input gives some output.
   std::string ConvertName(ConversionOptions& options, std::string_view sourcePath) const;
 
  private:
   void ApplyPlacements(const ConversionOptions& options, std::string_view sourceCopy,
                        std::string& work) const;
-  void ApplyReplace(ConversionOptions& options, std::string& work) const;
+  void ApplyReplace(ConversionOptions& options, std::string_view folder, std::string& work) const;
   void ApplyUnwantedFormatting(ConversionOptions& options, std::string& work) const;
-  void ApplyDestination(const ConversionOptions& options, std::string& work) const;
+  void ApplyDestination(const ConversionOptions& options, std::string& folder,
+                        std::string& work) const;
 
   ConversionServices services_;
 };

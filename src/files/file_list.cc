@@ -5,7 +5,7 @@
 namespace tessaly {
 
 AddResult AddToFileList(ListBox& list, std::string path) {
-  if (findInListBox(list, path) != -1) return AddResult::kDuplicate;
+  if (list.HoldsSameEntry(path)) return AddResult::kDuplicate;
   if (list.ListCount() >= kMaxListEntries) return AddResult::kListFull;
   list.AddItem(std::move(path));
   return AddResult::kAdded;

@@ -16,7 +16,8 @@ inline constexpr std::size_t kMaxListEntries = 32767;
 enum class AddResult { kAdded, kDuplicate, kListFull };
 
 // The one add rule of every source of paths: a path goes in unless the
-// list holds it already, ignoring case, or is full. Nothing normalises it.
+// list holds the same entry already (see ListBox::SetSameEntryKey), or is
+// full. Nothing normalises it.
 // A duplicate of a listed path counts as a duplicate even in a full list.
 AddResult AddToFileList(ListBox& list, std::string path);
 

@@ -114,7 +114,8 @@ void ChangeLog::WriteHead(std::size_t fileCount, long boxWidth) {
 
 std::string ChangeLog::FolderPiece(std::string_view path) {
   const std::string folder = FileNameOf(path, 1, ui_);
-  return std::string(FirstChars(folder, 6)) + "...\\" + FileNameOf(path, 2, ui_);
+  // Shortened first, then shown: the shortening counts the path's own characters.
+  return paths_.Shown(std::string(FirstChars(folder, 6)) + "...\\" + FileNameOf(path, 2, ui_));
 }
 
 void ChangeLog::WriteFileLine(std::string_view oldPath, std::string_view newPath,

@@ -7,6 +7,7 @@
 
 #include "controls/rich_text_box.h"
 #include "platform/clock.h"
+#include "platform/file_system.h"
 #include "platform/locale.h"
 #include "platform/ui.h"
 
@@ -45,8 +46,10 @@ std::string LogTime(const CivilDateTime& now, const Locale& locale);
 // line per file, foot. The box is only ever written at its insertion point.
 class ChangeLog {
  public:
-  ChangeLog(RichTextBox& box, const Clock& clock, const Locale& locale, Ui& ui)
-      : box_(box), clock_(clock), locale_(locale), ui_(ui) {}
+  // `paths` gives the form in which a person reads a path.
+  ChangeLog(RichTextBox& box, const Clock& clock, const Locale& locale, Ui& ui,
+            const FileSystem& paths)
+      : box_(box), clock_(clock), locale_(locale), ui_(ui), paths_(paths) {}
 
   // `boxWidth` is the box's width in the form's unit; lines may run on to
   // four times that before they wrap.
@@ -61,6 +64,7 @@ class ChangeLog {
   const Clock& clock_;
   const Locale& locale_;
   Ui& ui_;
+  const FileSystem& paths_;
 };
 
 }  // namespace tessaly

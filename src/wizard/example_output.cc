@@ -20,7 +20,7 @@ void fTessaly::ShowExample() {
       converted = FileNameOf(converted, 2, services_.ui);
     }
     if (sample != &SamplePath1) example += kLineEnd;
-    example += converted;
+    example += services_.fileSystem.Shown(converted);
   }
   txtExample.SetText(std::move(example));
 }

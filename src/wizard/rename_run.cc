@@ -28,12 +28,13 @@ void fTessaly::RenameFile(const std::string& source, const std::string& target) 
   // offered for deletion: the rename sorts it out or fails harmlessly.
   const bool maybeItself = text::CompareIgnoreCase(source, target) == 0;
   if (FileExists(target) && !maybeItself) {
-    const std::string question = "The file '" + FileNameOf(target, 2, services_.ui) +
+    const std::string question = "The file '" + files.Shown(FileNameOf(target, 2, services_.ui)) +
                                  "' already exists. Would you like to overwrite this file?";
-    if (services_.ui.MessageBox(question, MessageButtons::kYesNoCancel, "Confirm Overwrite") !=
-        MessageAnswer::kYes) {
-      return;
-    }
+    const MessageAnswer answer =
+        services_.ui.MessageBox(question, MessageButtons::kYesNoCancel, "Confirm Overwrite");
+    // The person may have done anything to the disk while the question stood.
+    files.ForgetAnswers();
+    if (answer != MessageAnswer::kYes) return;
     if (!files.Delete(target)) return;
   }
   if (!files.Rename(source, target)) return;
@@ -46,7 +47,7 @@ void fTessaly::RunRenames() {
   const auto n = static_cast<std::int32_t>(lstFiles.ListCount());
   stepRunning_ = true;
   OpenProgress(kRunProgressCaption);
-  ChangeLog log(tLog, services_.clock, services_.locale, services_.ui);
+  ChangeLog log(tLog, services_.clock, services_.locale, services_.ui, services_.fileSystem);
   log.WriteHead(static_cast<std::size_t>(n), kLogBoxWidth);
   progress_->start(0, n);
   serial_ = 0;

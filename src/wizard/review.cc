@@ -40,7 +40,7 @@ void fTessaly::BuildPreview() {
   // The list may shrink under the loop while events run; stop, not crash.
   for (std::int32_t i = 0; i < n && !ended_ && i < static_cast<std::int32_t>(lstFiles.ListCount()); ++i) {
     lstFilesC.AddItem(Convert(lstFiles.List(i)));
-    tOutput.SetSelText("    " + lstFilesC.List(i) + std::string(kLineEnd));
+    tOutput.SetSelText("    " + services_.fileSystem.Shown(lstFilesC.List(i)) + std::string(kLineEnd));
     progress_->setvalue(i + 1);
   }
   stepRunning_ = false;

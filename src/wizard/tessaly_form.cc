@@ -12,6 +12,11 @@ namespace tessaly {
 
 fTessaly::fTessaly(const WizardServices& services)
     : Form("fTessaly", ""), services_(services), lists_(services.store, services.ui) {
+  // Two paths are one entry of the list when the file system takes them
+  // for one name.
+  lstFiles.SetSameEntryKey([&files = services.fileSystem](std::string_view path) {
+    return files.SameNameKey(path);
+  });
   for (int i = 0; i < kStepCount; ++i) {
     lblStep[i].SetCaption(std::string(kStepLabels[i]));
     pStep[i].SetCaption(std::string(kStepHeadings[i]));

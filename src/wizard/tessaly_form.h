@@ -35,6 +35,9 @@ class fTessaly : public Form {
   // Public methods, as other forms and the command line call them.
   void UpdateList();
   int findInListBox(const ListBox& searchList, std::string_view searchKey) const;
+
+  // `path` as a person on this platform reads it, for the views.
+  std::string ShownPath(std::string_view path) const { return services_.fileSystem.Shown(path); }
   void removeSelected(ListBox& removeList);
 
   void ShowStep(std::int32_t index);

@@ -77,15 +77,24 @@ class CliEndToEnd : public ::testing::Test {
   std::string ModelPath(const std::string& name) { return ToModelPath(files + "/" + name); }
 
   CliResult Run(const std::vector<std::string>& args) { return RunCli(args, files, registry); }
+  // The contents of every file under `folder`, however named.
+  std::multiset<std::string> Contents(const std::string& folder) {
+    std::multiset<std::string> contents;
+    for (const auto& entry : fs::directory_iterator(folder)) {
+      if (!entry.is_regular_file()) continue;
+      std::ifstream in(entry.path());
+      contents.insert(std::string(std::istreambuf_iterator<char>(in), {}));
+    }
+    return contents;
+  }
 
   // The line of one file in the change log, the time left open.
   std::string FileLine(const std::string& oldName, const std::string& newName,
                        const std::string& outcome, const std::string& newFolder = "") {
-    const std::string folder6 = ToModelPath(files + "/").substr(0, 6);
-    const std::string newFolder6 =
-        newFolder.empty() ? folder6 : ToModelPath(newFolder + "/").substr(0, 6);
-    return R"(^[0-9]{2}:[0-9]{2}:[0-9]{2} - )" + Literal(folder6) + R"(\.\.\.\\)" + Literal(oldName) + " > " +
-           Literal(newFolder6) + R"(\.\.\.\\)" + Literal(newName) + " " + Literal(outcome) + "$";
+    const std::string folder6 = (files + "/").substr(0, 6);
+    const std::string newFolder6 = newFolder.empty() ? folder6 : (newFolder + "/").substr(0, 6);
+    return R"(^[0-9]{2}:[0-9]{2}:[0-9]{2} - )" + Literal(folder6) + R"(\.\.\./)" + Literal(oldName) +
+           " > " + Literal(newFolder6) + R"(\.\.\./)" + Literal(newName) + " " + Literal(outcome) + "$";
   }
 
   std::string root;
@@ -149,12 +158,62 @@ TEST_F(CliEndToEnd, ShellWordsGiveTheSameRunAsTheOneText) {
 
 TEST_F(CliEndToEnd, CaseOnlyRenameGoesThroughWithoutAQuestion) {
   MakeFile("a.TXT", "mine");
-  const CliResult result = Run({"a.TXT", "/step:4", "/exit"});
+  const std::string renames = registry + "/renames";
+  const bool traced = access("/usr/bin/strace", X_OK) == 0;
+  const CliResult result =
+      traced ? RunCli({"a.TXT", "/step:4", "/exit"}, files, registry,
+                      {"/usr/bin/strace", "-f", "-qq", "-o", renames, "-e",
+                       "trace=rename,renameat,renameat2,link,linkat"})
+             : Run({"a.TXT", "/step:4", "/exit"});
   EXPECT_EQ(Names(), (std::set<std::string>{"a.txt"}));
+  // Where the disk tells letter case apart, the name is free: one rename.
+  if (traced) EXPECT_EQ(Lines(Content("../registry/renames")).size(), 1u) << Content("../registry/renames");
   EXPECT_EQ(Content("a.txt"), "mine");
   EXPECT_THAT(Lines(result.out),
               Contains(ContainsRegex(FileLine("a.TXT", "a.txt", "(Completed)"))));
   EXPECT_THAT(result.err, Not(HasSubstr("Confirm Overwrite")));
+}
+
+// Names mean what the disk says: on a disk that tells letter case apart,
+// names that differ only in it are other files, never the file itself.
+TEST_F(CliEndToEnd, CaseTwinsAreOtherFilesAndNothingIsLost) {
+  MakeFile("B.TXT", "1");
+  MakeFile("b.txt", "2");
+  const CliResult twins = Run({"B.TXT", "/settings:LowerCase", "/step:4"});
+  EXPECT_THAT(twins.err, HasSubstr("Confirm Overwrite: The file 'b.txt' already exists."));
+  EXPECT_THAT(twins.err, HasSubstr("answering No"));
+  EXPECT_EQ(Content("b.txt"), "2");
+  EXPECT_EQ(Content("b.txt.temp"), "1");
+  EXPECT_EQ(twins.exitCode, 0);
+
+  fs::remove_all(files);
+  fs::create_directory(files);
+  for (const char* name : {"Foo.txt", "foo.txt", "FOO.txt"}) MakeFile(name, name);
+  const CliResult listed = Run({"Foo.txt", "foo.txt", "FOO.txt"});
+  EXPECT_THAT(listed.err, HasSubstr("with 3 files listed"));
+  Run({"Foo.txt", "foo.txt", "FOO.txt", "/settings:LowerCase", "/step:4"});
+  EXPECT_EQ(Contents(files), (std::multiset<std::string>{"FOO.txt", "Foo.txt", "foo.txt"}));
+  EXPECT_EQ(Content("foo.txt"), "foo.txt");
+}
+
+// A conversion may change a folder's letter case: with "Include Path" the
+// folders of the new path are those that match ignoring case, and without
+// it the folder stays as it is, whatever the options would do to it.
+TEST_F(CliEndToEnd, FoldersAreMatchedOrLeftAlone) {
+  fs::create_directory(files + "/Holiday Photos");
+  MakeFile("Holiday Photos/IMG_1.JPG", "pixels");
+  // The temporary folder's own name has capitals too: every level matches.
+  const CliResult included = Run({"Holiday Photos/IMG_1.JPG", "/settings:LowerCase",
+                                  "/settings:IncludePaths", "/step:4"});
+  EXPECT_THAT(included.out, HasSubstr("(Completed)")) << included.out;
+  EXPECT_EQ(Names(files + "/Holiday Photos"), (std::set<std::string>{"img_1.jpg"}));
+
+  fs::create_directory(files + "/my_photos.2024");
+  MakeFile("my_photos.2024/a_b.c.TXT", "text");
+  const CliResult shielded = Run({"my_photos.2024/a_b.c.TXT", "/settings:RemoveUnderscores",
+                                  "/settings:RemoveExtraSpaces", "/step:4"});
+  EXPECT_THAT(shielded.out, HasSubstr("(Completed)")) << shielded.out;
+  EXPECT_EQ(Names(files + "/my_photos.2024"), (std::set<std::string>{"a bc.txt"}));
 }
 
 TEST_F(CliEndToEnd, SecondFileToTheSameNameStaysUnderItsTempNameWhenNobodyCanSayYes) {
@@ -225,7 +284,7 @@ TEST_F(CliEndToEnd, StepThreePrintsThePreviewAndRenamesNothing) {
   MakeFile("Draft_Copy.TXT");
   const CliResult result = Run({"Draft_Copy.TXT", "/settings:RemoveUnderscores", "/step:3"});
   EXPECT_EQ(Names(), (std::set<std::string>{"Draft_Copy.TXT"}));
-  EXPECT_THAT(result.out, HasSubstr("Rename Files Preview:\n    " + ModelPath("Draft Copy.txt")));
+  EXPECT_THAT(result.out, HasSubstr("Rename Files Preview:\n    " + files + "/Draft Copy.txt"));
   EXPECT_THAT(result.err, HasSubstr("Generating Renamed Files Preview...  100%\n"));
 }
 

@@ -39,10 +39,11 @@ int WaitFor(pid_t pid, std::chrono::seconds limit) {
 }  // namespace
 
 CliResult RunCli(const std::vector<std::string>& args, const std::string& folder,
-                 const std::string& registryDir) {
+                 const std::string& registryDir, const std::vector<std::string>& wrapper) {
   const std::string outPath = registryDir + "/.stdout";
   const std::string errPath = registryDir + "/.stderr";
-  std::vector<std::string> argStrings{TESSALY_CLI_PATH};
+  std::vector<std::string> argStrings = wrapper;
+  argStrings.push_back(TESSALY_CLI_PATH);
   argStrings.insert(argStrings.end(), args.begin(), args.end());
   std::vector<char*> argv;
   for (std::string& arg : argStrings) argv.push_back(arg.data());

@@ -15,8 +15,9 @@ struct CliResult {
 // Runs the built tessaly-cli with `args` in `folder`, with no terminal
 // (a new session, input from /dev/null), the C locale and
 // TESSALY_REGISTRY_DIR set to `registryDir`. Kills it after a minute.
+// `wrapper`, if given, is a command (absolute path first) that runs it.
 CliResult RunCli(const std::vector<std::string>& args, const std::string& folder,
-                 const std::string& registryDir);
+                 const std::string& registryDir, const std::vector<std::string>& wrapper = {});
 
 }  // namespace tessaly::cli
 

@@ -26,6 +26,21 @@ class CountingListSource : public ListSource {
   int formattingLoads = 0;
 };
 
+// Each "; "-separated path of `paths` with its folder replaced by `folder`.
+std::string WithFolder(const std::string& paths, const std::string& folder) {
+  std::string out;
+  std::size_t start = 0;
+  while (start <= paths.size()) {
+    std::size_t end = paths.find("; ", start);
+    if (end == std::string::npos) end = paths.size();
+    const std::string path = paths.substr(start, end - start);
+    if (!out.empty()) out += "; ";
+    out += folder + path.substr(path.find_last_of('\\') + 1);
+    start = end + 2;
+  }
+  return out;
+}
+
 class NameConverterTest : public ::testing::Test {
  protected:
   std::string Convert(std::string_view path) { return converter_.ConvertName(options_, path); }
@@ -94,11 +109,54 @@ TEST_F(NameConverterTest, BoxesTickedOneRowAtATime) {
        "C:\\Graphics\\Common\\Copy of Myfile - Space - 04 - Oddy.jpg; "
        "C:\\Graphics\\Common\\Myfile - My File Data Header.mp3"},
   };
+  // With "Include Path" ticked the stages act on the whole path; clear, the
+  // folder stays as it was and only the names change.
   for (const auto& row : rows) {
     options_ = ConversionOptions();
     for (Box box : row.ticked) options_.*box = kChecked;
+    options_.chkIncludePaths = kChecked;
     EXPECT_EQ(ConvertSamples(), row.expected) << "boxes ticked: " << row.ticked.size();
+    options_.chkIncludePaths = kUnchecked;
+    EXPECT_EQ(ConvertSamples(), WithFolder(row.expected, "c:\\graphics\\common\\"))
+        << "boxes ticked: " << row.ticked.size();
   }
+}
+
+TEST_F(NameConverterTest, TheFolderIsLeftAloneUnlessIncludePathIsTicked) {
+  using Box = CheckState ConversionOptions::*;
+  fs_.AddDirectory("e:\\my_new.folder");
+  const struct {
+    std::string source;
+    std::vector<Box> ticked;
+    bool newFolder;
+    std::string shielded, included;
+  } rows[] = {
+      {"\\home\\ann\\my_photos.2024\\a_b.c.JPG",
+       {&ConversionOptions::chkRemoveu, &ConversionOptions::chkExtra}, false,
+       "\\home\\ann\\my_photos.2024\\a bc.jpg", "\\home\\ann\\my photos2024\\a bc.jpg"},
+      {"\\home\\ann\\x.txt", {&ConversionOptions::chkCapitalize}, false, "\\home\\ann\\X.txt",
+       "\\Home\\Ann\\X.txt"},
+      // A blank behind the folder is the name's own first character.
+      {"\\tmp\\ x  y .txt", {&ConversionOptions::chkFixSpacing}, false, "\\tmp\\x y.txt",
+       "\\tmp\\ x y.txt"},
+      // The destination folder is shielded like the source's.
+      {"c:\\a\\b_c.txt", {&ConversionOptions::chkRemoveu, &ConversionOptions::chkUpperCase}, true,
+       "e:\\my_new.folder\\B C.TXT", "E:\\MY NEW.FOLDER\\B C.TXT"},
+  };
+  for (const auto& row : rows) {
+    options_ = ConversionOptions();
+    for (Box box : row.ticked) options_.*box = kChecked;
+    options_.optMoveNewFolder = row.newFolder;
+    options_.lFolder = "e:\\my_new.folder";
+    EXPECT_EQ(Convert(row.source), row.shielded) << row.source;
+    options_.chkIncludePaths = kChecked;
+    EXPECT_EQ(Convert(row.source), row.included) << row.source;
+  }
+  // Folder text a placement brings in is part of the name work.
+  options_ = ConversionOptions();
+  options_.cboBatch = {"my_sub", "\\", "Document Name", "", "", "", "", ""};
+  options_.chkRemoveu = kChecked;
+  EXPECT_EQ(Convert("c:\\my_dir\\a_b.txt"), "c:\\my_dir\\my sub\\a b");
 }
 
 TEST_F(NameConverterTest, AllowSpacesActsWhenClear) {
@@ -146,6 +204,7 @@ TEST_F(NameConverterTest, EdgesOfThePathItself) {
 }
 
 TEST_F(NameConverterTest, CaseStagesWorkOnWholeCharacters) {
+  options_.chkIncludePaths = kChecked;
   options_.chkUpperCase = kChecked;
   EXPECT_EQ(Convert("d:\\fotos\\ünïcode ça.jpg"), "D:\\FOTOS\\ÜNÏCODE ÇA.JPG");
   options_.chkUpperCase = kUnchecked;
@@ -163,6 +222,8 @@ TEST_F(NameConverterTest, AllPlacementsEmptyGiveTheFolderAlone) {
 
 TEST_F(NameConverterTest, ExtraPeriodsLeaveOnlyThePeriodBeforeTheExtension) {
   options_.chkExtra = kChecked;
+  EXPECT_EQ(Convert("c:\\my.folder\\a.b.txt"), "c:\\my.folder\\ab.txt");
+  options_.chkIncludePaths = kChecked;
   EXPECT_EQ(Convert("c:\\my.folder\\a.b.txt"), "c:\\myfolder\\ab.txt");
   options_.cboBatch = {"Document Name", "", "", "", "", "", "", ""};
   EXPECT_EQ(Convert("c:\\docs\\name"), "c:\\docs\\name.");
@@ -184,7 +245,7 @@ TEST_F(NameConverterTest, DestinationFolderIsUsedOnlyWhileItExists) {
   options_.optMoveNewFolder = true;
   EXPECT_EQ(Convert("c:\\a\\b.txt"), "e:\\new\\b.txt");
   options_.chkUpperCase = kChecked;  // later stages see the destination too
-  EXPECT_EQ(Convert("c:\\a\\b.txt"), "E:\\NEW\\B.TXT");
+  EXPECT_EQ(Convert("c:\\a\\b.txt"), "e:\\new\\B.TXT");
   options_.chkUpperCase = kUnchecked;
   fs_.Remove("e:\\new");  // vanished: passed over silently
   EXPECT_EQ(Convert("c:\\a\\b.txt"), "c:\\a\\b.txt");
@@ -199,7 +260,8 @@ TEST_F(NameConverterTest, ReplaceBoxesResolveTokensOnTheWorkText) {
       {"file", "", "c:\\graphics\\common\\MyFile - My  data HeadEr .mp3"},
       {"MyFile", "Document Name",
        "c:\\graphics\\common\\MyFile - My file data HeadEr  - My file data HeadEr .mp3"},
-      {"graphics", "pics", "c:\\pics\\common\\MyFile - My file data HeadEr .mp3"},
+      {"graphics", "pics", "c:\\graphics\\common\\MyFile - My file data HeadEr .mp3"},
+      {"Split(\\,2)", "x", "c:\\graphics\\common\\MyFile - My file data HeadEr .mp3"},
       {"", "x", "c:\\graphics\\common\\MyFile - My file data HeadEr .mp3"},
       {"(none)", "x", "c:\\graphics\\common\\MyFile - My file data HeadEr .mp3"},
       {".mp3", "2 Digit Serial Number", "c:\\graphics\\common\\MyFile - My file data HeadEr 01"},
@@ -269,7 +331,7 @@ TEST_F(NameConverterTest, TheSourcePathIsNeverAltered) {
   const std::string source = "c:\\a\\x (1).txt";
   options_.chkRemoveNumbers = kChecked;
   options_.chkUpperCase = kChecked;
-  EXPECT_EQ(converter_.ConvertName(options_, source), "C:\\A\\X .TXT");
+  EXPECT_EQ(converter_.ConvertName(options_, source), "c:\\a\\X .TXT");
   EXPECT_EQ(source, "c:\\a\\x (1).txt");
 }
 

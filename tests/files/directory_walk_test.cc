@@ -2,8 +2,14 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <filesystem>
+#include <fstream>
 
 #include "platform/memory/memory_file_system.h"
+#include "platform/posix/native_path.h"
+#include "platform/posix/posix_file_system.h"
 #include "text/text_ops.h"
 
 namespace tessaly {
@@ -91,15 +97,34 @@ TEST_F(DirectoryWalk, AsksForPlainFilesPerPatternAndForFoldersOnlyWhenRecursive)
   }
 }
 
-TEST_F(DirectoryWalk, NoPathTwiceIgnoringCase) {
+// Where letter case counts, case twins are two files; a path that several
+// patterns match still comes once.
+TEST_F(DirectoryWalk, NoPathTwiceAsTheFileSystemTellsNamesApart) {
   MemoryFileSystem files(MemoryFileSystem::LetterCase::kExact);
   files.AddFile("C:\\F\\a.txt");
   files.AddFile("C:\\F\\A.txt");
   files.AddFile("C:\\F\\b.txt");
-  const auto found = ListFiles(files, "C:\\F", "*.txt;*.TXT;b.*", false);
-  ASSERT_EQ(found.size(), 2u);
-  EXPECT_EQ(text::CompareIgnoreCase(found[0], "C:\\F\\a.txt"), 0);
-  EXPECT_EQ(found[1], "C:\\F\\b.txt");
+  EXPECT_THAT(ListFiles(files, "C:\\F", "*.txt;*.TXT;b.*", false),
+              ElementsAre("C:\\F\\A.txt", "C:\\F\\a.txt", "C:\\F\\b.txt"));
+}
+
+// On a real disk, links may lead back up the tree or twice to one folder:
+// the walk ends, and every file comes once.
+TEST(DirectoryWalkOnDisk, LinksToFoldersAreFollowedOnceAndLoopsEnd) {
+  namespace fs = std::filesystem;
+  std::string root = (fs::temp_directory_path() / "tessaly-walk-XXXXXX").string();
+  ASSERT_NE(mkdtemp(root.data()), nullptr);
+  fs::create_directories(root + "/a/b");
+  std::ofstream(root + "/a/b/x.txt") << "x";
+  std::ofstream(root + "/a/y.txt") << "y";
+  fs::create_directory_symlink("..", root + "/a/b/up");    // back to a
+  fs::create_directory_symlink("a/b", root + "/again");  // a second way to b
+  PosixFileSystem files;
+  const auto found = ListFiles(files, ToModelPath(root), "*.txt", true);
+  fs::remove_all(root);
+  std::vector<std::string> names;
+  for (const std::string& path : found) names.push_back(path.substr(path.find_last_of('\\') + 1));
+  EXPECT_THAT(names, ::testing::UnorderedElementsAre("x.txt", "y.txt"));
 }
 
 TEST_F(DirectoryWalk, FoldersThatCannotBeReadAddNothing) {

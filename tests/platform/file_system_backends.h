@@ -63,6 +63,8 @@ inline void PrintTo(const BackendKind& kind, std::ostream* out) { *out << kind.n
 
 std::unique_ptr<FileSystemBackend> MakeMemoryBackend(bool ignoreCase);
 std::unique_ptr<FileSystemBackend> MakePosixBackend();
+// Null where no case-folding file system can be made on this machine.
+std::unique_ptr<FileSystemBackend> MakeCaseFoldingPosixBackend();
 
 }  // namespace tessaly::testing
 

@@ -18,6 +18,10 @@ class FileSystemContract : public ::testing::TestWithParam<BackendKind> {
  protected:
   void SetUp() override {
     backend_ = GetParam().make();
+    if (!backend_) {
+      GTEST_SKIP() << "no case-folding file system can be mounted here (needs root, a loop "
+                      "device, and a kernel with ext4 casefold or vfat)";
+    }
     root_ = backend_->Root();
   }
 
@@ -66,6 +70,39 @@ TEST_P(FileSystemContract, LetterCaseFollowsTheBackend) {
   backend_->MakeFile(At("Photos\\Beach.JPG"));
   const bool found = fs().GetAttributes(At("PHOTOS\\beach.jpg")).has_value();
   EXPECT_EQ(found, backend_->IgnoresCase());
+}
+
+// Where letter case counts, names that differ only in it are separate
+// files, and nothing done to one touches another.
+TEST_P(FileSystemContract, CaseTwinsAreSeparateFilesWhereCaseCounts) {
+  if (backend_->IgnoresCase()) GTEST_SKIP() << "case twins cannot exist here";
+  for (const char* name : {"Foo", "foo", "FOO"}) backend_->MakeFile(At(name), name);
+  EXPECT_FALSE(fs().GetAttributes(At("fOO")));
+  EXPECT_TRUE(fs().Delete(At("foo")));
+  EXPECT_FALSE(fs().Rename(At("Foo"), At("FOO")));
+  ASSERT_TRUE(fs().Rename(At("FOO"), At("bar")));
+  EXPECT_THAT(backend_->Names(root_), ElementsAre("Foo", "bar"));
+  EXPECT_EQ(backend_->Read(At("Foo")), "Foo");
+  EXPECT_EQ(backend_->Read(At("bar")), "FOO");
+}
+
+// A conversion may change a folder's letter case, and no folder is ever
+// made, so a folder is the one folder that matches ignoring case; a file
+// name is taken as the backend takes names.
+TEST_P(FileSystemContract, AFolderIsFoundInOtherCaseWhenOnlyOneMatches) {
+  backend_->MakeFolder(At("Music"));
+  backend_->MakeFolder(At("Music\\Live Set"));
+  backend_->MakeFile(At("Music\\Live Set\\Track.MP3"), "x");
+  EXPECT_EQ(fs().GetAttributes(At("MUSIC\\live set\\Track.MP3")), attr::kArchive);
+  EXPECT_EQ(fs().GetAttributes(At("MUSIC\\live set\\track.mp3")).has_value(),
+            backend_->IgnoresCase());
+  ASSERT_TRUE(fs().Rename(At("music\\LIVE SET\\Track.MP3"), At("MUSIC\\Live set\\01.mp3")));
+  EXPECT_THAT(backend_->Names(At("Music\\Live Set")), ElementsAre("01.mp3"));
+  if (backend_->IgnoresCase()) return;
+  backend_->MakeFolder(At("MUSIC"));  // now two folders match
+  fs().ForgetAnswers();
+  EXPECT_FALSE(fs().GetAttributes(At("music\\Live Set\\01.mp3")));
+  EXPECT_FALSE(fs().Rename(At("Music\\Live Set\\01.mp3"), At("music\\02.mp3")));
 }
 
 TEST_P(FileSystemContract, RenameMovesWithinAndBetweenFolders) {
@@ -206,7 +243,8 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         BackendKind{"MemoryIgnoringCase", [] { return testing::MakeMemoryBackend(true); }},
         BackendKind{"MemoryExactCase", [] { return testing::MakeMemoryBackend(false); }},
-        BackendKind{"Posix", [] { return testing::MakePosixBackend(); }}),
+        BackendKind{"Posix", [] { return testing::MakePosixBackend(); }},
+        BackendKind{"PosixCaseFolding", [] { return testing::MakeCaseFoldingPosixBackend(); }}),
     [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace

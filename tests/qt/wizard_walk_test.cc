@@ -119,9 +119,9 @@ TEST_F(WizardWalkTest, PersonRenamesDroppedFilesAndReadsTheColouredLog) {
                                            MakeFile("fig.txt")}));
   ASSERT_EQ(list->model()->rowCount(), 3);
   EXPECT_THAT(list->model()->index(0, 0).data().toString().toStdString(),
-              ::testing::EndsWith("\\photos\\Apple.txt"));
+              ::testing::EndsWith("/photos/Apple.txt"));
   EXPECT_THAT(list->model()->index(2, 0).data().toString().toStdString(),
-              ::testing::EndsWith("\\photos\\pear.txt"));
+              ::testing::EndsWith("/photos/pear.txt"));
   EXPECT_EQ(Find<QLabel>(window, "lStat")->text(), "3 files.");
   SaveScreenshot(window, "step1_files");
 
@@ -149,8 +149,8 @@ TEST_F(WizardWalkTest, PersonRenamesDroppedFilesAndReadsTheColouredLog) {
   const QStringList lines = preview->toPlainText().split('\n');
   ASSERT_GE(lines.size(), 4);
   EXPECT_EQ(lines[0], "Rename Files Preview:");
-  // UPPERCASE takes the folder part too; the disk finds it all the same.
-  EXPECT_THAT(lines[1].toStdString(), ::testing::EndsWith("\\PHOTOS\\001.TXT"));
+  // Without "Include Path" the folder is left as it is.
+  EXPECT_THAT(lines[1].toStdString(), ::testing::EndsWith("/photos/001.TXT"));
   EXPECT_TRUE(lines[1].startsWith("    "));
   EXPECT_EQ(ui.progressTitles, QStringList{"Generating Renamed Files Preview..."});
   SaveScreenshot(window, "step3_review");

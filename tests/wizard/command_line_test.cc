@@ -109,7 +109,7 @@ TEST_F(CommandLineTest, UnattendedRunRenamesStoresAndEnds) {
   fTessaly& wizard = Start(
       R"x(C:\u\Big Photo.JPG;C:\u\Notes.TXT /settings:LowerCase /placement2:"(none)" /step:4 /hide /exit)x");
   EXPECT_TRUE(wizard.ended());
-  EXPECT_THAT(files.Paths(), ::testing::IsSupersetOf({"c:\\u\\big photo", "c:\\u\\notes"}));
+  EXPECT_THAT(files.Paths(), ::testing::IsSupersetOf({"C:\\u\\big photo", "C:\\u\\notes"}));
   EXPECT_EQ(StoredState("chkLowercase"), 1);
   EXPECT_THAT(ui.shownForms(), ElementsAre("fProgress", "fProgress"));  // never the wizard
 }

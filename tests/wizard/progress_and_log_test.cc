@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "platform/memory/fixed_clock.h"
+#include "platform/memory/memory_file_system.h"
 #include "platform/memory/fixed_locale.h"
 #include "platform/memory/scripted_ui.h"
 #include "text/utf8.h"
@@ -49,11 +50,13 @@ TEST(ChangeLog, FolderIsCutToSixCharactersWithTheMarkAlways) {
   FixedLocale locale;
   FixedClock clock(CivilDateTime{{2026, 11, 18}, 14, 2, 9});
   RichTextBox box;
-  ChangeLog log(box, clock, locale, ui);
+  // Paths shown as on POSIX: the line is cut in the model, then shown.
+  MemoryFileSystem paths(MemoryFileSystem::LetterCase::kExact, MemoryFileSystem::ShownForm::kPosix);
+  ChangeLog log(box, clock, locale, ui, paths);
   log.WriteHead(3, 100);
   log.WriteFileLine("c:\\graphics\\common\\a.txt", "c:\\graphics\\common\\b.txt",
                     Outcome::kCompleted);
-  log.WriteFileLine("c:\\a.txt", "noslash", Outcome::kNoChange);
+  log.WriteFileLine("c:\\a.txt", "AC/DC", Outcome::kNoChange);
   log.WriteFileLine("c:\\Ünïcode Ça\\x", "c:\\Ünïcode Ça\\y", Outcome::kFailedExists);
   RunCounters counters;
   counters.Count(Outcome::kCompleted);
@@ -63,9 +66,9 @@ TEST(ChangeLog, FolderIsCutToSixCharactersWithTheMarkAlways) {
   EXPECT_EQ(box.text(),
             "Renaming Started at: 11/18/2026 - 14:02:09\r\n\r\n3 total files.\r\n\r\n"
             "Renamed Files - Log:\r\n"
-            "14:02:09 - c:\\gra...\\a.txt > c:\\gra...\\b.txt (Completed)\r\n"
-            "14:02:09 - c:\\...\\a.txt > ...\\noslash (No Change}\r\n"
-            "14:02:09 - c:\\Ünï...\\x > c:\\Ünï...\\y (Failed! - File Already Exists)\r\n"
+            "14:02:09 - c:/gra.../a.txt > c:/gra.../b.txt (Completed)\r\n"
+            "14:02:09 - c:/.../a.txt > .../AC\\DC (No Change}\r\n"
+            "14:02:09 - c:/Ünï.../x > c:/Ünï.../y (Failed! - File Already Exists)\r\n"
             "\r\n\r\n1 files where renamed successfully.\r\n1 files remain unchanged.\r\n"
             "1 files failed to be renamed.\r\n\r\nRenaming Completed at: 11/18/2026 - 14:02:09");
   EXPECT_EQ(box.rightMargin(), 400);
@@ -78,7 +81,7 @@ TEST(ChangeLog, FolderIsCutToSixCharactersWithTheMarkAlways) {
   EXPECT_EQ(box.spans()[0].start, headLength);
   EXPECT_EQ(box.spans()[1].start, box.spans()[0].start + box.spans()[0].length);
   EXPECT_EQ(box.spans()[2].length,
-            text::CharCount("14:02:09 - c:\\Ünï...\\x > c:\\Ünï...\\y (Failed! - File Already Exists)\r\n"));
+            text::CharCount("14:02:09 - c:/Ünï.../x > c:/Ünï.../y (Failed! - File Already Exists)\r\n"));
 }
 
 TEST(RichTextBox, InsertingInsideColouredTextMovesAndCutsRuns) {

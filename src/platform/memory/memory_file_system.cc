@@ -5,6 +5,7 @@
 #include "platform/path_forms.h"
 #include "platform/search_pattern.h"
 #include "text/case_mapping.h"
+#include "text/text_ops.h"
 
 namespace tessaly {
 
@@ -41,8 +42,44 @@ std::string MemoryFileSystem::Key(std::string_view path) const {
 
 MemoryFileSystem::Entry* MemoryFileSystem::Find(std::string_view path) {
   if (path.empty()) return nullptr;
-  const auto found = entries_.find(Key(path));
+  auto found = entries_.find(Key(path));
+  if (found == entries_.end() && letterCase_ == LetterCase::kExact) {
+    found = entries_.find(Key(MatchFolders(path)));
+    if (found == entries_.end()) found = entries_.find(Key(MatchFolder(path)));
+  }
   return found == entries_.end() ? nullptr : &found->second;
+}
+
+std::string MemoryFileSystem::MatchFolders(std::string_view path) const {
+  path = WithoutClosingBackslash(path);
+  const auto parent = ParentOf(path);
+  if (!parent) return std::string(path);
+  const std::string folder = MatchFolder(*parent);
+  return (folder.ends_with('\\') ? folder : folder + "\\") + std::string(NameOf(path));
+}
+
+std::string MemoryFileSystem::MatchFolder(std::string_view folder) const {
+  if (letterCase_ == LetterCase::kIgnore || IsFolderExactly(folder)) return std::string(folder);
+  const auto parent = ParentOf(folder);
+  if (!parent) return std::string(folder);
+  const std::string within = MatchFolder(*parent);
+  const std::u32string wanted = text::Fold(NameOf(folder));
+  std::string match;
+  for (const auto& [key, entry] : entries_) {
+    const auto entryParent = ParentOf(entry.path);
+    if ((entry.attributes & attr::kDirectory) == 0 || !entryParent || *entryParent != within ||
+        text::Fold(NameOf(entry.path)) != wanted) {
+      continue;
+    }
+    if (!match.empty()) return std::string(folder);  // several: none is meant
+    match = entry.path;
+  }
+  return match.empty() ? std::string(folder) : match;
+}
+
+bool MemoryFileSystem::IsFolderExactly(std::string_view path) const {
+  const auto found = entries_.find(Key(path));
+  return found != entries_.end() && (found->second.attributes & attr::kDirectory) != 0;
 }
 
 const MemoryFileSystem::Entry* MemoryFileSystem::Find(std::string_view path) const {
@@ -110,7 +147,7 @@ bool MemoryFileSystem::CanRename(std::string_view source, std::string_view targe
   if (!IsUsableName(source) || !IsUsableName(target)) return false;
   const Entry* from = Find(source);
   if (from == nullptr || (from->attributes & attr::kDirectory) != 0) return false;
-  if (locked_.contains(Key(source))) return false;
+  if (locked_.contains(Key(from->path))) return false;
   const auto folder = ParentOf(target);
   if (!folder || !IsFolder(*folder)) return false;
   // The source itself under the target's name is a change of letter case.
@@ -122,9 +159,11 @@ bool MemoryFileSystem::Rename(std::string_view source, std::string_view target) 
   if (beforeNextRename_) std::exchange(beforeNextRename_, nullptr)();
   if (std::exchange(failNextRename_, false)) return false;
   if (!CanRename(source, target)) return false;
-  auto moved = entries_.extract(Key(source));
-  moved.mapped().path = std::string(target);
-  moved.key() = Key(target);
+  auto moved = entries_.extract(Key(Find(source)->path));
+  // The name goes into the folder as the folder is spelled.
+  const std::string placed = Find(*ParentOf(target))->path + "\\" + std::string(NameOf(target));
+  moved.mapped().path = placed;
+  moved.key() = Key(placed);
   entries_.insert(std::move(moved));
   renames_.push_back({std::string(source), std::string(target)});
   return true;
@@ -137,8 +176,8 @@ bool MemoryFileSystem::Delete(std::string_view path) {
   if (entry == nullptr || (entry->attributes & (attr::kDirectory | attr::kReadOnly)) != 0) {
     return false;
   }
-  if (locked_.contains(Key(path))) return false;
-  entries_.erase(Key(path));
+  if (locked_.contains(Key(entry->path))) return false;
+  entries_.erase(Key(entry->path));
   deletes_.push_back(std::string(path));
   return true;
 }
@@ -146,8 +185,10 @@ bool MemoryFileSystem::Delete(std::string_view path) {
 std::vector<DirectoryEntry> MemoryFileSystem::Search(std::string_view pattern,
                                                      std::uint32_t include) {
   const search_pattern::Parts parts = search_pattern::Split(pattern);
-  const std::string folderKey = Key(parts.folder);
-  if (!IsFolder(parts.folder) || unreadable_.contains(folderKey)) return {};
+  const Entry* folder = Find(parts.folder);
+  if (folder == nullptr || (folder->attributes & attr::kDirectory) == 0) return {};
+  const std::string folderKey = Key(folder->path);
+  if (unreadable_.contains(folderKey)) return {};
   std::vector<DirectoryEntry> found;
   for (const auto& [key, entry] : entries_) {
     const auto parent = ParentOf(entry.path);

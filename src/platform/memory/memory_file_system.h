@@ -86,6 +86,12 @@ class MemoryFileSystem : public FileSystem {
   Entry* Find(std::string_view path);
   const Entry* Find(std::string_view path) const;
   bool IsFolder(std::string_view path) const;
+  // Where letter case counts: `path` with each folder missing in its own
+  // spelling replaced by the one folder that matches it ignoring case, as
+  // far as there is exactly one.
+  std::string MatchFolders(std::string_view path) const;
+  std::string MatchFolder(std::string_view folder) const;
+  bool IsFolderExactly(std::string_view path) const;
   void AddParentsOf(std::string_view path);
   bool CanRename(std::string_view source, std::string_view target) const;
 

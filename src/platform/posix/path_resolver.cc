@@ -1,8 +1,14 @@
 #include "platform/posix/path_resolver.h"
 
-#include <time.h>
+#include <dirent.h>
+#include <fcntl.h>
 
 #include <cerrno>
+#include <memory>
+#include <optional>
+
+#include "text/case_mapping.h"
+#include "text/utf8.h"
 
 namespace tessaly {
 
@@ -10,28 +16,38 @@ namespace {
 
 using State = ResolvedPath::State;
 
-// How long a look at a folder stands for the folder's state.
-constexpr long long kRecentNanos = 1'000'000;
+// Kept answers beyond this many are dropped together; a run asks about a
+// few paths per file, a walk about many folders.
+constexpr std::size_t kMaxAnswers = 1 << 17;
 
-long long MonotonicNanos() {
-  struct timespec now {};
-  clock_gettime(CLOCK_MONOTONIC, &now);
-  return static_cast<long long>(now.tv_sec) * 1'000'000'000 + now.tv_nsec;
+std::string FoldName(std::string_view name) {
+  std::string folded;
+  folded.reserve(name.size());
+  for (std::size_t pos = 0; pos < name.size();) {
+    const text::DecodedChar c = text::DecodeAt(name, pos);
+    text::AppendChar(folded, text::FoldChar(c.code));
+    pos += c.length;
+  }
+  return folded;
 }
 
 std::string Join(const std::string& folder, std::string_view name) {
   if (folder == ".") return std::string(name);
   std::string path = folder;
-  if (path.empty() || path.back() != '/') path.push_back('/');
+  if (path.back() != '/') path.push_back('/');
   path.append(name);
   return path;
 }
 
-// The folder part of `native`, whose last "/" stands at `slash`.
-std::string FolderOf(std::string_view native, std::size_t slash) {
+std::string FolderOf(std::string_view native) {
+  const std::size_t slash = native.find_last_of('/');
   if (slash == std::string_view::npos) return ".";
-  if (slash == 0) return "/";
-  return std::string(native.substr(0, slash));
+  return slash == 0 ? "/" : std::string(native.substr(0, slash));
+}
+
+std::string_view NameOf(std::string_view native) {
+  const std::size_t slash = native.find_last_of('/');
+  return slash == std::string_view::npos ? native : native.substr(slash + 1);
 }
 
 std::string_view WithoutClosingSlashes(std::string_view path) {
@@ -39,80 +55,109 @@ std::string_view WithoutClosingSlashes(std::string_view path) {
   return path;
 }
 
+bool IsFolderAt(int dirFd, const dirent& entry) {
+  if (entry.d_type == DT_DIR) return true;
+  if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) return false;
+  struct stat info {};
+  return fstatat(dirFd, entry.d_name, &info, 0) == 0 && S_ISDIR(info.st_mode);
+}
+
+// The one folder in `parent` whose name equals `name` ignoring case.
+std::optional<std::string> OnlyFolderLike(const std::string& parent, std::string_view name) {
+  const std::unique_ptr<DIR, int (*)(DIR*)> dir(opendir(parent.c_str()), closedir);
+  if (!dir) return std::nullopt;
+  const std::string wanted = FoldName(name);
+  std::optional<std::string> match;
+  while (const dirent* entry = readdir(dir.get())) {
+    const std::string_view found = entry->d_name;
+    if (found == "." || found == ".." || FoldName(found) != wanted) continue;
+    if (!IsFolderAt(dirfd(dir.get()), *entry)) continue;
+    if (match) return std::nullopt;  // several: no way to tell which is meant
+    match = std::string(found);
+  }
+  return match;
+}
+
 }  // namespace
 
-std::string ResolvedPath::Folder() const {
-  const std::size_t slash = native.find_last_of('/');
-  if (slash == std::string::npos) return ".";
-  return slash == 0 ? "/" : native.substr(0, slash);
-}
+std::string ResolvedPath::Folder() const { return FolderOf(native); }
 
-std::string ResolvedPath::Name() const {
-  const std::size_t slash = native.find_last_of('/');
-  return slash == std::string::npos ? native : native.substr(slash + 1);
-}
+std::string ResolvedPath::Name() const { return std::string(NameOf(native)); }
 
 ResolvedPath PathResolver::Resolve(std::string_view native) {
   native = WithoutClosingSlashes(native);
   if (native.empty()) return {};
-  ResolvedPath exact{State::kFound, std::string(native), {}};
-  if (lstat(exact.native.c_str(), &exact.info) == 0) return exact;
-  // Only a missing name is looked for in other letter case; a path through
-  // a file, or one that may not be looked at, is not.
-  if (errno != ENOENT) return {};
-  return ResolveNew(native);
+  const std::string path(native);
+  const auto kept = names_.find(FoldName(path));
+  if (kept != names_.end() && kept->second.native == path) return kept->second.answer;
+  ResolvedPath answer = Look(path);
+  if (answer.state != State::kFound || !S_ISLNK(answer.info.st_mode)) Keep(path, answer);
+  return answer;
 }
 
-ResolvedPath PathResolver::ResolveNew(std::string_view native) {
-  native = WithoutClosingSlashes(native);
-  if (native.empty()) return {};
-  const std::size_t slash = native.find_last_of('/');
-  const std::string_view name = slash == std::string_view::npos ? native : native.substr(slash + 1);
-  if (name.empty() || name == "." || name == "..") return {};
-  return ResolveIn(FolderOf(native, slash), name);
-}
-
-bool PathResolver::OpenFolder(std::string_view native, std::string& resolved, struct stat& info) {
-  const long long now = MonotonicNanos();
-  for (const RecentFolder& recent : recent_) {
-    if (native == recent.given && now - recent.checkedAt < kRecentNanos) {
-      resolved = recent.resolved;
-      info = recent.info;
-      return recent.usable;
-    }
+ResolvedPath PathResolver::Look(const std::string& native) {
+  ResolvedPath exact{State::kFound, native, {}};
+  if (lstat(native.c_str(), &exact.info) == 0) {
+    // The folder of an entry that exists exists too.
+    folders_.try_emplace(exact.Folder(), FolderAnswer{true, exact.Folder()});
+    return exact;
   }
-  const ResolvedPath folder = Resolve(native);
-  bool usable = folder.state == State::kFound;
-  resolved = folder.native;
-  info = folder.info;
-  // A link to a folder is a folder; its index goes by the folder's stamp.
-  if (usable && S_ISLNK(info.st_mode) && stat(resolved.c_str(), &info) != 0) usable = false;
-  usable = usable && S_ISDIR(info.st_mode);
-  recent_[nextRecent_] = {std::string(native), usable, resolved, info, now};
-  nextRecent_ = (nextRecent_ + 1) % recent_.size();
-  return usable;
+  if (errno != ENOENT) return {};
+  const std::string_view name = NameOf(native);
+  if (name.empty() || name == "." || name == "..") return {};
+  return LookIn(FolderOf(native), name);
 }
 
-ResolvedPath PathResolver::ResolveIn(const std::string& folder, std::string_view name) {
-  std::string resolvedFolder;
-  struct stat folderInfo {};
-  if (!OpenFolder(folder, resolvedFolder, folderInfo)) return {};
-  const CaseVariants variants = index_.Lookup(resolvedFolder, folderInfo, name);
-  ResolvedPath result = FromVariants(resolvedFolder, name, variants);
-  if (result.state != State::kUnusable) return result;
-  // The index named an entry that is gone: read the folder again, once.
-  index_.Forget(resolvedFolder);
-  return FromVariants(resolvedFolder, name, index_.Lookup(resolvedFolder, folderInfo, name));
-}
-
-ResolvedPath PathResolver::FromVariants(const std::string& folder, std::string_view name,
-                                        const CaseVariants& variants) {
-  if (variants.names.empty()) return {State::kMissing, Join(folder, name), {}};
-  ResolvedPath result{variants.names.size() == 1 ? State::kFound : State::kAmbiguous,
-                      Join(folder, variants.names.front()), {}};
-  if (lstat(result.native.c_str(), &result.info) != 0) return {};
+ResolvedPath PathResolver::LookIn(const std::string& folder, std::string_view name) {
+  std::string resolved;
+  if (!ResolveFolder(folder, resolved)) return {};
+  ResolvedPath result{State::kMissing, Join(resolved, name), {}};
+  if (resolved == folder) return result;  // the exact look already missed
+  if (lstat(result.native.c_str(), &result.info) == 0) {
+    result.state = State::kFound;
+  } else if (errno != ENOENT) {
+    return {};
+  }
   return result;
 }
 
-}  // namespace tessaly
+bool PathResolver::ResolveFolder(std::string_view native, std::string& resolved) {
+  native = WithoutClosingSlashes(native);
+  if (native.empty()) return false;
+  const std::string path(native);
+  auto kept = folders_.find(path);
+  if (kept == folders_.end()) {
+    if (folders_.size() >= kMaxAnswers) folders_.clear();
+    kept = folders_.emplace(path, LookForFolder(path)).first;
+  }
+  resolved = kept->second.resolved;
+  return kept->second.usable;
+}
 
+PathResolver::FolderAnswer PathResolver::LookForFolder(const std::string& native) {
+  struct stat info {};
+  if (stat(native.c_str(), &info) == 0) return {S_ISDIR(info.st_mode), native};
+  if (errno != ENOENT || native == "/" || native == ".") return {};
+  const std::string_view name = NameOf(native);
+  std::string parent;
+  if (name == "." || name == ".." || !ResolveFolder(FolderOf(native), parent)) return {};
+  const std::optional<std::string> match = OnlyFolderLike(parent, name);
+  if (!match) return {};
+  return {true, Join(parent, *match)};
+}
+
+void PathResolver::Keep(const std::string& native, const ResolvedPath& answer) {
+  if (names_.size() >= kMaxAnswers) names_.clear();
+  names_.insert_or_assign(FoldName(native), NameAnswer{native, answer});
+}
+
+void PathResolver::NoteChanged(std::string_view native) {
+  names_.erase(FoldName(WithoutClosingSlashes(native)));
+}
+
+void PathResolver::Forget() {
+  names_.clear();
+  folders_.clear();
+}
+
+}  // namespace tessaly

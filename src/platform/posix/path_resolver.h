@@ -3,68 +3,71 @@
 
 #include <sys/stat.h>
 
-#include <array>
 #include <string>
 #include <string_view>
-
-#include "platform/posix/folder_index.h"
+#include <unordered_map>
 
 namespace tessaly {
 
-// A native path looked up the way a desktop volume looks up names: each
-// name is tried exactly first and, only on a miss, matched ignoring case
-// among the folder's entries.
+// A native path as the disk resolves it.
 struct ResolvedPath {
   enum class State {
-    kFound,      // `native` is the entry, with the names as the disk spells them
-    kAmbiguous,  // several entries differ only in case and none matches exactly
-    kMissing,    // the folder exists; `native` is where the name would go
-    kUnusable,   // empty, or the folder is missing, ambiguous or unreadable
+    kFound,     // `native` is the entry; `info` is its lstat
+    kMissing,   // the folder exists; `native` is where the name would go
+    kUnusable,  // empty, or the folder is missing, ambiguous or unreadable
   };
   State state = State::kUnusable;
   std::string native;
-  struct stat info {};  // lstat of `native` when found or ambiguous
+  struct stat info {};
 
-  bool Exists() const { return state == State::kFound || state == State::kAmbiguous; }
   std::string Folder() const;  // the part of `native` before its last "/"
   std::string Name() const;    // the part of `native` behind its last "/"
 };
 
+// Looks paths up the way the disk does: a name means the entry the kernel
+// finds under exactly that name, so a case-sensitive disk tells B.TXT from
+// b.txt and a case-folding one folds them itself. Folders are the one
+// exception, because a conversion may change a folder's letter case and the
+// program never makes folders: a folder missing under its exact spelling is
+// the one folder of its parent that matches ignoring case, if exactly one
+// does.
 //
-// A burst of lookups in one folder, as a rename run makes, looks at the
-// folder itself once per millisecond at most: a case variant that someone
-// else makes there shows up that much later. Exact names are always looked
-// up on disk.
+// Answers are kept for reuse until Forget: a name's answer until the owner
+// changes that name (NoteChanged), a folder's answer until Forget, since
+// the owner never makes, moves or removes a folder. Answers about links are
+// not kept, as they follow another path.
+// For one thread.
 class PathResolver {
  public:
   // Resolves `native`; closing slashes are ignored.
   ResolvedPath Resolve(std::string_view native);
-  // Resolves a name that is about to be made, by its folder's index alone,
-  // which saves a look at the disk. An exact name that the index has not
-  // seen yet is left to the no-replace rename, which refuses it.
-  ResolvedPath ResolveNew(std::string_view native);
+  // The folder `native` names, as the disk spells it, or false.
+  bool ResolveFolder(std::string_view native, std::string& resolved);
 
-  FolderIndex& index() { return index_; }
+  // The owner has just renamed or removed the entry `native`.
+  void NoteChanged(std::string_view native);
+  // Drops every kept answer.
+  void Forget();
 
  private:
-  ResolvedPath ResolveIn(const std::string& folder, std::string_view name);
-  ResolvedPath FromVariants(const std::string& folder, std::string_view name,
-                            const CaseVariants& variants);
-  bool OpenFolder(std::string_view native, std::string& resolved, struct stat& info);
-
-  struct RecentFolder {
-    std::string given;  // as asked for
+  struct NameAnswer {
+    std::string native;  // the exact path asked for
+    ResolvedPath answer;
+  };
+  struct FolderAnswer {
     bool usable = false;
     std::string resolved;
-    struct stat info {};
-    long long checkedAt = 0;  // monotonic nanoseconds
   };
 
-  FolderIndex index_;
-  // A run alternates between a few folders (the file's own, and the missing
-  // one of a guard name), so several answers are kept, missing ones too.
-  std::array<RecentFolder, 4> recent_;
-  std::size_t nextRecent_ = 0;
+  ResolvedPath Look(const std::string& native);
+  ResolvedPath LookIn(const std::string& folder, std::string_view name);
+  FolderAnswer LookForFolder(const std::string& native);
+  void Keep(const std::string& native, const ResolvedPath& answer);
+
+  // By the name folded, so that the owner's change of a name also drops the
+  // answers for its other spellings, which a case-folding disk may share.
+  std::unordered_map<std::string, NameAnswer> names_;
+  std::unordered_map<std::string, FolderAnswer> folders_;  // by the path asked for
 };
 
 }  // namespace tessaly

@@ -11,12 +11,11 @@
 
 namespace tessaly {
 
-// The real file system of a POSIX machine, seen through model paths and made
-// to behave like a desktop volume: names are found ignoring letter case and
-// kept in their own; a name with several case variants and no exact match
-// is ambiguous, counts as existing and is never deleted or replaced; a
-// rename never replaces anything; a read-only file is not deleted.
-// For one thread: it keeps an index of the folders it looks into.
+// The real file system of a POSIX machine, seen through model paths. A name
+// means the entry the kernel finds under exactly that name (see
+// PathResolver for the one exception, folders); a rename never replaces
+// anything; a read-only file is not deleted, as on the desktop platform.
+// For one thread: it keeps answers for reuse until ForgetAnswers.
 class PosixFileSystem : public FileSystem {
  public:
   std::optional<std::uint32_t> GetAttributes(std::string_view path) override;
@@ -26,6 +25,7 @@ class PosixFileSystem : public FileSystem {
   std::optional<FileIdentity> IdentityOf(std::string_view path) override;
   std::string SameNameKey(std::string_view path) const override { return std::string(path); }
   std::string Shown(std::string_view path) const override { return ToNativePath(path); }
+  void ForgetAnswers() override { resolver_.Forget(); }
 
   // Test seams. `hook` runs once, inside the next Rename, after its checks
   // and right before the file is moved.
@@ -36,8 +36,7 @@ class PosixFileSystem : public FileSystem {
   void SetMoveFaultForTesting(MoveFault fault) { moveFault_ = std::move(fault); }
 
  private:
-  bool TargetFor(const ResolvedPath& source, const std::string& target, std::string& native);
-  bool Move(const std::string& from, const std::string& to);
+  bool Move(const ResolvedPath& from, const std::string& to);
 
   PathResolver resolver_;
   std::function<void()> beforeNextRename_;

@@ -106,11 +106,14 @@ Located LocateFile(PathResolver& resolver, const std::string& native) {
 std::int32_t PosixShell::Execute(const ShellRequest& request) {
   const Verb verb = VerbOf(request.operation);
   if (verb == Verb::kUnknown) return answer::kNoAssociation;
-  const Located target = LocateFile(resolver_, ToNativePath(request.file));
+  // A fresh look each time: a shell request is rare, and answers kept from
+  // an earlier one could be stale by now.
+  PathResolver resolver;
+  const Located target = LocateFile(resolver, ToNativePath(request.file));
   if (target.failure >= 0) return target.failure;
   std::string directory;
   if (!request.directory.empty()) {
-    const Located folder = Locate(resolver_, ToNativePath(request.directory));
+    const Located folder = Locate(resolver, ToNativePath(request.directory));
     if (folder.failure >= 0 || !S_ISDIR(folder.info.st_mode)) return answer::kPathNotFound;
     directory = Absolute(folder.native);
   }

@@ -38,7 +38,6 @@ class PosixShell : public Shell {
                      const std::string& directory);
 
   std::string opener_;
-  PathResolver resolver_;
 };
 
 }  // namespace tessaly
