@@ -89,7 +89,11 @@ ResolvedPath PathResolver::Resolve(std::string_view native) {
   if (native.empty()) return {};
   const std::string path(native);
   const auto kept = names_.find(FoldName(path));
-  if (kept != names_.end() && kept->second.native == path) return kept->second.answer;
+  if (kept != names_.end()) {
+    for (const NameAnswer& spelling : kept->second) {
+      if (spelling.native == path) return spelling.answer;
+    }
+  }
   ResolvedPath answer = Look(path);
   if (answer.state != State::kFound || !S_ISLNK(answer.info.st_mode)) Keep(path, answer);
   return answer;
@@ -147,16 +151,24 @@ PathResolver::FolderAnswer PathResolver::LookForFolder(const std::string& native
 }
 
 void PathResolver::Keep(const std::string& native, const ResolvedPath& answer) {
-  if (names_.size() >= kMaxAnswers) names_.clear();
-  names_.insert_or_assign(FoldName(native), NameAnswer{native, answer});
+  if (nameCount_ >= kMaxAnswers) {
+    names_.clear();
+    nameCount_ = 0;
+  }
+  names_[FoldName(native)].push_back(NameAnswer{native, answer});
+  ++nameCount_;
 }
 
 void PathResolver::NoteChanged(std::string_view native) {
-  names_.erase(FoldName(WithoutClosingSlashes(native)));
+  const auto spellings = names_.find(FoldName(WithoutClosingSlashes(native)));
+  if (spellings == names_.end()) return;
+  nameCount_ -= spellings->second.size();
+  names_.erase(spellings);
 }
 
 void PathResolver::Forget() {
   names_.clear();
+  nameCount_ = 0;
   folders_.clear();
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 namespace tessaly {
 
@@ -66,7 +67,8 @@ class PathResolver {
 
   // By the name folded, so that the owner's change of a name also drops the
   // answers for its other spellings, which a case-folding disk may share.
-  std::unordered_map<std::string, NameAnswer> names_;
+  std::unordered_map<std::string, std::vector<NameAnswer>> names_;
+  std::size_t nameCount_ = 0;
   std::unordered_map<std::string, FolderAnswer> folders_;  // by the path asked for
 };
 
