@@ -4,7 +4,9 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-packages=(cmake g++ ninja-build libgtest-dev libgmock-dev libbenchmark-dev libsqlite3-dev qt6-base-dev)
+# strace lets the tests count the renames a run makes.
+packages=(cmake g++ ninja-build libgtest-dev libgmock-dev libbenchmark-dev libsqlite3-dev qt6-base-dev
+          strace)
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "text/ascii_fold.h"
 #include "text/text_ops.h"
 #include "text/utf8.h"
 
@@ -14,6 +15,8 @@ namespace {
 // and folding at every comparison.
 std::string SortKey(std::string_view text) {
   std::string key;
+  if (text::FoldAscii(text, key)) return key;
+  key.clear();
   key.reserve(text.size());
   for (char32_t code : text::Fold(text)) text::AppendUtf8Layout(key, code);
   return key;

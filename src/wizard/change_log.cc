@@ -14,10 +14,15 @@ constexpr Rgb kBlue{0, 0, 255};
 constexpr Rgb kRed{255, 0, 0};
 constexpr Rgb kBlack{0, 0, 0};
 
+// At least two digits, zero-filled; written out by hand, since every line
+// of a long log needs three of them.
 std::string TwoDigits(int value) {
-  char digits[12];
-  std::snprintf(digits, sizeof digits, "%02d", value);
-  return digits;
+  if (value < 0 || value > 99) {
+    char digits[12];
+    std::snprintf(digits, sizeof digits, "%02d", value);
+    return digits;
+  }
+  return {static_cast<char>('0' + value / 10), static_cast<char>('0' + value % 10)};
 }
 
 // The first `count` characters of `text`, or all of it.

@@ -29,6 +29,17 @@ TEST(AddRule, KeepsTheFirstCaseAndTheSortedOrderWithoutNormalising) {
                                        "C:\\PROGRA~1\\b.txt", "C:\\Ä.txt"));
 }
 
+// Where the file system tells letter case apart, so does the list.
+TEST(AddRule, SameEntryAsTheFileSystemTakesNames) {
+  ListBox list(/*sorted=*/true);
+  list.SetSameEntryKey([](std::string_view path) { return std::string(path); });
+  EXPECT_EQ(AddAllToFileList(list, {"C:\\b.txt", "C:\\B.txt", "C:\\b.txt"}), (AddTally{2, 1, 0}));
+  list.RemoveItem(static_cast<std::size_t>(list.FindExact("C:\\b.txt")));
+  EXPECT_EQ(AddToFileList(list, "C:\\B.txt"), AddResult::kDuplicate);
+  list.Clear();
+  EXPECT_EQ(AddToFileList(list, "C:\\B.txt"), AddResult::kAdded);
+}
+
 TEST(AddRule, SortedWhateverTheOrderOfArrival) {
   ListBox list(/*sorted=*/true);
   const std::vector<std::string> arrivals = {"D:\\c.jpg", "D:\\B.jpg", "d:\\C.JPG", "D:\\a.jpg"};

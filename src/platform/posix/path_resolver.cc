@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 
+#include "text/ascii_fold.h"
 #include "text/case_mapping.h"
 #include "text/utf8.h"
 
@@ -22,6 +23,8 @@ constexpr std::size_t kMaxAnswers = 1 << 17;
 
 std::string FoldName(std::string_view name) {
   std::string folded;
+  if (text::FoldAscii(name, folded)) return folded;
+  folded.clear();
   folded.reserve(name.size());
   for (std::size_t pos = 0; pos < name.size();) {
     const text::DecodedChar c = text::DecodeAt(name, pos);
@@ -84,31 +87,44 @@ std::string ResolvedPath::Folder() const { return FolderOf(native); }
 
 std::string ResolvedPath::Name() const { return std::string(NameOf(native)); }
 
-ResolvedPath PathResolver::Resolve(std::string_view native) {
-  native = WithoutClosingSlashes(native);
-  if (native.empty()) return {};
-  const std::string path(native);
-  const auto kept = names_.find(FoldName(path));
+ResolvedPath PathResolver::Resolve(std::string path) {
+  path.resize(WithoutClosingSlashes(path).size());
+  if (path.empty()) return {};
+  std::string folded = FoldName(path);
+  const auto kept = names_.find(folded);
   if (kept != names_.end()) {
     for (const NameAnswer& spelling : kept->second) {
       if (spelling.native == path) return spelling.answer;
     }
   }
   ResolvedPath answer = Look(path);
-  if (answer.state != State::kFound || !S_ISLNK(answer.info.st_mode)) Keep(path, answer);
+  if (answer.state != State::kFound || !S_ISLNK(answer.info.st_mode)) {
+    Keep(std::move(folded), path, answer);
+  }
   return answer;
 }
 
 ResolvedPath PathResolver::Look(const std::string& native) {
   ResolvedPath exact{State::kFound, native, {}};
   if (lstat(native.c_str(), &exact.info) == 0) {
-    // The folder of an entry that exists exists too.
-    folders_.try_emplace(exact.Folder(), FolderAnswer{true, exact.Folder()});
+    // The folder of an entry that exists exists too. A run asks about one
+    // folder many times in a row, so the last one noted is not noted again.
+    const std::size_t slash = native.find_last_of('/');
+    if (slash == std::string::npos || native.compare(0, slash, lastFolderNoted_) != 0 ||
+        lastFolderNoted_.size() != slash) {
+      lastFolderNoted_ = exact.Folder();
+      folders_.try_emplace(lastFolderNoted_, FolderAnswer{true, lastFolderNoted_});
+    }
     return exact;
   }
   if (errno != ENOENT) return {};
   const std::string_view name = NameOf(native);
   if (name.empty() || name == "." || name == "..") return {};
+  // The folder a run works in is the one noted last: no need to look it up.
+  if (native.size() == lastFolderNoted_.size() + 1 + name.size() &&
+      native.starts_with(lastFolderNoted_)) {
+    return {State::kMissing, native, {}};
+  }
   return LookIn(FolderOf(native), name);
 }
 
@@ -131,7 +147,10 @@ bool PathResolver::ResolveFolder(std::string_view native, std::string& resolved)
   const std::string path(native);
   auto kept = folders_.find(path);
   if (kept == folders_.end()) {
-    if (folders_.size() >= kMaxAnswers) folders_.clear();
+    if (folders_.size() >= kMaxAnswers) {
+      folders_.clear();
+      lastFolderNoted_.clear();
+    }
     kept = folders_.emplace(path, LookForFolder(path)).first;
   }
   resolved = kept->second.resolved;
@@ -150,12 +169,13 @@ PathResolver::FolderAnswer PathResolver::LookForFolder(const std::string& native
   return {true, Join(parent, *match)};
 }
 
-void PathResolver::Keep(const std::string& native, const ResolvedPath& answer) {
+void PathResolver::Keep(std::string folded, const std::string& native,
+                        const ResolvedPath& answer) {
   if (nameCount_ >= kMaxAnswers) {
     names_.clear();
     nameCount_ = 0;
   }
-  names_[FoldName(native)].push_back(NameAnswer{native, answer});
+  names_[std::move(folded)].push_back(NameAnswer{native, answer});
   ++nameCount_;
 }
 
@@ -170,6 +190,7 @@ void PathResolver::Forget() {
   names_.clear();
   nameCount_ = 0;
   folders_.clear();
+  lastFolderNoted_.clear();
 }
 
 }  // namespace tessaly

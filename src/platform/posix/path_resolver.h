@@ -41,7 +41,7 @@ struct ResolvedPath {
 class PathResolver {
  public:
   // Resolves `native`; closing slashes are ignored.
-  ResolvedPath Resolve(std::string_view native);
+  ResolvedPath Resolve(std::string native);
   // The folder `native` names, as the disk spells it, or false.
   bool ResolveFolder(std::string_view native, std::string& resolved);
 
@@ -63,13 +63,14 @@ class PathResolver {
   ResolvedPath Look(const std::string& native);
   ResolvedPath LookIn(const std::string& folder, std::string_view name);
   FolderAnswer LookForFolder(const std::string& native);
-  void Keep(const std::string& native, const ResolvedPath& answer);
+  void Keep(std::string folded, const std::string& native, const ResolvedPath& answer);
 
   // By the name folded, so that the owner's change of a name also drops the
   // answers for its other spellings, which a case-folding disk may share.
   std::unordered_map<std::string, std::vector<NameAnswer>> names_;
   std::size_t nameCount_ = 0;
   std::unordered_map<std::string, FolderAnswer> folders_;  // by the path asked for
+  std::string lastFolderNoted_;
 };
 
 }  // namespace tessaly

@@ -25,7 +25,10 @@ bool NamesFile(std::string_view modelPath) {
 }
 
 std::uint32_t AttributesOfFound(const ResolvedPath& found) {
-  return AttributesOf(found.Name(), FollowLink(AT_FDCWD, found.native.c_str(), found.info));
+  const std::size_t slash = found.native.find_last_of('/');
+  const std::string_view name =
+      std::string_view(found.native).substr(slash == std::string::npos ? 0 : slash + 1);
+  return AttributesOf(name, FollowLink(AT_FDCWD, found.native.c_str(), found.info));
 }
 
 // `target` holds the entry `source` names under a spelling that differs in
