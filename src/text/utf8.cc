@@ -40,6 +40,20 @@ DecodedChar DecodeAt(std::string_view text, std::size_t pos) {
   return {code, length};
 }
 
+bool IsCharBoundarySlow(std::string_view text, std::size_t pos) {
+  if (pos == 0 || pos >= text.size() || !IsContinuation(static_cast<unsigned char>(text[pos]))) {
+    return true;
+  }
+  // Only a valid sequence can run across `pos`, and it would start at the
+  // nearest byte before it that is no continuation byte, at most three back.
+  std::size_t lead = pos - 1;
+  while (lead > 0 && pos - lead < 3 && IsContinuation(static_cast<unsigned char>(text[lead]))) {
+    --lead;
+  }
+  const DecodedChar c = DecodeAt(text, lead);
+  return c.code >= kInvalidByteBase || lead + c.length <= pos;
+}
+
 void AppendUtf8Layout(std::string& out, char32_t code) {
   if (code < 0x80) {
     out.push_back(static_cast<char>(code));
