@@ -4,7 +4,10 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-packages=(cmake g++ ninja-build libgtest-dev libgmock-dev libbenchmark-dev libsqlite3-dev qt6-base-dev)
+# locales: the sources localedef needs to build the German locale that the
+# date-name test reads; without them that test is skipped.
+packages=(cmake g++ ninja-build libgtest-dev libgmock-dev libbenchmark-dev libsqlite3-dev qt6-base-dev
+          locales)
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

@@ -73,14 +73,17 @@ std::string NameConverter::ConvertName(ConversionOptions& options,
 void NameConverter::ApplyPlacements(const ConversionOptions& options,
                                     std::string_view sourceCopy, std::string& work) const {
   for (std::size_t i = 0; i < 6; ++i) {
-    work += ResolvePlacement(options.cboBatch[i], sourceCopy, options, services_.clock);
+    work += ResolvePlacement(options.cboBatch[i], sourceCopy, options, services_.clock,
+                             services_.locale);
   }
 }
 
 void NameConverter::ApplyReplace(ConversionOptions& options, std::string& work) const {
   if (options.cboBatch[6] != "(Advanced)") {
-    const std::string find = ResolvePlacement(options.cboBatch[6], work, options, services_.clock);
-    const std::string with = ResolvePlacement(options.cboBatch[7], work, options, services_.clock);
+    const std::string find = ResolvePlacement(options.cboBatch[6], work, options,
+                                              services_.clock, services_.locale);
+    const std::string with = ResolvePlacement(options.cboBatch[7], work, options,
+                                              services_.clock, services_.locale);
     text::ReplaceAllIn(work, find, with);
     return;
   }
