@@ -41,7 +41,7 @@ class WholeFinder {
   // then every byte match is a character match.
   explicit WholeFinder(std::string_view find)
       : find_(find),
-        mayCutLetter_(!find.empty() && (!IsCharBoundary(find, 0) ||
+        mayCutLetter_(!find.empty() && (IsContinuationByte(find.front()) ||
                                         static_cast<unsigned char>(find.back()) >= 0x80)) {}
 
   // The first match at or behind `from`, or npos. Forced inline: called

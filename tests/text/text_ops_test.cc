@@ -27,6 +27,7 @@ TEST(ReplaceAll, ScansLeftToRightWithoutRescanning) {
       // A stray byte is a character of its own and never half of a letter.
       {"\xc3" "x é", "\xc3", "-", "-x é"},
       {"é", "\xa9", "-", "é"},
+      {"éx", "\xa9x", "-", "éx"},
       {"e\xcc\x81", "e\xcc", "-", "e\xcc\x81"},
   };
   for (const auto& c : cases) {
