@@ -5,6 +5,7 @@
 
 #include "conversion/name_converter.h"
 #include "platform/memory/fixed_clock.h"
+#include "platform/memory/fixed_locale.h"
 #include "platform/memory/memory_file_system.h"
 #include "sample_names.h"
 
@@ -46,8 +47,9 @@ ConversionOptions WithBothLists() {
 void RunConversions(benchmark::State& state, ConversionOptions options) {
   const std::vector<std::string> names = bench::SampleNames(4096);
   FixedClock clock(CivilDate{2026, 11, 18});
+  FixedLocale locale;
   MemoryFileSystem fileSystem;
-  const NameConverter converter({clock, fileSystem, nullptr});
+  const NameConverter converter({clock, locale, fileSystem, nullptr});
   std::size_t next = 0;
   for (auto _ : state) {
     if (next == names.size()) {

@@ -9,6 +9,7 @@
 #include "conversion/name_converter.h"
 #include "lists/stored_lists.h"
 #include "platform/memory/fixed_clock.h"
+#include "platform/memory/fixed_locale.h"
 #include "platform/memory/memory_file_system.h"
 #include "platform/memory/scripted_ui.h"
 #include "platform/posix/sqlite_registry.h"
@@ -50,8 +51,9 @@ struct StoredWorld {
 void ConvertAll(benchmark::State& state, ListSource* source, ConversionOptions options) {
   const std::vector<std::string> names = bench::SampleNames(kLargestList);
   FixedClock clock(CivilDate{2026, 11, 18});
+  FixedLocale locale;
   MemoryFileSystem fileSystem;
-  const NameConverter converter({clock, fileSystem, source});
+  const NameConverter converter({clock, locale, fileSystem, source});
   for (auto _ : state) {
     options.serial = 0;
     for (const std::string& name : names) {

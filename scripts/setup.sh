@@ -4,9 +4,11 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-# strace lets the tests count the renames a run makes.
+# strace lets the tests count the renames a run makes; locales holds the
+# sources localedef needs to build the German locale that the date-name
+# test reads (without them that test is skipped).
 packages=(cmake g++ ninja-build libgtest-dev libgmock-dev libbenchmark-dev libsqlite3-dev qt6-base-dev
-          strace)
+          strace locales)
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

@@ -93,16 +93,6 @@ constexpr std::string_view kHalfDayMarkers[] = {"AM/PM", "am/pm", "A/P", "a/p"};
 
 }  // namespace
 
-const DateNames& EnglishDateNames() {
-  static const DateNames names{
-      {"January", "February", "March", "April", "May", "June", "July", "August", "September",
-       "October", "November", "December"},
-      {"Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"},
-      {"Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"},
-      {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"}};
-  return names;
-}
-
 int WeekdayOf(const CivilDate& date) {
   const long days = DaysFromEpoch(date);  // 1970-01-01 was a Thursday
   return static_cast<int>(((days % 7) + 7 + 4) % 7) + 1;

@@ -1,22 +1,13 @@
 #ifndef TESSALY_CONVERSION_DATE_FORMAT_H_
 #define TESSALY_CONVERSION_DATE_FORMAT_H_
 
-#include <array>
 #include <string>
 #include <string_view>
 
 #include "platform/clock.h"
+#include "platform/date_names.h"
 
 namespace tessaly {
-
-struct DateNames {
-  std::array<std::string, 12> months;       // January first
-  std::array<std::string, 12> monthsShort;
-  std::array<std::string, 7> weekdays;      // Sunday first
-  std::array<std::string, 7> weekdaysShort;
-};
-
-const DateNames& EnglishDateNames();
 
 // Writes `date` (at midnight) in `pattern`. Pattern letters, in any case:
 //   d dd ddd dddd   day, zero-filled day, short and long weekday name

@@ -80,7 +80,8 @@ std::string NameConverter::ConvertName(ConversionOptions& options,
 void NameConverter::ApplyPlacements(const ConversionOptions& options,
                                     std::string_view sourceCopy, std::string& work) const {
   for (std::size_t i = 0; i < 6; ++i) {
-    work += ResolvePlacement(options.cboBatch[i], sourceCopy, options, services_.clock);
+    work += ResolvePlacement(options.cboBatch[i], sourceCopy, options, services_.clock,
+                             services_.locale);
   }
 }
 
@@ -89,8 +90,10 @@ void NameConverter::ApplyReplace(ConversionOptions& options, std::string_view fo
   if (options.cboBatch[6] != "(Advanced)") {
     // The tokens read the whole path, as it stands now.
     const std::string whole = std::string(folder) + work;
-    const std::string find = ResolvePlacement(options.cboBatch[6], whole, options, services_.clock);
-    const std::string with = ResolvePlacement(options.cboBatch[7], whole, options, services_.clock);
+    const std::string find = ResolvePlacement(options.cboBatch[6], whole, options,
+                                              services_.clock, services_.locale);
+    const std::string with = ResolvePlacement(options.cboBatch[7], whole, options,
+                                              services_.clock, services_.locale);
     text::ReplaceAllIn(work, find, with);
     return;
   }

@@ -8,14 +8,17 @@
 #include "conversion/list_source.h"
 #include "platform/clock.h"
 #include "platform/file_system.h"
+#include "platform/locale.h"
 
 namespace tessaly {
 
-// What a conversion needs of the world: today's date, the folder test for a
-// destination folder, and the stored lists. Without a list source the lists
-// in the options record are used as they stand.
+// What a conversion needs of the world: today's date and the names of its
+// month and weekday, the folder test for a destination folder, and the
+// stored lists. Without a list source the lists in the options record are
+// used as they stand.
 struct ConversionServices {
   const Clock& clock;
+  const Locale& locale;
   FileSystem& fileSystem;
   ListSource* lists = nullptr;
 };

@@ -62,11 +62,14 @@ std::optional<std::string> DatePattern(std::string_view text) {
 }  // namespace
 
 std::string ResolvePlacement(std::string_view text, std::string_view path,
-                             const ConversionOptions& options, const Clock& clock) {
+                             const ConversionOptions& options, const Clock& clock,
+                             const Locale& locale) {
   if (auto fixed = ResolveFixedWord(text, path, options.serial)) return std::move(*fixed);
 
   std::string result(text);
-  if (const auto pattern = DatePattern(text)) result = FormatDate(*pattern, clock.Today());
+  if (const auto pattern = DatePattern(text)) {
+    result = FormatDate(*pattern, clock.Today(), locale.MonthAndWeekdayNames());
+  }
   if (text::StartsWith(result, "Split(")) {
     if (auto piece = ResolveSplitToken(result, path)) return std::move(*piece);
   }

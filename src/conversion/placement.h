@@ -7,6 +7,7 @@
 
 #include "conversion/conversion_options.h"
 #include "platform/clock.h"
+#include "platform/locale.h"
 
 namespace tessaly {
 
@@ -35,10 +36,12 @@ inline constexpr std::string_view kPlacementItems[] = {
 };
 
 // The piece of name that a box's `text` stands for, read from `path`: a
-// fixed word, today's date in a pattern ending "(date)", a piece cut out by
-// Split(separator,n), or else the text itself. Never fails.
+// fixed word, today's date in a pattern ending "(date)" (its names in the
+// language of `locale`), a piece cut out by Split(separator,n), or else the
+// text itself. Never fails.
 std::string ResolvePlacement(std::string_view text, std::string_view path,
-                             const ConversionOptions& options, const Clock& clock);
+                             const ConversionOptions& options, const Clock& clock,
+                             const Locale& locale);
 
 // The letter count: a run of "z" and a last letter (27 gives za); "-a"
 // below 1.

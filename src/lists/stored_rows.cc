@@ -9,10 +9,17 @@ std::vector<StoredRow> ParseStoredRows(std::string_view stored) {
   std::vector<StoredRow> rows;
   const auto pieces = text::Split(stored, kRowEnd);
   for (std::size_t i = 0; i + 1 < pieces.size(); ++i) {
-    const auto parts = text::Split(pieces[i], kFlagMark);
-    if (parts.empty()) continue;
-    const auto flag = parts.size() > 1 ? text::ParseInteger16(parts[1]) : std::nullopt;
-    rows.push_back({std::string(parts[0]), flag == 1});
+    const std::string_view piece = pieces[i];
+    if (piece.empty()) continue;
+    // The flag is digits, so the last "%%" is the separator and a text may
+    // end in "%" or hold "%%" itself.
+    const std::size_t mark = piece.rfind(kFlagMark);
+    if (mark == std::string_view::npos) {
+      rows.push_back({std::string(piece), false});
+      continue;
+    }
+    const auto flag = text::ParseInteger16(piece.substr(mark + kFlagMark.size()));
+    rows.push_back({std::string(piece.substr(0, mark)), flag == 1});
   }
   return rows;
 }
@@ -25,9 +32,6 @@ std::string FormatStoredRows(const std::vector<StoredRow>& rows) {
   return stored;
 }
 
-bool HoldsSeparator(std::string_view text) {
-  return text.find(kRowEnd) != std::string_view::npos ||
-         text.find(kFlagMark) != std::string_view::npos;
-}
+bool HoldsSeparator(std::string_view text) { return text.find(kRowEnd) != std::string_view::npos; }
 
 }  // namespace tessaly

@@ -3,10 +3,13 @@
 
 #include <string>
 
+#include "platform/date_names.h"
+
 namespace tessaly {
 
 // The separators of the user's regional settings, as the log and the
-// progress caption write dates, times and fractions.
+// progress caption write dates, times and fractions, and the names of
+// months and weekdays that date patterns write.
 class Locale {
  public:
   virtual ~Locale() = default;
@@ -16,6 +19,8 @@ class Locale {
   virtual std::string TimeSeparator() const = 0;
   // Between the whole and the fraction of a number, such as "." or ",".
   virtual std::string DecimalSeparator() const = 0;
+  // In the user's language; English where none is set.
+  virtual const DateNames& MonthAndWeekdayNames() const = 0;
 };
 
 }  // namespace tessaly

@@ -4,8 +4,9 @@
 
 namespace tessaly::command_line {
 
-std::vector<std::string> FilePaths(std::string_view commandLine) {
+std::optional<std::vector<std::string>> FilePaths(std::string_view commandLine) {
   const std::string_view part = text::TrimBlanks(commandLine.substr(0, commandLine.find('/')));
+  if (part.empty()) return std::nullopt;
   const std::string unquoted = text::ReplaceAll(part, "\"", "");
   std::vector<std::string> paths;
   for (std::string_view piece : text::Split(unquoted, ";")) paths.emplace_back(piece);

@@ -17,8 +17,10 @@ inline bool Holds(std::string_view commandLine, std::string_view text) {
 }
 
 // The paths before the first "/": blanks cut at both ends, every double
-// quote deleted, split at ";". Pieces are not trimmed one by one.
-std::vector<std::string> FilePaths(std::string_view commandLine);
+// quote deleted, split at ";". Pieces are not trimmed one by one. Nothing
+// when that part is empty before its quotes go, so a part of quotes alone
+// counts as given and holds no path.
+std::optional<std::vector<std::string>> FilePaths(std::string_view commandLine);
 
 // The value of "/placement<number>:" (1 to 6): what stands between the
 // double quote directly behind the switch and the next one (or the end).

@@ -31,6 +31,17 @@ SettingValue TextOf(std::span<const std::uint8_t> buffer, std::uint32_t length) 
   return SettingValue::FromText(std::string(buffer.begin(), buffer.begin() + length));
 }
 
+// The number in the first four of `size` bytes, low byte first. A value
+// written shorter by hand or by another program has only the bytes it has;
+// the rest count as zero, never as what the buffer held before.
+std::uint32_t LittleEndian32(std::span<const std::uint8_t> buffer, std::uint32_t size) {
+  std::uint32_t bits = 0;
+  for (std::uint32_t i = 0; i < 4 && i < size; ++i) {
+    bits |= static_cast<std::uint32_t>(buffer[i]) << (8 * i);
+  }
+  return bits;
+}
+
 // The value that a successful query of `type` and `size` left in `buffer`.
 SettingValue Decode(std::uint32_t type, std::span<const std::uint8_t> buffer, std::uint32_t size,
                     const SettingValue& result) {
@@ -41,12 +52,8 @@ SettingValue Decode(std::uint32_t type, std::span<const std::uint8_t> buffer, st
       return size == 0 ? result : TextOf(buffer, size - 1);
     case reg::kBinary:
       return SettingValue::FromBytes({buffer.begin(), buffer.begin() + size});
-    case reg::kDword: {
-      const auto bits =
-          static_cast<std::uint32_t>(buffer[0]) | static_cast<std::uint32_t>(buffer[1]) << 8 |
-          static_cast<std::uint32_t>(buffer[2]) << 16 | static_cast<std::uint32_t>(buffer[3]) << 24;
-      return SettingValue::FromInt32(static_cast<std::int32_t>(bits));
-    }
+    case reg::kDword:
+      return SettingValue::FromInt32(static_cast<std::int32_t>(LittleEndian32(buffer, size)));
     case reg::kMultiText:
       // Less its final two terminators; too short to hold them is no text.
       return size < 2 ? result : TextOf(buffer, size - 2);

@@ -4,8 +4,6 @@ namespace tessaly::text {
 
 namespace {
 
-bool IsContinuation(unsigned char byte) { return (byte & 0xC0) == 0x80; }
-
 DecodedChar Invalid(unsigned char byte) { return {kInvalidByteBase + byte, 1}; }
 
 }  // namespace
@@ -29,7 +27,7 @@ DecodedChar DecodeAt(std::string_view text, std::size_t pos) {
   if (pos + length > text.size()) return Invalid(lead);
   for (std::size_t i = 1; i < length; ++i) {
     const auto byte = static_cast<unsigned char>(text[pos + i]);
-    if (!IsContinuation(byte)) return Invalid(lead);
+    if (!IsContinuationByte(text[pos + i])) return Invalid(lead);
     code = (code << 6) | (byte & 0x3F);
   }
   // Overlong forms, surrogates and values past Unicode would not survive a
@@ -38,6 +36,16 @@ DecodedChar DecodeAt(std::string_view text, std::size_t pos) {
     return Invalid(lead);
   }
   return {code, length};
+}
+
+bool IsCharBoundarySlow(std::string_view text, std::size_t pos) {
+  if (pos == 0 || pos >= text.size() || !IsContinuationByte(text[pos])) return true;
+  // Only a valid sequence can run across `pos`, and it would start at the
+  // nearest byte before it that is no continuation byte, at most three back.
+  std::size_t lead = pos - 1;
+  while (lead > 0 && pos - lead < 3 && IsContinuationByte(text[lead])) --lead;
+  const DecodedChar c = DecodeAt(text, lead);
+  return c.code >= kInvalidByteBase || lead + c.length <= pos;
 }
 
 void AppendUtf8Layout(std::string& out, char32_t code) {

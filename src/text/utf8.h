@@ -20,6 +20,22 @@ struct DecodedChar {
 // Decodes the character that starts at `pos` (pos < text.size()).
 DecodedChar DecodeAt(std::string_view text, std::size_t pos);
 
+// Whether a character of `text` starts at `pos` (or `pos` is its end):
+// false only inside a multi-byte character. Texts are decoded from their
+// start, and a stray byte is a character of its own.
+// Whether `byte` is 10xxxxxx, the form of every byte of a character but
+// its first.
+inline bool IsContinuationByte(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
+
+bool IsCharBoundarySlow(std::string_view text, std::size_t pos);
+inline bool IsCharBoundary(std::string_view text, std::size_t pos) {
+  // Only a continuation byte can be inside a character; checked inline, as
+  // every exact match asks this twice.
+  return pos >= text.size() || !IsContinuationByte(text[pos]) || IsCharBoundarySlow(text, pos);
+}
+
 // Appends `code` to `out`: UTF-8 for a real character, the original byte
 // for an invalid one.
 void AppendChar(std::string& out, char32_t code);

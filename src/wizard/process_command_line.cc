@@ -9,10 +9,9 @@ namespace tessaly {
 
 void fTessaly::ProcessCommandLine() {
   namespace cl = command_line;
-  const std::vector<std::string> paths = cl::FilePaths(commandLine_);
-  if (!paths.empty()) {
+  if (const auto paths = cl::FilePaths(commandLine_)) {
     refusedForLimit_ = 0;
-    for (const std::string& path : paths) {
+    for (const std::string& path : *paths) {
       if (FileExists(path)) AddToList(path);
     }
     FinishAdding();

@@ -214,7 +214,8 @@ ConversionOptions fTessaly::CurrentOptions() const {
 
 std::string fTessaly::Convert(std::string_view path) {
   ConversionOptions options = CurrentOptions();
-  const NameConverter converter({services_.clock, services_.fileSystem, &lists_});
+  const NameConverter converter(
+      {services_.clock, services_.locale, services_.fileSystem, &lists_});
   std::string converted = converter.ConvertName(options, path);
   serial_ = options.serial;
   pFolderPath.SetVisible(options.pFolderPathVisible);

@@ -4,6 +4,7 @@
 
 #include "conversion/sample_paths.h"
 #include "platform/memory/fixed_clock.h"
+#include "platform/memory/fixed_locale.h"
 #include "platform/memory/memory_file_system.h"
 
 namespace tessaly {
@@ -57,9 +58,10 @@ class NameConverterTest : public ::testing::Test {
   }
 
   FixedClock clock_{CivilDate{2026, 11, 18}};
+  FixedLocale locale_;
   MemoryFileSystem fs_;
   CountingListSource lists_;
-  NameConverter converter_{{clock_, fs_, &lists_}};
+  NameConverter converter_{{clock_, locale_, fs_, &lists_}};
   ConversionOptions options_;
 };
 
@@ -311,7 +313,7 @@ TEST_F(NameConverterTest, UnwantedFormattingRemovesActiveRowsWhenTicked) {
 }
 
 TEST_F(NameConverterTest, WithoutAListSourceTheRecordsListsAreUsed) {
-  NameConverter inMemory({clock_, fs_, nullptr});
+  NameConverter inMemory({clock_, locale_, fs_, nullptr});
   options_.chkFormatting = kChecked;
   options_.FormattingList = {{"MYFILE", true}};
   EXPECT_EQ(inMemory.ConvertName(options_, kBuiltInSamples[1]),

@@ -4,6 +4,7 @@
 
 #include "conversion/sample_paths.h"
 #include "platform/memory/fixed_clock.h"
+#include "platform/memory/fixed_locale.h"
 
 namespace tessaly {
 namespace {
@@ -11,10 +12,22 @@ namespace {
 class PlacementTest : public ::testing::Test {
  protected:
   std::string Resolve(std::string_view text, std::string_view path = kBuiltInSamples[1]) {
-    return ResolvePlacement(text, path, options_, clock_);
+    return ResolvePlacement(text, path, options_, clock_, locale_);
+  }
+
+  // Names of the day (a Wednesday) in another language, so that a row
+  // shows where a date's names come from.
+  static DateNames DutchNames() {
+    DateNames names = EnglishDateNames();
+    names.months[10] = "november";
+    names.monthsShort[10] = "nov";
+    names.weekdays[3] = "woensdag";
+    names.weekdaysShort[3] = "wo";
+    return names;
   }
 
   FixedClock clock_{CivilDate{2026, 11, 18}};
+  FixedLocale locale_{"-", ":", ",", DutchNames()};
   ConversionOptions options_;
 };
 
@@ -30,6 +43,7 @@ TEST_F(PlacementTest, TokensOfTheSecondSample) {
       {"yyyy (date)", "2026"},
       {"yyddmm (date)", "261811"},
       {"mmdd (date)", "1118"},
+      {"dddd ddd d mmmm mmm (date)", "woensdag wo 18 november nov"},
       {"Split(-,1)", "c:\\graphics\\common\\Copy of MYFILE "},
       {"Split(-,2)", "    SPACE "},
       {"Split(-,4)", " Oddy.JPG"},

@@ -87,7 +87,7 @@ TEST_F(ReplaceAdvancedTest, ClearAllCannotBeTakenBack) {
 TEST_F(ReplaceAdvancedTest, TextsHoldingASeparatorAreRefusedWithAMessage) {
   fReplaceAdvanced& form = Open();
   Add(form, "a|b", "x");
-  Add(form, "a", "100%%");
+  Add(form, "a", "1|2");
   EXPECT_EQ(form.lstReplace.ListCount(), 0u);
   ASSERT_EQ(world_.ui.messages().size(), 2u);
   EXPECT_EQ(world_.ui.messages()[0].text, kSeparatorRefusal);

@@ -8,6 +8,7 @@
 #include "lists/replace_advanced.h"
 #include "lists/unwanted_formatting.h"
 #include "platform/memory/fixed_clock.h"
+#include "platform/memory/fixed_locale.h"
 #include "platform/memory/memory_file_system.h"
 
 namespace tessaly {
@@ -20,8 +21,9 @@ class StoredListsTest : public ::testing::Test {
   ListTestWorld world_;
   StoredLists lists_{world_.store, world_.ui};
   FixedClock clock_{CivilDate{2026, 11, 18}};
+  FixedLocale locale_;
   MemoryFileSystem fs_;
-  NameConverter converter_{{clock_, fs_, &lists_}};
+  NameConverter converter_{{clock_, locale_, fs_, &lists_}};
   ConversionOptions options_;
 };
 

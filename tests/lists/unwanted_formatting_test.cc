@@ -89,7 +89,7 @@ TEST_F(UnwantedFormattingTest, UpdateRewritesTheCurrentRowInPlace) {
 
 TEST_F(UnwantedFormattingTest, AddRefusesSeparators) {
   fUnwantedFormatting& form = Open();
-  form.txtAdd.SetText("50%%");
+  form.txtAdd.SetText("50|%");
   form.cmdAdd.Click();
   EXPECT_EQ(form.lstRemove.ListCount(), 7u);
   EXPECT_EQ(world_.ui.messages().size(), 1u);

@@ -1,9 +1,13 @@
-// The small platform services: locale separators, the program's location,
+// The small platform services: locale separators and names, the program's location,
 // the random generator, short paths and the scripted dialogs.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <clocale>
 #include <cstdlib>
+#include <filesystem>
+#include <map>
+#include <optional>
 
 #include "controls/form.h"
 #include "platform/memory/memory_file_system.h"
@@ -12,11 +16,41 @@
 #include "platform/posix/posix_locale.h"
 #include "platform/posix/posix_program.h"
 #include "platform/posix/standard_random.h"
+#include "registry_test_support.h"
 
 namespace tessaly {
 namespace {
 
 using ::testing::ElementsAre;
+
+// Sets environment variables for a scope and puts back what was there.
+class ScopedEnvironment {
+ public:
+  ScopedEnvironment() = default;
+  ScopedEnvironment(const ScopedEnvironment&) = delete;
+  ScopedEnvironment& operator=(const ScopedEnvironment&) = delete;
+  ~ScopedEnvironment() {
+    for (const auto& [name, value] : saved_) Put(name.c_str(), value ? value->c_str() : nullptr);
+  }
+  // A null `value` unsets the variable.
+  void Set(const char* name, const char* value) {
+    if (!saved_.contains(name)) {
+      const char* old = std::getenv(name);
+      saved_[name] = old != nullptr ? std::optional<std::string>(old) : std::nullopt;
+    }
+    Put(name, value);
+  }
+
+ private:
+  static void Put(const char* name, const char* value) {
+    if (value != nullptr) {
+      setenv(name, value, 1);
+    } else {
+      unsetenv(name);
+    }
+  }
+  std::map<std::string, std::optional<std::string>> saved_;
+};
 
 TEST(PosixLocaleTest, SeparatorIsTheTextBetweenTheFirstTwoFields) {
   const std::pair<const char*, const char*> cases[] = {
@@ -36,6 +70,34 @@ TEST(PosixLocaleTest, TheCLocaleGivesSlashColonAndPeriod) {
   EXPECT_EQ(locale.DateSeparator(), "/");
   EXPECT_EQ(locale.TimeSeparator(), ":");
   EXPECT_EQ(locale.DecimalSeparator(), ".");
+  EXPECT_EQ(locale.MonthAndWeekdayNames().months, EnglishDateNames().months);
+  EXPECT_EQ(locale.MonthAndWeekdayNames().weekdaysShort, EnglishDateNames().weekdaysShort);
+}
+
+TEST(PosixLocaleTest, DateNamesAreThoseOfTheTimeLocaleInUtf8) {
+  // This machine may have no locale but C, so one is built for the test:
+  // the legacy de_DE, whose names are in ISO-8859-1, set for LC_TIME alone
+  // beside a UTF-8 LANG.
+  const testing::ScratchFolder folder;
+  const std::string built = folder.path() + "/de_DE";
+  std::system(("localedef -i de_DE -f ISO-8859-1 '" + built + "' >/dev/null 2>&1").c_str());
+  if (!std::filesystem::exists(built + "/LC_TIME")) {
+    GTEST_SKIP() << "localedef could not build de_DE (its sources come with the Debian "
+                    "package locales)";
+  }
+  ScopedEnvironment environment;
+  environment.Set("LOCPATH", folder.path().c_str());
+  environment.Set("LC_ALL", nullptr);
+  environment.Set("LANG", "C.UTF-8");
+  environment.Set("LC_TIME", "de_DE");
+  const PosixLocale locale;
+  const DateNames& names = locale.MonthAndWeekdayNames();
+  EXPECT_EQ(names.months[2], "März");
+  EXPECT_EQ(names.monthsShort[2], "Mär");
+  EXPECT_EQ(names.weekdays[0], "Sonntag");
+  EXPECT_EQ(names.weekdaysShort[0], "So");
+  // Read without touching the process's own locale.
+  EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), "C");
 }
 
 TEST(PosixProgramTest, LocationIsTheModelFolderAndTheNameWithoutExtension) {

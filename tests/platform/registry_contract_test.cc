@@ -97,6 +97,8 @@ TEST_P(RegistryContract, SizesReadBackAsTheDesktopPlatformReportsThem) {
       {"empty binary", reg::kBinary, "", false, ""},
       {"dword", reg::kDword, std::string("\xff\xff\xff\xff", 4), false,
        std::string("\xff\xff\xff\xff", 4)},
+      {"short dword kept as written", reg::kDword, std::string("\5", 1), false,
+       std::string("\5", 1)},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.label);

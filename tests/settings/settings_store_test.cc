@@ -86,6 +86,10 @@ TEST_F(SettingsStoreTest, ValuesOfOtherProgramsAreReadByType) {
       {"TooShortMulti", reg::kMultiText, std::string("\0", 1), SettingValue::FromText("fallback")},
       {"TextWithZeros", reg::kText, std::string("a\0b\0", 4),
        SettingValue::FromText(std::string("a\0b", 3))},
+      {"Dword", reg::kDword, std::string("\xff\xff\xff\xff", 4), SettingValue::FromInt32(-1)},
+      // Hand-edited: the bytes that are there, the rest zero.
+      {"ShortDword", reg::kDword, std::string("\5\1", 2), SettingValue::FromInt32(261)},
+      {"EmptyDword", reg::kDword, "", SettingValue::FromInt32(0)},
       {"BigEndian", reg::kDwordBigEndian, std::string("\0\0\0\1", 4),
        SettingValue::FromText("fallback")},
       {"Qword", reg::kQword, std::string(8, '\1'), SettingValue::FromText("fallback")},

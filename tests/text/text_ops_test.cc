@@ -24,6 +24,11 @@ TEST(ReplaceAll, ScansLeftToRightWithoutRescanning) {
       {"Copy of", "Copy Of", "", "Copy of"},  // exact case
       {"Ünï Ünï", "Ünï", "U", "U U"},
       {"a\xff" "b", "\xff", "-", "a-b"},
+      // A stray byte is a character of its own and never half of a letter.
+      {"\xc3" "x é", "\xc3", "-", "-x é"},
+      {"é", "\xa9", "-", "é"},
+      {"éx", "\xa9x", "-", "éx"},
+      {"e\xcc\x81", "e\xcc", "-", "e\xcc\x81"},
   };
   for (const auto& c : cases) {
     EXPECT_EQ(ReplaceAll(c.text, c.find, c.replacement), c.expected) << c.text;
@@ -64,6 +69,7 @@ TEST(Split, KeepsEmptyPiecesAndHandlesEmptyInput) {
   EXPECT_THAT(Split("a--b-", "-"), ElementsAre("a", "", "b", ""));
   EXPECT_THAT(Split("-", "-"), ElementsAre("", ""));
   EXPECT_THAT(Split("x, y, z", ", "), ElementsAre("x", "y", "z"));
+  EXPECT_THAT(Split("aéb\xa9" "c", "\xa9"), ElementsAre("aéb", "c"));
 }
 
 TEST(TrimBlanks, TrimsOnlyTheBlankCharacter) {

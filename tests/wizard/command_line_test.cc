@@ -7,13 +7,16 @@ namespace tessaly {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::Optional;
 
 TEST(CommandLineText, FilePartEndsAtTheFirstSlashAndLosesItsQuotes) {
   EXPECT_THAT(command_line::FilePaths(R"x(  "C:\a b.txt";C:\c.txt /step:4)x"),
-              ElementsAre("C:\\a b.txt", "C:\\c.txt"));
-  EXPECT_THAT(command_line::FilePaths("C:/x/y.txt"), ElementsAre("C:"));
-  EXPECT_THAT(command_line::FilePaths("/exit"), ElementsAre());
-  EXPECT_THAT(command_line::FilePaths("a;;b "), ElementsAre("a", "", "b"));
+              Optional(ElementsAre("C:\\a b.txt", "C:\\c.txt")));
+  EXPECT_THAT(command_line::FilePaths("C:/x/y.txt"), Optional(ElementsAre("C:")));
+  EXPECT_EQ(command_line::FilePaths(" /exit"), std::nullopt);
+  EXPECT_THAT(command_line::FilePaths("a;;b "), Optional(ElementsAre("a", "", "b")));
+  // Quotes alone make a file part that is not empty, though it holds no path.
+  EXPECT_THAT(command_line::FilePaths(R"x("" /exit)x"), Optional(ElementsAre()));
 }
 
 TEST(CommandLineText, PlacementValuesAndStepDigits) {
@@ -46,6 +49,10 @@ TEST_F(CommandLineTest, BarePathsOpenOnFileSelection) {
   EXPECT_EQ(wizard.CurrentStep, 1);
   EXPECT_EQ(wizard.lstFiles.ListCount(), 2u);
   EXPECT_EQ(wizard.lStat.caption(), "2 files.");
+
+  fTessaly& quotesOnly = Start(R"x("")x");
+  EXPECT_EQ(quotesOnly.CurrentStep, 1);
+  EXPECT_EQ(quotesOnly.lStat.caption(), "0 files.");
 }
 
 TEST_F(CommandLineTest, PathsBeyondTheListsLimitAreCountedNotLost) {
