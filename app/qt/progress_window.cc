@@ -1,6 +1,7 @@
 #include "progress_window.h"
 
 #include <QCloseEvent>
+#include <QFontMetrics>
 #include <QFrame>
 #include <QLabel>
 #include <QScreen>
@@ -25,12 +26,16 @@ ProgressWindow::ProgressWindow(fProgress& form, QWidget* owner)
       owner_(owner) {
   setObjectName(QStringLiteral("fProgress"));
   setAttribute(Qt::WA_DeleteOnClose);
-  setFixedSize(kTroughWidth + 2 * kMargin, kTroughHeight + 2 * kMargin);
+  QFont bold = font();
+  bold.setBold(true);
+  // Higher than drawn at design where a large font needs it.
+  const int troughHeight = std::max(kTroughHeight, QFontMetrics(bold).height() + 8);
+  setFixedSize(kTroughWidth + 2 * kMargin, troughHeight + 2 * kMargin);
 
   trough_ = new QFrame(this);
   trough_->setObjectName(QStringLiteral("lTotal"));
   trough_->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-  trough_->setGeometry(kMargin, kMargin, kTroughWidth, kTroughHeight);
+  trough_->setGeometry(kMargin, kMargin, kTroughWidth, troughHeight);
 
   bar_ = new QWidget(trough_);
   bar_->setObjectName(QStringLiteral("lCur"));
@@ -43,8 +48,6 @@ ProgressWindow::ProgressWindow(fProgress& form, QWidget* owner)
   caption_->setObjectName(QStringLiteral("lCaption"));
   caption_->setAlignment(Qt::AlignCenter);
   caption_->setAttribute(Qt::WA_TransparentForMouseEvents);
-  QFont bold = caption_->font();
-  bold.setBold(true);
   caption_->setFont(bold);
   caption_->setGeometry(trough_->contentsRect());
 
