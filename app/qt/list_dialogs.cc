@@ -93,6 +93,7 @@ ListDialog::ListDialog(Form& form, QWidget* owner) : QDialog(owner) {
 ReplaceAdvancedDialog::ReplaceAdvancedDialog(fReplaceAdvanced& form, QWidget* owner)
     : ListDialog(form, owner) {
   auto* layout = new QGridLayout(this);
+  layout->setSizeConstraint(QLayout::SetMinimumSize);
   layout->setHorizontalSpacing(8);
   layout->setVerticalSpacing(6);
   for (int i = 0; i < 2; ++i) {
@@ -127,6 +128,8 @@ UnwantedFormattingDialog::UnwantedFormattingDialog(fUnwantedFormatting& form, QW
     : ListDialog(form, owner) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 10);
+  // No smaller than the layout needs, the wrapped description included.
+  layout->setSizeConstraint(QLayout::SetMinimumSize);
   layout->setSpacing(0);
 
   auto* top = new QWidget(this);
@@ -198,7 +201,7 @@ UnwantedFormattingDialog::UnwantedFormattingDialog(fUnwantedFormatting& form, QW
   bottom->addStretch();
   bottom->addWidget(Button(form.cmdExit, "cmdExit", this, "f"));
   layout->addLayout(bottom);
-  resize(620, 420);
+  resize(sizeHint().expandedTo(QSize(620, 420)));
 }
 
 }  // namespace tessaly::qt

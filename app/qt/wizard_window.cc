@@ -35,6 +35,9 @@ WizardWindow::WizardWindow(fTessaly& form) : form_(&form) {
   setObjectName(QStringLiteral("fTessaly"));
 
   auto* root = new QHBoxLayout(this);
+  // The smallest window is what the layouts need, also where a wrapped
+  // text makes a height depend on the width (Qt leaves that one open).
+  root->setSizeConstraint(QLayout::SetMinimumSize);
   root->setContentsMargins(0, 0, 0, 0);
   root->setSpacing(0);
   root->addWidget(new LogoStrip(form, this));

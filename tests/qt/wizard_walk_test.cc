@@ -263,6 +263,26 @@ TEST_P(WalkOnEveryDesktopTest, PersonRenamesDroppedFilesAndReadsTheColouredLog) 
   EXPECT_TRUE(upper->isChecked());
   EXPECT_EQ(example->toPlainText(), "001.TXT\n002.TXT\n003.TXT");
   ExpectPageLooksRight(window, "step2_settings");
+  // Tab reads the placements row by row, then the options, then the buttons.
+  QStringList chain;
+  for (QWidget* at = first->nextInFocusChain(); at != first; at = at->nextInFocusChain()) {
+    if (at->isVisible() && (at->focusPolicy() & Qt::TabFocus) && !at->objectName().isEmpty()) {
+      chain << at->objectName();
+    }
+  }
+  EXPECT_EQ(chain.mid(0, 8), (QStringList{"cboBatch1", "cboBatch2", "cboBatch3", "cboBatch4",
+                                          "cboBatch5", "cboBatch6", "cboBatch7",
+                                          "chkShortExtension"}));
+  EXPECT_LT(chain.indexOf("chkIncludePaths"), chain.indexOf("cmdNext"));
+  // The list dialog on the same desktop; Escape closes it as its close box does.
+  WhenModalOpens([&](QWidget* dialog) {
+    ExpectNothingClipped(dialog);
+    ExpectOwnMnemonics(dialog);
+    Screenshot(dialog, "dialog_unwanted_formatting_fresh");
+    QTest::keyClick(dialog, Qt::Key_Escape);
+  });
+  Click(Find<QPushButton>(window, "cmdUnwantedFormat"));
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
   // Each option says what it does in one line.
   for (auto* option : window->findChildren<QCheckBox*>()) {
     if (!option->isVisible()) continue;
