@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "bindings.h"
+#include "readable_colour.h"
 
 namespace tessaly::qt {
 
@@ -41,7 +42,8 @@ ProgressWindow::ProgressWindow(fProgress& form, QWidget* owner)
   bar_->setObjectName(QStringLiteral("lCur"));
   bar_->setAutoFillBackground(true);
   QPalette barColour = bar_->palette();
-  barColour.setColor(QPalette::Window, QColor(255, 192, 128));
+  // The caption stands on the bar too, in the palette's text colour.
+  barColour.setColor(QPalette::Window, FillUnderText(barColour, QColor(255, 192, 128)));
   bar_->setPalette(barColour);
 
   caption_ = new QLabel(trough_);

@@ -10,4 +10,8 @@ QColor ReadableOn(const QPalette& palette, Rgb colour) {
                 (wanted.blue() + 255 + 1) / 2);
 }
 
+QColor FillUnderText(const QPalette& palette, QColor fill) {
+  return palette.color(QPalette::WindowText).lightnessF() > 0.5 ? fill.darker(200) : fill;
+}
+
 }  // namespace tessaly::qt

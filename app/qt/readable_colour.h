@@ -15,6 +15,10 @@ namespace tessaly::qt {
 // read. The model keeps the true colours; only the view maps them.
 QColor ReadableOn(const QPalette& palette, Rgb colour);
 
+// A fill that text in the palette's window text colour stands on: `fill`
+// itself under dark text, halfway to black under light text.
+QColor FillUnderText(const QPalette& palette, QColor fill);
+
 }  // namespace tessaly::qt
 
 #endif  // TESSALY_APP_QT_READABLE_COLOUR_H_

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 
 #include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QDir>
 #include <QKeySequence>
 #include <QMap>
@@ -102,18 +104,24 @@ void ExpectNothingClippedNarrowToo(QWidget* window) {
   Settle();
 }
 
-// Every button, box and option on show that has a caption has a mnemonic,
+// Every button, box, option and caption of a box on show has a mnemonic,
 // and no two share one.
 void ExpectOwnMnemonics(QWidget* window) {
-  QMap<QKeySequence, QString> taken;
+  QStringList captions;
   for (auto* button : window->findChildren<QAbstractButton*>()) {
-    if (!button->isVisible() || button->text() == "...") continue;
-    const QKeySequence key = QKeySequence::mnemonic(button->text());
-    EXPECT_FALSE(key.isEmpty()) << button->text().toStdString();
+    if (button->isVisible() && button->text() != "...") captions << button->text();
+  }
+  for (auto* label : window->findChildren<QLabel*>()) {
+    if (label->isVisible() && label->buddy() != nullptr) captions << label->text();
+  }
+  QMap<QKeySequence, QString> taken;
+  for (const QString& caption : captions) {
+    const QKeySequence key = QKeySequence::mnemonic(caption);
+    EXPECT_FALSE(key.isEmpty()) << caption.toStdString();
     if (key.isEmpty()) continue;
-    EXPECT_FALSE(taken.contains(key)) << button->text().toStdString() << " and "
+    EXPECT_FALSE(taken.contains(key)) << caption.toStdString() << " and "
                                       << taken.value(key).toStdString();
-    taken.insert(key, button->text());
+    taken.insert(key, caption);
   }
 }
 
@@ -290,11 +298,23 @@ TEST_P(WalkOnEveryDesktopTest, PersonRenamesDroppedFilesAndReadsTheColouredLog) 
     EXPECT_FALSE(option->toolTip().contains('\n')) << option->objectName().toStdString();
   }
 
-  // Return that no control takes is the page's Next.
-  upper->setFocus();
-  QTest::keyClick(upper, Qt::Key_Return);
+  // The progress window beside the preview, on the same desktop.
+  bool progressSeen = false;
+  ui.onPendingEvents = [&] {
+    ProgressWindow* progress = ui.progressWindow();
+    if (progressSeen || progress == nullptr || progress->percentText() != "33.33%") return;
+    progressSeen = true;
+    ExpectNothingClipped(progress);
+    Screenshot(progress, "progress_window_preview");
+  };
+  // Return that no control takes is the page's Next, also in a box being
+  // typed in.
+  QLineEdit* typing = Find<QComboBox>(window, "cboBatch0")->lineEdit();
+  typing->setFocus();
+  QTest::keyClick(typing, Qt::Key_Return);
   Settle();
   EXPECT_EQ(pages->currentIndex(), 3);
+  EXPECT_TRUE(progressSeen);
   EXPECT_EQ(next->text(), "Fi&nish >");
   EXPECT_TRUE(next->isEnabled());
   auto* preview = Find<QPlainTextEdit>(window, "tOutput");
