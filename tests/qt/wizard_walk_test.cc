@@ -58,6 +58,11 @@ struct Appearance {
   QColor completed;  // a renamed file's line in the log
 };
 
+const char* DesktopName(const Appearance& appearance) {
+  return appearance.name[0] == '\0' ? "plain" : appearance.name + 1;
+}
+void PrintTo(const Appearance& appearance, std::ostream* out) { *out << DesktopName(appearance); }
+
 QPalette DarkPalette() {
   QPalette dark(QColor(53, 53, 53), QColor(45, 45, 45));
   dark.setColor(QPalette::Base, QColor(30, 30, 30));
@@ -214,7 +219,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Appearance{"_dark", true, 1.0, QColor(128, 128, 255)},
                       Appearance{"_large_font", false, 1.5, QColor(0, 0, 255)}),
     [](const ::testing::TestParamInfo<Appearance>& info) {
-      return std::string(info.param.name[0] == '\0' ? "plain" : info.param.name + 1);
+      return std::string(DesktopName(info.param));
     });
 
 TEST_P(WalkOnEveryDesktopTest, PersonRenamesDroppedFilesAndReadsTheColouredLog) {
