@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
+#include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -28,6 +29,24 @@ QString ToQtLines(std::string_view text) {
 
 std::string FromQt(const QString& text) { return text.toStdString(); }
 
+QString WithMnemonic(const QString& caption, const char* keys) {
+  if (!QKeySequence::mnemonic(caption).isEmpty()) return caption;
+  for (const char* key = keys; *key != '\0'; ++key) {
+    const QChar letter = QChar::fromLatin1(*key).toLower();
+    qsizetype first = -1;
+    for (qsizetype i = 0; i < caption.size(); ++i) {
+      if (caption[i].toLower() != letter) continue;
+      if (i == 0 || !caption[i - 1].isLetterOrNumber()) {
+        first = i;
+        break;
+      }
+      if (first < 0) first = i;
+    }
+    if (first >= 0) return QString(caption).insert(first, QLatin1Char('&'));
+  }
+  return caption;
+}
+
 void BindEnabledVisible(Control& control, QWidget* widget) {
   Follow(control.changed, widget, [&control, widget] {
     widget->setEnabled(control.enabled());
@@ -38,21 +57,28 @@ void BindEnabledVisible(Control& control, QWidget* widget) {
   });
 }
 
-void BindButton(CommandButton& button, QPushButton* widget) {
-  Follow(button.changed, widget, [&button, widget] {
-    widget->setText(ToQt(button.caption()));
+void BindButton(CommandButton& button, QPushButton* widget, const char* keys) {
+  Follow(button.changed, widget, [&button, widget, keys] {
+    widget->setText(WithMnemonic(ToQt(button.caption()), keys));
     widget->setEnabled(button.enabled());
     widget->setHidden(!button.visible());
   });
   QObject::connect(widget, &QPushButton::clicked, widget, [&button] { button.Click(); });
 }
 
-void BindCheckBox(CheckBox& box, ModelCheckBox* widget) {
+QPushButton* NewButton(CommandButton& model, const char* name, QWidget* parent, const char* keys) {
+  auto* button = new QPushButton(parent);
+  button->setObjectName(QString::fromLatin1(name));
+  BindButton(model, button, keys);
+  return button;
+}
+
+void BindCheckBox(CheckBox& box, ModelCheckBox* widget, const char* keys) {
   widget->setTristate(true);  // to draw state 2; a click still gives 0 or 1
   // A click ticks a box that is clear or greyed and clears a ticked one.
   widget->onPersonClick = [&box] { box.SetValue(box.value() == 1 ? 0 : 1); };
-  Follow(box.changed, widget, [&box, widget] {
-    widget->setText(ToQt(box.caption()));
+  Follow(box.changed, widget, [&box, widget, keys] {
+    widget->setText(WithMnemonic(ToQt(box.caption()), keys));
     widget->setEnabled(box.enabled());
     widget->setHidden(!box.visible());
     widget->setCheckState(box.value() == 1   ? Qt::Checked
@@ -61,11 +87,11 @@ void BindCheckBox(CheckBox& box, ModelCheckBox* widget) {
   });
 }
 
-void BindOption(OptionButton& option, ModelRadioButton* widget) {
+void BindOption(OptionButton& option, ModelRadioButton* widget, const char* keys) {
   widget->setAutoExclusive(false);  // the form keeps the group exclusive
   widget->onPersonClick = [&option] { option.SetValue(true); };
-  Follow(option.changed, widget, [&option, widget] {
-    widget->setText(ToQt(option.caption()));
+  Follow(option.changed, widget, [&option, widget, keys] {
+    widget->setText(WithMnemonic(ToQt(option.caption()), keys));
     widget->setEnabled(option.enabled());
     widget->setHidden(!option.visible());
     widget->setChecked(option.value());

@@ -68,13 +68,6 @@ class SelectionSync : public QObject {
   bool taking_ = false;
 };
 
-QPushButton* Button(CommandButton& model, const char* name, QWidget* parent) {
-  auto* button = new QPushButton(parent);
-  button->setObjectName(QString::fromLatin1(name));
-  BindButton(model, button);
-  return button;
-}
-
 }  // namespace
 
 QWidget* BuildFilePage(fTessaly& form) {
@@ -110,15 +103,15 @@ QWidget* BuildFilePage(fTessaly& form) {
   columns->addLayout(left, 1);
 
   auto* right = new QVBoxLayout;
-  right->addWidget(Button(form.cmdAddFiles, "cmdAddFiles", files));
-  right->addWidget(Button(form.cmdAddDirectory, "cmdAddDirectory", files));
+  right->addWidget(NewButton(form.cmdAddFiles, "cmdAddFiles", files));
+  right->addWidget(NewButton(form.cmdAddDirectory, "cmdAddDirectory", files));
   auto* subFolders = new ModelCheckBox(files);
   subFolders->setObjectName(QStringLiteral("chkSubDirectories"));
-  BindCheckBox(form.chkSubDirectories, subFolders);
+  BindCheckBox(form.chkSubDirectories, subFolders, "i");
   right->addWidget(subFolders);
   right->addSpacing(16);
-  right->addWidget(Button(form.cmdRemove, "cmdRemove", files));
-  right->addWidget(Button(form.cmdClear, "cmdClear", files));
+  right->addWidget(NewButton(form.cmdRemove, "cmdRemove", files));
+  right->addWidget(NewButton(form.cmdClear, "cmdClear", files, "l"));
   right->addStretch();
   columns->addLayout(right);
   frame.body->addWidget(files, 1);

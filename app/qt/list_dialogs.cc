@@ -19,19 +19,21 @@ namespace tessaly::qt {
 
 namespace {
 
-QPushButton* Button(CommandButton& model, const char* name, QWidget* parent) {
-  auto* button = new QPushButton(parent);
-  button->setObjectName(QString::fromLatin1(name));
+QPushButton* Button(CommandButton& model, const char* name, QWidget* parent, const char* keys) {
+  QPushButton* button = NewButton(model, name, parent, keys);
   button->setAutoDefault(false);
-  BindButton(model, button);
   return button;
 }
 
-// A plain label that shows a control's caption (the text beside a box).
-QLabel* CaptionOf(Control& control, QWidget* parent) {
+// A plain label that shows a control's caption (the text beside a box);
+// its mnemonic from `keys` moves the focus to `buddy`.
+QLabel* CaptionOf(Control& control, QWidget* buddy, const char* keys, QWidget* parent) {
   auto* label = new QLabel(parent);
   label->setTextFormat(Qt::PlainText);
-  Follow(control.changed, label, [&control, label] { label->setText(ToQt(control.caption())); });
+  label->setBuddy(buddy);
+  Follow(control.changed, label, [&control, label, keys] {
+    label->setText(WithMnemonic(ToQt(control.caption()), keys));
+  });
   return label;
 }
 
@@ -68,10 +70,8 @@ QLabel* Band(Label& model, const char* name, QWidget* parent) {
   band->setObjectName(QString::fromLatin1(name));
   band->setAutoFillBackground(true);
   band->setContentsMargins(8, 4, 8, 4);
-  QPalette colours = band->palette();
-  colours.setColor(QPalette::Window, QColor(24, 66, 112));
-  colours.setColor(QPalette::WindowText, Qt::white);
-  band->setPalette(colours);
+  band->setBackgroundRole(QPalette::Highlight);
+  band->setForegroundRole(QPalette::HighlightedText);
   BindLabel(model, band);
   QFont bold = band->font();
   bold.setBold(true);
@@ -93,6 +93,7 @@ ListDialog::ListDialog(Form& form, QWidget* owner) : QDialog(owner) {
 ReplaceAdvancedDialog::ReplaceAdvancedDialog(fReplaceAdvanced& form, QWidget* owner)
     : ListDialog(form, owner) {
   auto* layout = new QGridLayout(this);
+  layout->setSizeConstraint(QLayout::SetMinimumSize);
   layout->setHorizontalSpacing(8);
   layout->setVerticalSpacing(6);
   for (int i = 0; i < 2; ++i) {
@@ -101,22 +102,22 @@ ReplaceAdvancedDialog::ReplaceAdvancedDialog(fReplaceAdvanced& form, QWidget* ow
     box->setMinimumContentsLength(18);
     box->setMaxVisibleItems(20);
     BindComboBox(form.cboBatch[i], box);
-    layout->addWidget(CaptionOf(form.cboBatch[i], this), 0, i);
+    layout->addWidget(CaptionOf(form.cboBatch[i], box, i == 0 ? "r" : "w", this), 0, i);
     layout->addWidget(box, 1, i);
   }
-  layout->addWidget(Button(form.cmdAdd, "cmdAdd", this), 1, 2);
+  layout->addWidget(Button(form.cmdAdd, "cmdAdd", this, "a"), 1, 2);
 
-  layout->addWidget(CaptionOf(form.lstReplace, this), 2, 0, 1, 2);
   auto* list = CheckList(form.lstReplace, "lstReplace", this);
+  layout->addWidget(CaptionOf(form.lstReplace, list, "l", this), 2, 0, 1, 2);
   list->setMinimumHeight(200);
   layout->addWidget(list, 3, 0, 1, 2);
   auto* side = new QVBoxLayout;
-  side->addWidget(Button(form.cmdClear, "cmdClear", this));
-  side->addWidget(Button(form.cmdRemoveSelected, "cmdRemoveSelected", this));
+  side->addWidget(Button(form.cmdClear, "cmdClear", this, "c"));
+  side->addWidget(Button(form.cmdRemoveSelected, "cmdRemoveSelected", this, "s"));
   side->addStretch();
   layout->addLayout(side, 3, 2);
 
-  auto* accept = Button(form.cmdAccept, "cmdAccept", this);
+  auto* accept = Button(form.cmdAccept, "cmdAccept", this, "e");
   accept->setDefault(true);
   layout->addWidget(accept, 4, 2);
   layout->setColumnStretch(0, 1);
@@ -127,17 +128,19 @@ UnwantedFormattingDialog::UnwantedFormattingDialog(fUnwantedFormatting& form, QW
     : ListDialog(form, owner) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 10);
+  // No smaller than the layout needs, the wrapped description included.
+  layout->setSizeConstraint(QLayout::SetMinimumSize);
   layout->setSpacing(0);
 
   auto* top = new QWidget(this);
   top->setAutoFillBackground(true);
-  QPalette white = top->palette();
-  white.setColor(QPalette::Window, Qt::white);
-  top->setPalette(white);
+  top->setBackgroundRole(QPalette::Base);
+  top->setForegroundRole(QPalette::Text);
   auto* topLayout = new QVBoxLayout(top);
   topLayout->setContentsMargins(12, 10, 12, 10);
   auto* heading = new QLabel(top);
   heading->setObjectName(QStringLiteral("lblHeading"));
+  heading->setForegroundRole(QPalette::Text);
   BindLabel(form.lblHeading, heading);
   QFont big = heading->font();
   big.setBold(true);
@@ -146,6 +149,7 @@ UnwantedFormattingDialog::UnwantedFormattingDialog(fUnwantedFormatting& form, QW
   auto* description = new QLabel(top);
   description->setObjectName(QStringLiteral("lblDescription"));
   description->setWordWrap(true);
+  description->setForegroundRole(QPalette::Text);
   BindLabel(form.lblDescription, description);
   topLayout->addWidget(heading);
   topLayout->addWidget(description);
@@ -157,13 +161,13 @@ UnwantedFormattingDialog::UnwantedFormattingDialog(fUnwantedFormatting& form, QW
   body->setSpacing(14);
 
   auto* left = new QVBoxLayout;
-  left->addWidget(CaptionOf(form.txtAdd, this));
-  auto* addRow = new QHBoxLayout;
   auto* add = new QLineEdit(this);
   add->setObjectName(QStringLiteral("txtAdd"));
   BindLineEdit(form.txtAdd, add);
+  left->addWidget(CaptionOf(form.txtAdd, add, "c", this));
+  auto* addRow = new QHBoxLayout;
   addRow->addWidget(add, 1);
-  addRow->addWidget(Button(form.cmdAdd, "cmdAdd", this));
+  addRow->addWidget(Button(form.cmdAdd, "cmdAdd", this, "a"));
   left->addLayout(addRow);
   auto* line = new QFrame(this);
   line->setFrameShape(QFrame::HLine);
@@ -177,17 +181,17 @@ UnwantedFormattingDialog::UnwantedFormattingDialog(fUnwantedFormatting& form, QW
   BindLineEdit(form.txtEdit, edit);
   new FocusRule(form.txtEdit, edit);
   editRow->addWidget(edit, 1);
-  editRow->addWidget(Button(form.cmdUpdate, "cmdUpdate", this));
+  editRow->addWidget(Button(form.cmdUpdate, "cmdUpdate", this, "u"));
   left->addLayout(editRow);
   left->addStretch();
   body->addLayout(left, 1);
 
   auto* right = new QVBoxLayout;
-  right->addWidget(CaptionOf(form.lstRemove, this));
   auto* list = CheckList(form.lstRemove, "lstRemove", this);
+  right->addWidget(CaptionOf(form.lstRemove, list, "l", this));
   list->setMinimumHeight(180);
   right->addWidget(list, 1);
-  auto* remove = Button(form.cmdRemove, "cmdRemove", this);
+  auto* remove = Button(form.cmdRemove, "cmdRemove", this, "r");
   right->addWidget(remove, 0, Qt::AlignRight);
   body->addLayout(right, 1);
   layout->addLayout(body, 1);
@@ -195,9 +199,9 @@ UnwantedFormattingDialog::UnwantedFormattingDialog(fUnwantedFormatting& form, QW
   auto* bottom = new QHBoxLayout;
   bottom->setContentsMargins(12, 10, 12, 0);
   bottom->addStretch();
-  bottom->addWidget(Button(form.cmdExit, "cmdExit", this));
+  bottom->addWidget(Button(form.cmdExit, "cmdExit", this, "f"));
   layout->addLayout(bottom);
-  resize(620, 420);
+  resize(sizeHint().expandedTo(QSize(620, 420)));
 }
 
 }  // namespace tessaly::qt

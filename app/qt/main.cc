@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "desktop_identity.h"
 #include "platform/posix/command_line_text.h"
 #include "platform/posix/existing_short_paths.h"
 #include "platform/posix/posix_file_system.h"
@@ -28,6 +29,7 @@ int main(int argc, char** argv) {
   // The program ends when the wizard says so, not when a window closes:
   // with "/hide" it lives on without one.
   QApplication::setQuitOnLastWindowClosed(false);
+  qt::SetDesktopIdentity();
 
   std::vector<std::string> words;
   for (const QString& word : QCoreApplication::arguments().mid(1)) words.push_back(word.toStdString());

@@ -1,12 +1,14 @@
 #include "progress_window.h"
 
 #include <QCloseEvent>
+#include <QFontMetrics>
 #include <QFrame>
 #include <QLabel>
 #include <QScreen>
 #include <algorithm>
 
 #include "bindings.h"
+#include "readable_colour.h"
 
 namespace tessaly::qt {
 
@@ -25,26 +27,29 @@ ProgressWindow::ProgressWindow(fProgress& form, QWidget* owner)
       owner_(owner) {
   setObjectName(QStringLiteral("fProgress"));
   setAttribute(Qt::WA_DeleteOnClose);
-  setFixedSize(kTroughWidth + 2 * kMargin, kTroughHeight + 2 * kMargin);
+  QFont bold = font();
+  bold.setBold(true);
+  // Higher than drawn at design where a large font needs it.
+  const int troughHeight = std::max(kTroughHeight, QFontMetrics(bold).height() + 8);
+  setFixedSize(kTroughWidth + 2 * kMargin, troughHeight + 2 * kMargin);
 
   trough_ = new QFrame(this);
   trough_->setObjectName(QStringLiteral("lTotal"));
   trough_->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-  trough_->setGeometry(kMargin, kMargin, kTroughWidth, kTroughHeight);
+  trough_->setGeometry(kMargin, kMargin, kTroughWidth, troughHeight);
 
   bar_ = new QWidget(trough_);
   bar_->setObjectName(QStringLiteral("lCur"));
   bar_->setAutoFillBackground(true);
   QPalette barColour = bar_->palette();
-  barColour.setColor(QPalette::Window, QColor(255, 192, 128));
+  // The caption stands on the bar too, in the palette's text colour.
+  barColour.setColor(QPalette::Window, FillUnderText(barColour, QColor(255, 192, 128)));
   bar_->setPalette(barColour);
 
   caption_ = new QLabel(trough_);
   caption_->setObjectName(QStringLiteral("lCaption"));
   caption_->setAlignment(Qt::AlignCenter);
   caption_->setAttribute(Qt::WA_TransparentForMouseEvents);
-  QFont bold = caption_->font();
-  bold.setBold(true);
   caption_->setFont(bold);
   caption_->setGeometry(trough_->contentsRect());
 

@@ -23,13 +23,13 @@ QWidget* DestinationChoice(fTessaly& form, QWidget* parent) {
   layout->setContentsMargins(0, 0, 0, 0);
   auto* same = new ModelRadioButton(choice);
   same->setObjectName(QStringLiteral("optMoveSameFolder"));
-  BindOption(form.optMoveSameFolder, same);
+  same->setToolTip(QStringLiteral("Gives each file its new name in the folder it is in"));
+  BindOption(form.optMoveSameFolder, same, "s");
   auto* other = new ModelRadioButton(choice);
   other->setObjectName(QStringLiteral("optMoveNewFolder"));
-  BindOption(form.optMoveNewFolder, other);
-  auto* browse = new QPushButton(choice);
-  browse->setObjectName(QStringLiteral("cmdSelectFolder"));
-  BindButton(form.cmdSelectFolder, browse);
+  other->setToolTip(QStringLiteral("Moves the renamed files into a folder you choose"));
+  BindOption(form.optMoveNewFolder, other, "m");
+  QPushButton* browse = NewButton(form.cmdSelectFolder, "cmdSelectFolder", choice, "o");
   auto* folder = new QLabel(choice);
   folder->setObjectName(QStringLiteral("lFolder"));
   folder->setTextInteractionFlags(Qt::TextSelectableByMouse);

@@ -6,13 +6,16 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "readable_colour.h"
+
 namespace tessaly::qt {
 
 namespace {
 
-QTextCharFormat FormatIn(Rgb colour) {
+// Text the model gives no colour keeps the palette's.
+QTextCharFormat FormatIn(const Rgb* colour, const QPalette& palette) {
   QTextCharFormat format;
-  format.setForeground(QColor(colour.red, colour.green, colour.blue));
+  if (colour != nullptr) format.setForeground(ReadableOn(palette, *colour));
   return format;
 }
 
@@ -23,11 +26,6 @@ bool StartsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC
 RichTextView::RichTextView(RichTextBox& box, QWidget* parent) : QPlainTextEdit(parent), box_(box) {
   setReadOnly(true);
   setUndoRedoEnabled(false);
-  // Colours are fixed by outcome, so the page under them is too.
-  QPalette colours = palette();
-  colours.setColor(QPalette::Base, Qt::white);
-  colours.setColor(QPalette::Text, Qt::black);
-  setPalette(colours);
   setHidden(!box_.visible());
   paintLater_.setSingleShot(true);
   connect(&paintLater_, &QTimer::timeout, this, [this] {
@@ -116,7 +114,7 @@ void RichTextView::ColourNewRuns() {
     const std::size_t end = std::min(run.start + run.length, drawnChars_);
     cursor.setPosition(DocumentPosition(run.start));
     cursor.setPosition(DocumentPosition(end), QTextCursor::KeepAnchor);
-    cursor.setCharFormat(FormatIn(run.colour));
+    cursor.setCharFormat(FormatIn(&run.colour, palette()));
     if (run.start + run.length > drawnChars_) break;  // the rest is still to draw
   }
 }
@@ -169,7 +167,7 @@ void RichTextView::Insert(std::size_t fromByte, std::size_t toByte, std::size_t 
   QTextCursor cursor(document());
   cursor.movePosition(QTextCursor::End);
   cursor.insertText(QString::fromUtf8(piece.data(), static_cast<qsizetype>(piece.size())),
-                    FormatIn(colour != nullptr ? *colour : Rgb{}));
+                    FormatIn(colour, palette()));
   drawnBytes_ = toByte;
   drawnChars_ = character;
 }

@@ -20,10 +20,9 @@ PageFrame MakePage(const char* name) {
   heading->setTextFormat(Qt::PlainText);
   heading->setAutoFillBackground(true);
   heading->setContentsMargins(10, 12, 10, 12);
-  QPalette band = heading->palette();
-  band.setColor(QPalette::Window, Qt::white);
-  band.setColor(QPalette::WindowText, QColor(16, 34, 64));
-  heading->setPalette(band);
+  // A band in the colours of a text field, light or dark with the theme.
+  heading->setBackgroundRole(QPalette::Base);
+  heading->setForegroundRole(QPalette::Text);
   QFont big = heading->font();
   big.setBold(true);
   big.setPointSizeF(big.pointSizeF() * 1.35);

@@ -1,6 +1,7 @@
 #include "wizard_window.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -15,22 +16,28 @@ namespace tessaly::qt {
 
 namespace {
 
-QPushButton* Button(CommandButton& model, const char* name, QWidget* parent) {
-  auto* button = new QPushButton(parent);
-  button->setObjectName(QString::fromLatin1(name));
+QPushButton* Button(CommandButton& model, const char* name, QWidget* parent, const char* keys) {
+  QPushButton* button = NewButton(model, name, parent, keys);
   button->setMinimumWidth(88);
-  BindButton(model, button);
   return button;
+}
+
+// Clicks `button` if a person could: it is on show and enabled.
+bool ClickIfLive(QPushButton* button) {
+  if (!button->isVisible() || !button->isEnabled()) return false;
+  button->click();
+  return true;
 }
 
 }  // namespace
 
 WizardWindow::WizardWindow(fTessaly& form) : form_(&form) {
   setObjectName(QStringLiteral("fTessaly"));
-  resize(800, 600);
-  setMinimumSize(720, 560);
 
   auto* root = new QHBoxLayout(this);
+  // The smallest window is what the layouts need, also where a wrapped
+  // text makes a height depend on the width (Qt leaves that one open).
+  root->setSizeConstraint(QLayout::SetMinimumSize);
   root->setContentsMargins(0, 0, 0, 0);
   root->setSpacing(0);
   root->addWidget(new LogoStrip(form, this));
@@ -58,12 +65,19 @@ WizardWindow::WizardWindow(fTessaly& form) : form_(&form) {
   auto* buttons = new QHBoxLayout;
   buttons->setContentsMargins(12, 10, 12, 12);
   buttons->addStretch();
-  buttons->addWidget(Button(form.cmdBack, "cmdBack", this));
-  buttons->addWidget(Button(form.cmdNext, "cmdNext", this));
+  buttons->addWidget(Button(form.cmdBack, "cmdBack", this, "b"));
+  // "Next >" and "Finish >" both go on with N.
+  next_ = Button(form.cmdNext, "cmdNext", this, "n");
+  next_->setDefault(true);
+  buttons->addWidget(next_);
   buttons->addSpacing(12);
-  buttons->addWidget(Button(form.cmdCancel, "cmdCancel", this));
+  cancel_ = Button(form.cmdCancel, "cmdCancel", this, "cf");
+  buttons->addWidget(cancel_);
   right->addLayout(buttons);
   root->addLayout(right, 1);
+  // A focused button takes Return itself, as in a dialog.
+  for (QPushButton* button : findChildren<QPushButton*>()) button->setAutoDefault(true);
+  resize(sizeHint().expandedTo(QSize(800, 600)));
 
   Follow(form.changed, this, [this] {
     if (form_ != nullptr) setWindowTitle(ToQt(form_->caption()));
@@ -73,6 +87,14 @@ WizardWindow::WizardWindow(fTessaly& form) : form_(&form) {
     alive->form_ = nullptr;
     alive->close();
   });
+}
+
+void WizardWindow::keyPressEvent(QKeyEvent* event) {
+  const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+  const int key = event->key();
+  if (plain && (key == Qt::Key_Return || key == Qt::Key_Enter) && ClickIfLive(next_)) return;
+  if (plain && key == Qt::Key_Escape && ClickIfLive(cancel_)) return;
+  QWidget::keyPressEvent(event);
 }
 
 void WizardWindow::closeEvent(QCloseEvent* event) {

@@ -5,6 +5,7 @@
 
 #include "wizard/tessaly_form.h"
 
+class QPushButton;
 class QStackedWidget;
 
 namespace tessaly::qt {
@@ -12,6 +13,8 @@ namespace tessaly::qt {
 // The wizard's window: the strip of steps on the left, the page of the
 // step on show beside it, and Back, Next and Cancel below. All it shows
 // comes from the form; all a person does goes to the form's handlers.
+// As in a dialog, Return that no control takes is Next (or Finish), and
+// Escape is Cancel. Its smallest size is what its layouts need.
 class WizardWindow : public QWidget {
  public:
   explicit WizardWindow(fTessaly& form);
@@ -20,10 +23,13 @@ class WizardWindow : public QWidget {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   fTessaly* form_;  // null once the form is unloaded
   QStackedWidget* pages_;
+  QPushButton* next_;
+  QPushButton* cancel_;
 };
 
 }  // namespace tessaly::qt

@@ -89,8 +89,8 @@ TEST_F(DialogsTest, UnwantedFormattingEditsItsRowsAndSavesOnFinished) {
     EXPECT_EQ(dialog->windowTitle(), "Define 'Unwanted Formatting' Settings");
     EXPECT_EQ(Find<QLabel>(dialog, "lblHeading")->text(), "Define Unwanted Formatting Settings");
     EXPECT_EQ(Find<QLabel>(dialog, "lblCommonSettings")->text(), " Common Settings");
-    EXPECT_EQ(Find<QPushButton>(dialog, "cmdAdd")->text(), "Add >>");
-    EXPECT_EQ(Find<QPushButton>(dialog, "cmdExit")->text(), "Finished");
+    EXPECT_EQ(Find<QPushButton>(dialog, "cmdAdd")->text(), "&Add >>");
+    EXPECT_EQ(Find<QPushButton>(dialog, "cmdExit")->text(), "&Finished");
     auto* list = Find<QListView>(dialog, "lstRemove");
     ASSERT_EQ(list->model()->rowCount(), 7);
     EXPECT_EQ(Rows(list).first(), "Copy Of [ ]");
