@@ -25,6 +25,8 @@ for library in libqt6widgets6 libqt6core6 libsqlite3-0 qt6-qpa-plugins; do
 done
 
 dpkg-deb -x "$deb" "$tmp/root"
+# zsh on Debian reads packaged completions from vendor-completions only.
+[ -f "$tmp/root/usr/share/zsh/vendor-completions/_tessaly" ] || fail "zsh completion misplaced"
 cli=$tmp/root/usr/bin/tessaly-cli
 export TESSALY_REGISTRY_DIR=$tmp/registry
 # --version comes with the console program's Unix options; until then
