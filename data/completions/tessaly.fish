@@ -1,0 +1,34 @@
+# fish completion for tessaly and tessaly-cli: options, switches, the option
+# names and placement words behind them, and files.
+
+function __tessaly_switches
+    set -l token (commandline -ct)
+    switch $token
+        case '/settings:*'
+            printf '/settings:%s\n' ShortExtension LongExtension RemoveDoubleSpace \
+                RemoveExtraSpaces Capitalize RemoveUnderscores LowerCase DontAllowSpaces \
+                FixSpacing RemoveNumbers UpperCase ExampleFiles IncludePaths UnwantedFormatting
+        case '/placement?:*'
+            set -l head (string sub -l 12 -- $token)
+            printf "$head%s\n" 'Document Name' 'document name' 'DOCUMENT NAME' \
+                '1 Digit Serial Number' '2 Digit Serial Number' '3 Digit Serial Number' \
+                '4 Digit Serial Number' '5 Digit Serial Number' \
+                'Serial Letter (a, b, c...)' 'Serial Letter (A, B, C...)' extension EXTENSION \
+                'mmddyy (date)' 'mm-dd-yyyy (date)' 'yyyy (date)' 'yyddmm (date)' 'mmdd (date)' \
+                'Split(-,1)' 'Split(-,2)' '(none)'
+        case '/*'
+            printf '%s\n' /settings: /placement{1,2,3,4,5,6}: /step: \
+                /DefineUnwantedFormatting /show /hide /exit
+    end
+end
+
+for command in tessaly tessaly-cli
+    complete -c $command -n 'not __fish_seen_subcommand_from --' -a '(__tessaly_switches)'
+    complete -c $command -l command-line -x -d 'Hand one raw command-line text to the wizard'
+end
+complete -c tessaly-cli -s h -l help -d 'Print the usage'
+complete -c tessaly-cli -l version -d 'Print the name and version'
+complete -c tessaly-cli -s n -l dry-run -d 'Show what would happen, rename nothing'
+complete -c tessaly-cli -l json -d 'Print the change log as JSON Lines'
+complete -c tessaly-cli -l files-from -r -F -d 'Read the files from a file, - for standard input'
+complete -c tessaly-cli -s 0 -d 'Names read by --files-from are NUL-separated'

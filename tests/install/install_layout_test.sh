@@ -1,0 +1,72 @@
+#!/usr/bin/env bash
+# Installs the build into a temporary root as `cmake --install` does and
+# checks that each file lies where the desktop, man and the shells look for
+# it, that the validators accept the desktop file and the AppStream record,
+# and that the completions and man pages know the options the program has.
+set -euo pipefail
+build=$1
+root=$(mktemp -d)
+trap 'rm -rf "$root"' EXIT
+DESTDIR=$root cmake --install "$build" --prefix /usr/local >/dev/null
+usr=$root/usr/local
+share=$usr/share
+fail() { echo "FAIL: $*" >&2; exit 1; }
+
+for path in bin/tessaly bin/tessaly-cli; do
+  [ -x "$usr/$path" ] || fail "$path is not installed"
+done
+for path in applications/tessaly.desktop metainfo/org.tessaly.Tessaly.metainfo.xml \
+    icons/hicolor/scalable/apps/tessaly.svg icons/hicolor/48x48/apps/tessaly.png \
+    man/man1/tessaly.1.gz man/man1/tessaly-cli.1.gz \
+    bash-completion/completions/tessaly bash-completion/completions/tessaly-cli \
+    zsh/site-functions/_tessaly fish/vendor_completions.d/tessaly-cli.fish \
+    kio/servicemenus/tessaly.desktop "tessaly/nautilus/Rename with Tessaly"; do
+  [ -f "$share/$path" ] || fail "$path is not installed"
+done
+
+desktop=$share/applications/tessaly.desktop
+desktop-file-validate "$desktop" || fail "desktop-file-validate"
+appstreamcli validate --no-net "$share/metainfo/org.tessaly.Tessaly.metainfo.xml" >/dev/null ||
+  fail "appstreamcli validate"
+grep -qx 'Exec=tessaly %F' "$desktop" || fail "the menu entry does not start tessaly with the files"
+grep -qx 'Icon=tessaly' "$desktop" || fail "the menu entry names another icon"
+grep -q '<launchable type="desktop-id">tessaly.desktop</launchable>' \
+  "$share/metainfo/org.tessaly.Tessaly.metainfo.xml" || fail "the AppStream record launches another file"
+# Every PNG is as large as the folder it lies in says.
+for png in "$share"/icons/hicolor/*/apps/tessaly.png; do
+  size=$(basename "$(dirname "$(dirname "$png")")")
+  [ "$(file -b "$png" | grep -o '[0-9]* x [0-9]*' | tr -d ' ')" = "$size" ] || fail "$png is not $size"
+done
+
+# The options --help lists (indented lines that begin with "-") are known
+# to the man page and to every completion.
+knows() {
+  local file=$1 option=$2 pattern=$2
+  if [[ $file == *.fish ]]; then
+    [[ $option == --* ]] && pattern="-l ${option#--}" || pattern="-s ${option#-}"
+  fi
+  grep -qE -- "(^|[ (\"'])$pattern([ ):\"']|\$)" "$file"
+}
+help=$("$usr/bin/tessaly-cli" --help)
+zcat "$share/man/man1/tessaly-cli.1.gz" | sed 's/\\-/-/g' >"$root/man.txt"
+options=$(sed -nE 's/^ +(-.*)$/\1/p' <<<"$help" | sed -E 's/  .*//' | grep -oE -- '--?[a-z0-9][a-z0-9-]*' || true)
+for option in $options; do
+  for file in "$root/man.txt" "$share/bash-completion/completions/tessaly-cli" \
+      "$share/zsh/site-functions/_tessaly" "$share/fish/vendor_completions.d/tessaly-cli.fish"; do
+    knows "$file" "$option" || fail "${file#"$root"} lacks $option"
+  done
+done
+
+# bash completes "/settings:" with the fourteen names --help lists.
+source "$share/bash-completion/completions/tessaly-cli"
+COMP_WORDS=(tessaly-cli /settings :) COMP_CWORD=2
+set +e  # a completion function runs without it
+_tessaly
+set -e
+[ ${#COMPREPLY[@]} -eq 14 ] || fail "bash completes ${#COMPREPLY[@]} names behind /settings:"
+for name in "${COMPREPLY[@]}"; do
+  grep -qw -- "$name" <<<"$help" || fail "bash completes /settings:$name, which --help does not name"
+  grep -q -- "$name" "$share/zsh/site-functions/_tessaly" || fail "zsh lacks /settings:$name"
+  grep -q -- "$name" "$share/fish/vendor_completions.d/tessaly-cli.fish" || fail "fish lacks /settings:$name"
+done
+echo "install layout: ok"
