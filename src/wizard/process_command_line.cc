@@ -9,7 +9,7 @@ namespace tessaly {
 
 void fTessaly::ProcessCommandLine() {
   namespace cl = command_line;
-  const std::vector<std::string> paths = cl::FilePaths(commandLine_);
+  const std::vector<std::string> paths = filesApart_ ? givenFiles_ : cl::FilePaths(commandLine_);
   if (!paths.empty()) {
     refusedForLimit_ = 0;
     for (const std::string& path : paths) {
