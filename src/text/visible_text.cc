@@ -8,8 +8,10 @@ namespace tessaly::text {
 
 namespace {
 
-bool TurnsDirection(char32_t code) {
-  return code == 0x061c || code == 0x200e || code == 0x200f || (code >= 0x202a && code <= 0x202e) ||
+// The marks that turn the direction of writing, and the two separators
+// that break a line without being a control character.
+bool ActsAsLayout(char32_t code) {
+  return code == 0x061c || code == 0x200e || code == 0x200f || (code >= 0x2028 && code <= 0x202e) ||
          (code >= 0x2066 && code <= 0x2069);
 }
 
@@ -38,7 +40,7 @@ bool AppendEscape(std::string& out, char32_t code) {
     AppendHex(out, "\\x%02x", static_cast<unsigned>(code));
   } else if (code >= kInvalidByteBase) {
     AppendHex(out, "\\x%02x", static_cast<unsigned>(code - kInvalidByteBase));
-  } else if ((code >= 0x80 && code <= 0x9f) || TurnsDirection(code)) {
+  } else if ((code >= 0x80 && code <= 0x9f) || ActsAsLayout(code)) {
     AppendHex(out, "\\u%04x", static_cast<unsigned>(code));
   } else {
     return false;
@@ -47,6 +49,13 @@ bool AppendEscape(std::string& out, char32_t code) {
 }
 
 }  // namespace
+
+std::optional<char32_t> ControlPicture(char32_t code) {
+  if (code < 0x20) return 0x2400 + code;
+  if (code == 0x7f) return 0x2421;
+  if ((code >= 0x80 && code <= 0x9f) || ActsAsLayout(code)) return 0xfffd;
+  return std::nullopt;
+}
 
 std::string Visible(std::string_view text, Layout layout) {
   std::string out;
