@@ -81,7 +81,7 @@ std::optional<WizardInput> InputFor(const cli::Request& request, std::string& re
     ShellWords sorted = SortShellWords(request.words, here);
     if (!sorted.badSwitch.empty()) {
       refusal = "'" + sorted.badSwitch +
-                "' is not a switch, and no file or folder of that name exists";
+                "' is not a switch (see --help), and no file or folder of that name exists";
       return std::nullopt;
     }
     input.files = std::move(sorted.files);

@@ -12,7 +12,8 @@ namespace {
 constexpr std::array<std::string_view, 4> kPlainSwitches = {"/DefineUnwantedFormatting", "/show",
                                                              "/hide", "/exit"};
 
-// Every text the reading searches for, so none may hide in a value.
+// Every text the reading searches for, and the quote that ends a value:
+// none may stand in a placement value.
 constexpr std::array<std::string_view, 8> kSwitchTexts = {
     "/settings:", "/placement", "/DefineUnwantedFormatting", "/show", "/hide", "/exit",
     "/step:",     "\""};
