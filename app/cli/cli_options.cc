@@ -35,9 +35,13 @@ bool TakeShort(char letter, Request& request) {
   }
 }
 
-// One long option and, where it takes one, its value from `next`; false
-// for a name no option has or a missing value (then `error` says which).
-bool TakeLong(std::string_view word, const std::string* next, bool& usedNext, Request& request) {
+enum class Taken { kOne, kWithValue, kUnknown, kNoValue };
+
+constexpr std::string_view kFilesFromIs = "--files-from=";
+
+// One long option and, where it takes one, its value from `next` (null at
+// the end of the words).
+Taken TakeLong(std::string_view word, const std::string* next, Request& request) {
   if (word == "--help") {
     request.kind = Request::Kind::kHelp;
   } else if (word == "--version") {
@@ -48,20 +52,16 @@ bool TakeLong(std::string_view word, const std::string* next, bool& usedNext, Re
     request.json = true;
   } else if (word == "--null") {
     request.nulSeparated = true;
-  } else if (word.starts_with("--files-from=")) {
-    request.filesFrom = std::string(word.substr(13));
+  } else if (word.starts_with(kFilesFromIs)) {
+    request.filesFrom = std::string(word.substr(kFilesFromIs.size()));
   } else if (word == "--files-from" || word == "--command-line") {
-    if (next == nullptr) {
-      request.error = std::string(word) + " needs a value";
-      return false;
-    }
+    if (next == nullptr) return Taken::kNoValue;
     (word == "--files-from" ? request.filesFrom : request.commandLine) = *next;
-    usedNext = true;
+    return Taken::kWithValue;
   } else {
-    request.error = "";
-    return false;
+    return Taken::kUnknown;
   }
-  return true;
+  return Taken::kOne;
 }
 
 }  // namespace
@@ -81,12 +81,18 @@ Request ReadArguments(const std::vector<std::string>& words) {
         if (!TakeShort(letter, request)) return Unknown(word);
       }
     } else {
-      bool usedNext = false;
       const std::string* next = i + 1 < words.size() ? &words[i + 1] : nullptr;
-      if (!TakeLong(word, next, usedNext, request)) {
-        return request.error.empty() ? Unknown(word) : Error(request.error);
+      switch (TakeLong(word, next, request)) {
+        case Taken::kUnknown:
+          return Unknown(word);
+        case Taken::kNoValue:
+          return Error(word + " needs a value");
+        case Taken::kWithValue:
+          ++i;
+          break;
+        case Taken::kOne:
+          break;
       }
-      if (usedNext) ++i;
     }
     if (request.kind != Request::Kind::kRun) return request;
   }
