@@ -58,7 +58,7 @@ check() {
 }
 
 export TESSALY_REGISTRY_DIR="$work/settings"
-# The file part is one word per file; tessaly-cli joins them with ";".
+# One word per file; each goes straight into the list.
 t_tessaly=$(timed tessaly sh -c 'exec "$0" ./* /settings:LowerCase /step:4 /exit' "$cli")
 check tessaly
 t_rename=$(timed rename sh -c 'exec rename "y/A-Z/a-z/" -- *')

@@ -33,8 +33,12 @@ fi
 echo "Before:"
 ls -1 "$demo" | sed 's/^/  /'
 echo
-"$cli" "$demo"/* /settings:Capitalize /settings:FixSpacing /settings:RemoveUnderscores \
-  /settings:RemoveDoubleSpace /step:4 /exit
+switches=(/settings:Capitalize /settings:FixSpacing /settings:RemoveUnderscores
+          /settings:RemoveDoubleSpace /step:4 /exit)
+echo "Dry run (-n), nothing renamed yet:"
+"$cli" -n "$demo"/* "${switches[@]}"
+echo
+"$cli" "$demo"/* "${switches[@]}"
 echo
 echo "After:"
 ls -1 "$demo" | sed 's/^/  /'

@@ -1,60 +1,114 @@
 #include "cli_options.h"
 
-#include "platform/posix/command_line_text.h"
+#include <string_view>
 
 namespace tessaly::cli {
 
 namespace {
 
-Request Error(std::string text) { return {Request::Kind::kError, {}, std::move(text)}; }
+Request Error(std::string text) {
+  Request request;
+  request.kind = Request::Kind::kError;
+  request.error = std::move(text);
+  return request;
+}
+
+Request Unknown(std::string_view word) {
+  return Error("unknown option '" + std::string(word) + "' (for a file of that name, write ./" +
+               std::string(word) + " or put it behind --)");
+}
+
+// One short option; false for a letter no option has.
+bool TakeShort(char letter, Request& request) {
+  switch (letter) {
+    case 'n':
+      request.dryRun = true;
+      return true;
+    case '0':
+      request.nulSeparated = true;
+      return true;
+    case 'h':
+      request.kind = Request::Kind::kHelp;
+      return true;
+    default:
+      return false;
+  }
+}
+
+enum class Taken { kOne, kWithValue, kUnknown, kNoValue };
+
+constexpr std::string_view kFilesFromIs = "--files-from=";
+
+// One long option and, where it takes one, its value from `next` (null at
+// the end of the words).
+Taken TakeLong(std::string_view word, const std::string* next, Request& request) {
+  if (word == "--help") {
+    request.kind = Request::Kind::kHelp;
+  } else if (word == "--version") {
+    request.kind = Request::Kind::kVersion;
+  } else if (word == "--dry-run") {
+    request.dryRun = true;
+  } else if (word == "--json") {
+    request.json = true;
+  } else if (word == "--null") {
+    request.nulSeparated = true;
+  } else if (word.starts_with(kFilesFromIs)) {
+    request.filesFrom = std::string(word.substr(kFilesFromIs.size()));
+  } else if (word == "--files-from" || word == "--command-line") {
+    if (next == nullptr) return Taken::kNoValue;
+    (word == "--files-from" ? request.filesFrom : request.commandLine) = *next;
+    return Taken::kWithValue;
+  } else {
+    return Taken::kUnknown;
+  }
+  return Taken::kOne;
+}
 
 }  // namespace
 
-Request ReadArguments(const std::vector<std::string>& words, std::string_view currentFolder) {
-  std::vector<std::string> rest;
-  bool optionsEnded = false;
+Request ReadArguments(const std::vector<std::string>& words) {
+  Request request;
   for (std::size_t i = 0; i < words.size(); ++i) {
     const std::string& word = words[i];
-    if (optionsEnded || !word.starts_with("-")) {
-      rest.push_back(word);
-    } else if (word == "--") {
-      optionsEnded = true;
-    } else if (word == "--help" || word == "-h") {
-      return {Request::Kind::kHelp, {}, {}};
-    } else if (word == "--command-line") {
-      if (words.size() != 2 || i != 0) {
-        return Error("--command-line takes one text and nothing else");
-      }
-      return {Request::Kind::kRun, words[1], {}};
-    } else if (word.starts_with("--")) {
-      return Error("unknown option '" + word + "' (for a file of that name, write ./" + word +
-                   ")");
-    } else {
-      rest.push_back(word);
+    if (word == "--") {
+      request.words.insert(request.words.end(), words.begin() + static_cast<long>(i), words.end());
+      break;
     }
+    if (word.size() < 2 || word[0] != '-') {
+      request.words.push_back(word);
+    } else if (word[1] != '-') {
+      for (char letter : std::string_view(word).substr(1)) {
+        if (!TakeShort(letter, request)) return Unknown(word);
+      }
+    } else {
+      const std::string* next = i + 1 < words.size() ? &words[i + 1] : nullptr;
+      switch (TakeLong(word, next, request)) {
+        case Taken::kUnknown:
+          return Unknown(word);
+        case Taken::kNoValue:
+          return Error(word + " needs a value");
+        case Taken::kWithValue:
+          ++i;
+          break;
+        case Taken::kOne:
+          break;
+      }
+    }
+    if (request.kind != Request::Kind::kRun) return request;
   }
-  return {Request::Kind::kRun, CommandLineText(rest, currentFolder), {}};
+  if (request.commandLine && (!request.words.empty() || request.filesFrom)) {
+    return Error("--command-line takes the whole command line: give no files or switches beside it");
+  }
+  return request;
 }
 
-std::string UsageText() {
-  return "usage: tessaly-cli [FILE]... [SWITCH]...\n"
-         "       tessaly-cli --command-line TEXT\n"
-         "\n"
-         "Renames files without a window. Each FILE is made absolute; the files\n"
-         "are joined by \";\" in front of the switches. Switches:\n"
-         "  /settings:NAME       tick an option: ShortExtension, LongExtension,\n"
-         "                       RemoveDoubleSpace, RemoveExtraSpaces, Capitalize,\n"
-         "                       RemoveUnderscores, LowerCase, DontAllowSpaces,\n"
-         "                       FixSpacing, RemoveNumbers, UpperCase, ExampleFiles,\n"
-         "                       IncludePaths, UnwantedFormatting\n"
-         "  /placementN:VALUE    placement N (1 to 6), e.g. /placement2:\"(none)\"\n"
-         "  /step:N              run the wizard's steps 1 to N (3 previews, 4 renames)\n"
-         "  /DefineUnwantedFormatting, /show, /hide, /exit\n"
-         "\n"
-         "--command-line TEXT passes TEXT to the wizard unchanged. The change log\n"
-         "(or, after /step:3, the preview) is printed when the work is done. An\n"
-         "overwrite question is asked on the terminal; with none it is answered No.\n"
-         "Settings live in TESSALY_REGISTRY_DIR when it is set.\n";
+std::vector<std::string> ReadFileNames(std::istream& in, bool nulSeparated) {
+  std::vector<std::string> names;
+  std::string name;
+  while (std::getline(in, name, nulSeparated ? '\0' : '\n')) {
+    if (!name.empty()) names.push_back(std::move(name));
+  }
+  return names;
 }
 
 }  // namespace tessaly::cli

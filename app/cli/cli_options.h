@@ -1,29 +1,36 @@
 #ifndef TESSALY_APP_CLI_CLI_OPTIONS_H_
 #define TESSALY_APP_CLI_CLI_OPTIONS_H_
 
+#include <istream>
+#include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace tessaly::cli {
 
 // What the words behind the program's name ask for.
 struct Request {
-  enum class Kind { kRun, kHelp, kError };
+  enum class Kind { kRun, kHelp, kVersion, kError };
   Kind kind = Kind::kRun;
-  std::string commandLine;  // for kRun: the text the wizard is given
-  std::string error;        // for kError: what was wrong
+  bool dryRun = false;        // -n, --dry-run
+  bool json = false;          // --json
+  bool nulSeparated = false;  // -0, --null: --files-from is split at NUL bytes
+  std::optional<std::string> filesFrom;    // --files-from FILE ("-": standard input)
+  std::optional<std::string> commandLine;  // --command-line TEXT, read unchanged
+  std::vector<std::string> words;          // files and switches, "--" kept
+  std::string error;                       // for kError: what was wrong
 };
 
-// Reads the words: "--help" (or "-h") asks for the usage; "--command-line
-// TEXT", alone, passes TEXT through unchanged; "--" ends the options, so
-// that a file whose name begins with "--" can still be given. Any other
-// word beginning with "--" before that is an error. The rest is rebuilt
-// into one command-line text against `currentFolder`.
-Request ReadArguments(const std::vector<std::string>& words, std::string_view currentFolder);
+// Reads the options: "--help" (or "-h") and "--version" ask for those
+// texts; "--" ends the options and stays in `words` for the switches' end;
+// short options may be bundled ("-n0"). Any other word beginning with "-"
+// before "--" is an error, so is "--command-line" beside files or
+// switches. Every other word goes to `words`.
+Request ReadArguments(const std::vector<std::string>& words);
 
-// The short usage that --help prints.
-std::string UsageText();
+// The names of a --files-from list: one a line, or each ended by a NUL
+// byte; empty ones are skipped, every other byte is kept.
+std::vector<std::string> ReadFileNames(std::istream& in, bool nulSeparated);
 
 }  // namespace tessaly::cli
 

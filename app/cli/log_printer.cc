@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "text/utf8.h"
+#include "text/visible_text.h"
 
 namespace tessaly::cli {
 
@@ -25,28 +26,41 @@ std::string StartColour(Rgb colour, ColourMode mode) {
   return code == 30 ? std::string() : "\x1b[" + std::to_string(code) + 'm';
 }
 
-// Writes bytes `from` to `to` of `text` with CR LF (and a lone CR) as
-// "\n". A CR LF may straddle two pieces, so the whole text is consulted.
+// Writes bytes `from` to `to` of `text` with each CR LF as "\n" and every
+// other control character escaped, so a name cannot move the cursor or
+// forge a line. A CR LF may straddle two pieces, so the whole text is
+// consulted.
 void WriteLines(std::string_view text, std::size_t from, std::size_t to, std::ostream& out) {
-  while (from < to) {
-    const std::size_t cr = std::min(text.find('\r', from), to);
-    out.write(text.data() + from, static_cast<std::streamsize>(cr - from));
-    if (cr == to) return;
-    const bool crLf = cr + 1 < text.size() && text[cr + 1] == '\n';
-    if (!crLf) out << '\n';
-    from = cr + 1;
+  std::size_t piece = from;
+  for (std::size_t pos = from; pos < to; ++pos) {
+    const bool pairStart = text[pos] == '\r' && pos + 1 < text.size() && text[pos + 1] == '\n';
+    const bool pairEnd = text[pos] == '\n' && pos > 0 && text[pos - 1] == '\r';
+    if (!pairStart && !pairEnd) continue;
+    out << text::Visible(text.substr(piece, pos - piece), text::Layout::kLineEnds);
+    if (pairEnd) out << '\n';
+    piece = pos + 1;
   }
+  out << text::Visible(text.substr(piece, to - piece), text::Layout::kLineEnds);
 }
 
 }  // namespace
 
-ColourMode ColourModeFor(bool terminal, const char* noColor, const char* colorTerm) {
-  if (!terminal || Set(noColor)) return ColourMode::kNone;
+bool IsDumbTerminal(const char* term) { return term != nullptr && std::string_view(term) == "dumb"; }
+
+ColourMode ColourModeFor(bool terminal, const char* noColor, const char* colorTerm,
+                         const char* term) {
+  if (!terminal || Set(noColor) || IsDumbTerminal(term)) return ColourMode::kNone;
   if (Set(colorTerm)) {
     const std::string_view value(colorTerm);
     if (value == "truecolor" || value == "24bit") return ColourMode::kTrueColour;
   }
   return ColourMode::kBasic;
+}
+
+std::string Coloured(std::string_view text, Rgb colour, ColourMode mode) {
+  const std::string start = StartColour(colour, mode);
+  if (start.empty()) return std::string(text);
+  return start + std::string(text) + "\x1b[0m";
 }
 
 void PrintRichText(const RichTextBox& box, std::ostream& out, ColourMode mode) {

@@ -5,6 +5,7 @@
 
 #include "lists/replace_advanced.h"
 #include "lists/unwanted_formatting.h"
+#include "text/visible_text.h"
 #include "wizard/progress_form.h"
 
 namespace tessaly::cli {
@@ -21,16 +22,26 @@ std::string AnswerWord(std::string_view text) {
 
 const char* Mark(bool checked) { return checked ? "[x] " : "[ ] "; }
 
+// A text of the wizard's as the terminal may show it: its line ends as
+// line ends, every other control character escaped.
+std::string Shown(std::string_view text) {
+  std::string shown = text::Visible(text, text::Layout::kLineEnds);
+  for (std::size_t cr = shown.find("\r\n"); cr != std::string::npos; cr = shown.find("\r\n", cr)) {
+    shown.erase(cr, 1);
+  }
+  return shown;
+}
+
 }  // namespace
 
 MessageAnswer TerminalUi::MessageBox(std::string_view text, MessageButtons buttons,
                                      std::string_view title) {
   progress_.BreakLine();
   if (buttons == MessageButtons::kOk) {
-    messages_ << title << ": " << text << '\n' << std::flush;
+    messages_ << Shown(title) << ": " << Shown(text) << '\n' << std::flush;
     return MessageAnswer::kOk;
   }
-  return AskYesNoCancel(text, title);
+  return AskYesNoCancel(Shown(text), Shown(title));
 }
 
 MessageAnswer TerminalUi::AskYesNoCancel(std::string_view text, std::string_view title) {
@@ -57,15 +68,15 @@ MessageAnswer TerminalUi::AskYesNoCancel(std::string_view text, std::string_view
 
 void TerminalUi::ShowModal(Form& dialog) {
   progress_.BreakLine();
-  out_ << dialog.caption() << " (shown only; edit the list in the window):\n";
+  out_ << Shown(dialog.caption()) << " (shown only; edit the list in the window):\n";
   if (auto* formatting = dynamic_cast<fUnwantedFormatting*>(&dialog)) {
     for (const FormattingEntry& row : formatting->Rows()) {
-      out_ << "  " << Mark(row.checked) << row.text << '\n';
+      out_ << "  " << Mark(row.checked) << Shown(row.text) << '\n';
     }
   } else if (auto* replace = dynamic_cast<fReplaceAdvanced*>(&dialog)) {
     for (const ReplaceEntry& row : replace->Rows()) {
-      out_ << "  " << Mark(row.checked) << '"' << row.find << "\" > \"" << row.replacement
-           << "\"\n";
+      out_ << "  " << Mark(row.checked) << '"' << Shown(row.find) << "\" > \""
+           << Shown(row.replacement) << "\"\n";
     }
   }
   out_ << std::flush;

@@ -1,17 +1,18 @@
 #include "wizard_report.h"
 
+#include <algorithm>
+
+#include "json_lines.h"
+#include "platform/posix/native_path.h"
 #include "wizard/wizard_texts.h"
 
 namespace tessaly::cli {
 
-void ReportWizard(const fTessaly& form, std::ostream& out, std::ostream& messages,
-                  ColourMode colours) {
-  if (form.refusedForLimit() > 0) messages << "tessaly-cli: " << ListFullText(form.refusedForLimit()) << "\n";
-  if (form.tLog.Length() > 0) {
-    PrintRichText(form.tLog, out, colours);
-  } else if (form.CurrentStep == 3 && form.tOutput.Length() > 0) {
-    PrintRichText(form.tOutput, out, colours);
-  } else if (form.CurrentStep == 4) {
+namespace {
+
+// Says why there is no log to print.
+void ReportNoRun(const fTessaly& form, std::ostream& messages) {
+  if (form.CurrentStep == 4) {
     messages << "tessaly-cli: no files to rename (paths that do not exist, folders and"
                 " repeats are left out)\n";
   } else {
@@ -19,7 +20,63 @@ void ReportWizard(const fTessaly& form, std::ostream& out, std::ostream& message
              << " with " << form.lstFiles.ListCount()
              << " files listed (/step:3 previews, /step:4 renames)\n";
   }
+}
+
+void ReportListFull(const fTessaly& form, std::ostream& messages) {
+  if (form.refusedForLimit() > 0) {
+    messages << "tessaly-cli: " << ListFullText(form.refusedForLimit()) << "\n";
+  }
+}
+
+}  // namespace
+
+void ReportWizard(const fTessaly& form, std::ostream& out, std::ostream& messages,
+                  ColourMode colours) {
+  ReportListFull(form, messages);
+  if (form.tLog.Length() > 0) {
+    PrintRichText(form.tLog, out, colours);
+  } else if (form.CurrentStep == 3 && form.tOutput.Length() > 0) {
+    PrintRichText(form.tOutput, out, colours);
+  } else {
+    ReportNoRun(form, messages);
+  }
   out << std::flush;
+}
+
+void ReportWizardJson(const fTessaly& form, std::ostream& out, std::ostream& messages) {
+  ReportListFull(form, messages);
+  if (form.outcomes().empty()) ReportNoRun(form, messages);
+  for (const fTessaly::FileOutcome& file : form.outcomes()) {
+    WriteJsonLine(out, ToNativePath(file.oldPath), ToNativePath(file.newPath),
+                  OutcomeText(file.outcome), OutcomeCode(file.outcome));
+  }
+  out << std::flush;
+}
+
+std::string_view OutcomeCode(Outcome outcome) {
+  switch (outcome) {
+    case Outcome::kCompleted:
+      return "completed";
+    case Outcome::kErrorRemovingOriginal:
+      return "error-removing-original";
+    case Outcome::kErrorRemovingTemp:
+      return "error-removing-temp";
+    case Outcome::kNoChange:
+      return "no-change";
+    case Outcome::kFailedExists:
+      return "failed-exists";
+    case Outcome::kFailedRenaming:
+      return "failed-renaming";
+  }
+  return "";
+}
+
+int ExitStatus(const fTessaly& form) {
+  const auto& outcomes = form.outcomes();
+  const bool allWell = std::all_of(outcomes.begin(), outcomes.end(), [](const auto& file) {
+    return file.outcome == Outcome::kCompleted || file.outcome == Outcome::kNoChange;
+  });
+  return allWell ? 0 : 1;
 }
 
 }  // namespace tessaly::cli

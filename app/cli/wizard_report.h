@@ -2,6 +2,7 @@
 #define TESSALY_APP_CLI_WIZARD_REPORT_H_
 
 #include <ostream>
+#include <string_view>
 
 #include "log_printer.h"
 #include "wizard/tessaly_form.h"
@@ -13,6 +14,17 @@ namespace tessaly::cli {
 // note on `messages` that nothing was renamed and how far the wizard got.
 void ReportWizard(const fTessaly& form, std::ostream& out, std::ostream& messages,
                   ColourMode colours);
+
+// The change log of the last run as JSON Lines on `out`, full native
+// paths; the same notes as ReportWizard on `messages` when nothing ran.
+void ReportWizardJson(const fTessaly& form, std::ostream& out, std::ostream& messages);
+
+// The short code of an outcome in JSON, such as "completed".
+std::string_view OutcomeCode(Outcome outcome);
+
+// 0 when every file ended "(Completed)" or "(No Change}" (or none ran),
+// else 1.
+int ExitStatus(const fTessaly& form);
 
 }  // namespace tessaly::cli
 

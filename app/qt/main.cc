@@ -1,24 +1,26 @@
-// tessaly: the wizard in a window. Builds the POSIX services, rebuilds the
-// one command-line text from the words the shell split, and hands both to
-// the wizard; then runs the event loop until the wizard ends the program.
+// tessaly: the wizard in a window. Builds the POSIX services, sorts the
+// words the shell split into files and switches, and hands them to the
+// wizard apart; then runs the event loop until the wizard ends the program.
 #include <QApplication>
+#include <iostream>
 #include <string>
 #include <vector>
 
 #include "desktop_identity.h"
-#include "platform/posix/command_line_text.h"
 #include "platform/posix/existing_short_paths.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/posix_locale.h"
 #include "platform/posix/posix_network_status.h"
 #include "platform/posix/posix_program.h"
 #include "platform/posix/posix_shell.h"
+#include "platform/posix/shell_words.h"
 #include "platform/posix/sqlite_registry.h"
 #include "platform/posix/standard_random.h"
 #include "platform/posix/system_clock.h"
 #include "person_acts.h"
 #include "qt_ui.h"
 #include "settings/settings_store.h"
+#include "text/visible_text.h"
 #include "wizard/start_up.h"
 #include "wizard/tessaly_form.h"
 #include "wizard/wizard_texts.h"
@@ -31,8 +33,18 @@ int main(int argc, char** argv) {
   QApplication::setQuitOnLastWindowClosed(false);
   qt::SetDesktopIdentity();
 
-  std::vector<std::string> words;
-  for (const QString& word : QCoreApplication::arguments().mid(1)) words.push_back(word.toStdString());
+  // The bytes as given, not decoded: a name need not be in the locale's
+  // encoding.
+  const std::vector<std::string> words(argv + 1, argv + argc);
+  // "--command-line TEXT", alone, hands the wizard TEXT unchanged, for
+  // exact control.
+  const bool raw = words.size() == 2 && words[0] == "--command-line";
+  ShellWords sorted = raw ? ShellWords{{}, words[1], {}} : SortShellWords(words, CurrentFolder());
+  if (!sorted.badSwitch.empty()) {
+    std::cerr << "tessaly: '" << text::Visible(sorted.badSwitch, text::Layout::kNone)
+              << "' is not a switch, and no file or folder of that name exists\n";
+    return 2;
+  }
 
   PosixFileSystem fileSystem;
   app.installEventFilter(new qt::ForgetAnswersWhenAPersonActs(fileSystem, &app));
@@ -42,10 +54,7 @@ int main(int argc, char** argv) {
   SystemClock clock;
   PosixLocale locale;
   StandardRandom random;
-  // "--command-line TEXT", alone, hands the wizard TEXT unchanged, for
-  // exact control; anything else is rebuilt from the shell's words.
-  const bool raw = words.size() == 2 && words[0] == "--command-line";
-  PosixProgram program(raw ? words[1] : CommandLineTextHere(words));
+  PosixProgram program(sorted.switches);
   PosixShell shell;
   PosixNetworkStatus network;
   ExistingShortPaths shortPaths(fileSystem);
@@ -59,7 +68,11 @@ int main(int argc, char** argv) {
   form.listFull.Connect([&form, &ui] {
     ui.MessageBox(ListFullText(form.refusedForLimit()), MessageButtons::kOk, kProgramTitle);
   });
-  StartWizard(form, ui);
+  if (raw) {
+    StartWizard(form, ui);
+  } else {
+    StartWizard(form, ui, std::move(sorted.files), sorted.switches);
+  }
   const int code = form.ended() ? 0 : QApplication::exec();
   ui.DropViews();
   return code;

@@ -11,6 +11,7 @@
 #include "platform/open_file_answer.h"
 #include "platform/posix/native_path.h"
 #include "progress_window.h"
+#include "text/visible_text.h"
 #include "wizard/progress_form.h"
 #include "wizard/tessaly_form.h"
 #include "wizard_window.h"
@@ -50,8 +51,11 @@ QWidget* QtUi::Owner() const {
 MessageAnswer QtUi::MessageBox(std::string_view text, MessageButtons buttons,
                                std::string_view title) {
   QMessageBox box(Owner());
-  box.setWindowTitle(ToQt(title));
-  box.setText(ToQtLines(text));
+  // A file name in the text must show as it is: no markup, and its control
+  // characters visible instead of acting as layout.
+  box.setWindowTitle(ToQt(text::Visible(title, text::Layout::kNone)));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(ToQtLines(text::Visible(text, text::Layout::kLineEnds)));
   if (buttons == MessageButtons::kOk) {
     box.setStandardButtons(QMessageBox::Ok);
     box.exec();

@@ -5,6 +5,10 @@
 #include <QTextCursor>
 #include <algorithm>
 #include <cstdint>
+#include <optional>
+
+#include "text/utf8.h"
+#include "text/visible_text.h"
 
 #include "readable_colour.h"
 
@@ -152,17 +156,33 @@ void RichTextView::Insert(std::size_t fromByte, std::size_t toByte, std::size_t 
   std::size_t character = fromChar;
   for (std::size_t i = fromByte; i < toByte; ++i) {
     const char byte = text[i];
-    if (StartsCharacter(byte)) {
-      if (byte == '\n' && lastWasCr_) {
-        leftOut_.push_back(character);
-        lastWasCr_ = false;
-        ++character;
-        continue;
-      }
-      lastWasCr_ = byte == '\r';
-      ++character;
+    if (!StartsCharacter(byte)) {
+      piece.push_back(byte);
+      continue;
     }
-    piece.push_back(byte == '\r' ? '\n' : byte);
+    if (byte == '\n' && lastWasCr_) {
+      leftOut_.push_back(character);
+      lastWasCr_ = false;
+      ++character;
+      continue;
+    }
+    ++character;
+    // A CR is a line end when an LF follows, or may still follow.
+    lastWasCr_ = byte == '\r' && (i + 1 == text.size() || text[i + 1] == '\n');
+    if (lastWasCr_) {
+      piece.push_back('\n');
+      continue;
+    }
+    // Anything else that would act as layout shows as a picture of itself,
+    // one character for one, so the runs' positions still hold.
+    const text::DecodedChar decoded = text::DecodeAt(text, i);
+    const std::optional<char32_t> picture = text::ControlPicture(decoded.code);
+    if (picture && i + decoded.length <= toByte) {
+      text::AppendChar(piece, *picture);
+      i += decoded.length - 1;
+    } else {
+      piece.push_back(byte);
+    }
   }
   QTextCursor cursor(document());
   cursor.movePosition(QTextCursor::End);

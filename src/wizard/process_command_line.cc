@@ -9,7 +9,11 @@ namespace tessaly {
 
 void fTessaly::ProcessCommandLine() {
   namespace cl = command_line;
-  if (const auto paths = cl::FilePaths(commandLine_)) {
+  // Files given apart from the switches are a file part when there are any.
+  const std::optional<std::vector<std::string>> paths =
+      filesApart_ ? (givenFiles_.empty() ? std::nullopt : std::optional(givenFiles_))
+                  : cl::FilePaths(commandLine_);
+  if (paths) {
     refusedForLimit_ = 0;
     for (const std::string& path : *paths) {
       if (FileExists(path)) AddToList(path);

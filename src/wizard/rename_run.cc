@@ -43,6 +43,7 @@ void fTessaly::RenameFile(const std::string& source, const std::string& target) 
 
 void fTessaly::RunRenames() {
   ClearResults();
+  outcomes_.clear();
   if (ended_ || lstFiles.ListCount() == 0) return;
   const auto n = static_cast<std::int32_t>(lstFiles.ListCount());
   stepRunning_ = true;
@@ -60,6 +61,7 @@ void fTessaly::RunRenames() {
     if (ended_) break;
     counters.Count(outcome);
     log.WriteFileLine(oldPath, newPath, outcome);
+    outcomes_.push_back({oldPath, newPath, outcome});
     progress_->setvalue(i + 1);
   }
   stepRunning_ = false;

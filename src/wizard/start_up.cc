@@ -10,4 +10,9 @@ void StartWizard(fTessaly& form, Ui& ui) {
   if (!command_line::Holds(form.commandLine(), "/hide")) ui.Show(form);
 }
 
+void StartWizard(fTessaly& form, Ui& ui, std::vector<std::string> files, std::string switches) {
+  form.GiveFilesApart(std::move(files), std::move(switches));
+  StartWizard(form, ui);
+}
+
 }  // namespace tessaly

@@ -104,8 +104,14 @@ void fTessaly::Form_Load() {
              std::to_string(version.minor) + "." + std::to_string(version.revision));
   CheckForUpdates(services_.store, services_.network, services_.shell, services_.clock,
                   services_.program, services_.fileSystem);
-  commandLine_ = services_.program.CommandLine();
-  if (!commandLine_.empty()) ProcessCommandLine();
+  if (!filesApart_) commandLine_ = services_.program.CommandLine();
+  if (!commandLine_.empty() || !givenFiles_.empty()) ProcessCommandLine();
+}
+
+void fTessaly::GiveFilesApart(std::vector<std::string> files, std::string switches) {
+  filesApart_ = true;
+  givenFiles_ = std::move(files);
+  commandLine_ = std::move(switches);
 }
 
 void fTessaly::EndProgram() {

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "controls/buttons.h"
 #include "controls/combo_box.h"
@@ -45,8 +46,14 @@ class fTessaly : public Form {
   // its event loop when `programEnded` is emitted.
   void EndProgram();
   bool ended() const { return ended_; }
-  // The command line as the program was given it, read at load.
+  // The command line as the program was given it, read at load; with the
+  // files given apart, the switches alone.
   const std::string& commandLine() const { return commandLine_; }
+  // Files and switches apart, where a shell has split the words: at load the
+  // files (model paths) go into the list one by one by the add rule, in
+  // their order, and only `switches` is read as the command line, which
+  // then holds no file part. Call before Load.
+  void GiveFilesApart(std::vector<std::string> files, std::string switches);
   Signal programEnded;
 
   // Handlers a view forwards a person's actions to.
@@ -127,6 +134,13 @@ class fTessaly : public Form {
 
   // Step 4.
   RichTextBox tLog;
+  // What became of each file in the last rename run, in the log's order.
+  struct FileOutcome {
+    std::string oldPath;
+    std::string newPath;
+    Outcome outcome;
+  };
+  const std::vector<FileOutcome>& outcomes() const { return outcomes_; }
 
   // The progress window while a loop runs, else null.
   fProgress* progress() const { return progress_.get(); }
@@ -185,6 +199,9 @@ class fTessaly : public Form {
   WizardServices services_;
   StoredLists lists_;
   std::string commandLine_;
+  bool filesApart_ = false;
+  std::vector<std::string> givenFiles_;
+  std::vector<FileOutcome> outcomes_;
   std::int32_t serial_ = 0;
   bool PlacementsFilled = false;
   bool stepRunning_ = false;

@@ -5,6 +5,8 @@
 
 #include <filesystem>
 #include <fstream>
+#include <map>
+#include <optional>
 #include <regex>
 #include <set>
 #include <string>
@@ -44,6 +46,59 @@ std::vector<std::string> Lines(const std::string& text) {
   }
   if (!line.empty()) lines.push_back(line);
   return lines;
+}
+
+// One line of JSON Lines holding an object of strings, read strictly: a
+// raw control character, a bad escape or anything behind the object fails.
+// "\udcXX" alone gives back the byte XX, as a name that is no UTF-8 needs.
+std::optional<std::map<std::string, std::string>> ParseJsonObject(std::string_view line) {
+  std::size_t at = 0;
+  auto take = [&](char c) { return at < line.size() && line[at] == c ? (++at, true) : false; };
+  auto hex4 = [&](unsigned& value) {
+    if (at + 4 > line.size()) return false;
+    value = std::stoul(std::string(line.substr(at, 4)), nullptr, 16);
+    at += 4;
+    return true;
+  };
+  auto string = [&]() -> std::optional<std::string> {
+    if (!take('"')) return std::nullopt;
+    std::string out;
+    while (at < line.size() && line[at] != '"') {
+      const auto c = static_cast<unsigned char>(line[at++]);
+      if (c < 0x20) return std::nullopt;
+      if (c != '\\') {
+        out += static_cast<char>(c);
+        continue;
+      }
+      if (at >= line.size()) return std::nullopt;
+      const char e = line[at++];
+      const std::string simple = "\"\\/bfnrt", meaning = "\"\\/\b\f\n\r\t";
+      unsigned code = 0;
+      if (simple.find(e) != std::string::npos) {
+        out += meaning[simple.find(e)];
+      } else if (e != 'u' || !hex4(code)) {
+        return std::nullopt;
+      } else if (code >= 0xdc80 && code <= 0xdcff) {
+        out += static_cast<char>(code - 0xdc00);
+      } else if (code < 0x80) {
+        out += static_cast<char>(code);
+      } else {
+        return std::nullopt;  // not needed by these tests
+      }
+    }
+    return take('"') ? std::optional(out) : std::nullopt;
+  };
+  std::map<std::string, std::string> object;
+  if (!take('{')) return std::nullopt;
+  do {
+    auto key = string();
+    if (!key || !take(':')) return std::nullopt;
+    auto value = string();
+    if (!value) return std::nullopt;
+    object[*key] = *value;
+  } while (take(','));
+  if (!take('}') || at != line.size()) return std::nullopt;
+  return object;
 }
 
 class CliEndToEnd : public ::testing::Test {
@@ -172,6 +227,9 @@ TEST_F(CliEndToEnd, CaseOnlyRenameGoesThroughWithoutAQuestion) {
   EXPECT_THAT(Lines(result.out),
               Contains(ContainsRegex(FileLine("a.TXT", "a.txt", "(Completed)"))));
   EXPECT_THAT(result.err, Not(HasSubstr("Confirm Overwrite")));
+  const CliResult unchanged = Run({"a.txt", "/step:4"});
+  EXPECT_EQ(unchanged.exitCode, 0);
+  EXPECT_THAT(unchanged.out, HasSubstr("(No Change}"));
 }
 
 // Names mean what the disk says: on a disk that tells letter case apart,
@@ -184,7 +242,7 @@ TEST_F(CliEndToEnd, CaseTwinsAreOtherFilesAndNothingIsLost) {
   EXPECT_THAT(twins.err, HasSubstr("answering No"));
   EXPECT_EQ(Content("b.txt"), "2");
   EXPECT_EQ(Content("b.txt.temp"), "1");
-  EXPECT_EQ(twins.exitCode, 0);
+  EXPECT_EQ(twins.exitCode, 1);  // a file ended with an error
 
   fs::remove_all(files);
   fs::create_directory(files);
@@ -224,6 +282,7 @@ TEST_F(CliEndToEnd, SecondFileToTheSameNameStaysUnderItsTempNameWhenNobodyCanSay
   EXPECT_EQ(Names(), (std::set<std::string>{"same.txt", "same.txt.temp"}));
   EXPECT_EQ(Content("same.txt"), "first");
   EXPECT_EQ(Content("same.txt.temp"), "second");
+  EXPECT_EQ(result.exitCode, 1);
   EXPECT_THAT(result.err,
               HasSubstr("Confirm Overwrite: The file 'same.txt' already exists. Would you like "
                         "to overwrite this file?\n"
@@ -259,6 +318,7 @@ TEST_F(CliEndToEnd, PlacementWithABackslashMovesIntoAnExistingFolderOnly) {
               Contains(ContainsRegex(
                   FileLine("Other.TXT", "Other.txt", "(Failed! - Error Renaming File)"))));
   EXPECT_THAT(failed.out, HasSubstr("1 files failed to be renamed."));
+  EXPECT_EQ(failed.exitCode, 1);
 }
 
 TEST_F(CliEndToEnd, NonAsciiNamesAreLowerCasedAndLogged) {
@@ -303,6 +363,133 @@ TEST_F(CliEndToEnd, DefiningUnwantedFormattingShowsTheListReadOnly) {
   EXPECT_THAT(result.out, HasSubstr("\n  [ ] Copy Of\n"));
 }
 
+// Names that the one command-line text could not carry: each word is one
+// file, whatever bytes it holds.
+TEST_F(CliEndToEnd, EveryWordIsOneFileWhateverItHolds) {
+  struct Case {
+    std::vector<std::string> names;  // made in the folder
+    std::vector<std::string> args;
+    std::set<std::string> after;
+  };
+  const Case cases[] = {
+      // ";" no longer splits a name into two other files.
+      {{"ONE;TWO.TXT", "ONE", "TWO.TXT"},
+       {"ONE;TWO.TXT", "/settings:LowerCase", "/step:4"},
+       {"one;two.txt", "ONE", "TWO.TXT"}},
+      // Double quotes stay in the name instead of pointing at another file.
+      {{"SAY \"HI\".TXT", "SAY HI.TXT"},
+       {"SAY \"HI\".TXT", "/settings:LowerCase", "/step:4"},
+       {"say \"hi\".txt", "SAY HI.TXT"}},
+      // A backslash injects no "/step:4": nothing runs, and no file is lost.
+      {{"A.TXT", R"(X\step:4.TXT)", "B.TXT"},
+       {"A.TXT", R"(X\step:4.TXT)", "B.TXT", "/settings:LowerCase"},
+       {"A.TXT", R"(X\step:4.TXT)", "B.TXT"}},
+      // A leading "-" after "--", and names holding control characters.
+      {{"-N.TXT", "TWO\nLINES.TXT", "EVIL\x1b[2J\x1b[HX.TXT"},
+       {"/settings:LowerCase", "/step:4", "--", "-N.TXT", "TWO\nLINES.TXT", "EVIL\x1b[2J\x1b[HX.TXT"},
+       {"-n.txt", "two\nlines.txt", "evil\x1b[2j\x1b[hx.txt"}},
+  };
+  for (const Case& c : cases) {
+    fs::remove_all(files);
+    fs::create_directory(files);
+    for (const std::string& name : c.names) MakeFile(name);
+    const CliResult result = Run(c.args);
+    EXPECT_EQ(Names(), c.after) << c.names.front();
+    EXPECT_EQ(result.exitCode, 0) << c.names.front() << result.err;
+    // What reaches a terminal shows no raw control character.
+    EXPECT_THAT(result.out, Not(HasSubstr("\x1b"))) << c.names.front();
+  }
+  for (const char* name : {"A.TXT", R"(X\step:4.TXT)", "B.TXT"}) MakeFile(name);
+  EXPECT_THAT(Run({"A.TXT", R"(X\step:4.TXT)", "B.TXT", "/settings:LowerCase"}).err,
+              HasSubstr("stopped on step 0 with 3 files listed"));
+  // A path from the root that only begins like a switch is a file, so
+  // without a switch the wizard opens on File Selection.
+  EXPECT_THAT(Run({"/showwiz/Photo.JPG", "A.TXT"}).err,
+              HasSubstr("stopped on step 1 with 1 files listed"));
+}
+
+TEST_F(CliEndToEnd, EscapedNamesInTheLogForgeNoLines) {
+  MakeFile("TWO\nLINES.TXT");
+  const CliResult result = Run({"TWO\nLINES.TXT", "/settings:LowerCase", "/step:4"});
+  EXPECT_THAT(Lines(result.out),
+              Contains(ContainsRegex(FileLine(R"(TWO\nLINES.TXT)", R"(two\nlines.txt)",
+                                              "(Completed)"))));
+}
+
+TEST_F(CliEndToEnd, BadUsageIsRefusedWithExitTwoAndNothingDone) {
+  MakeFile("A.TXT");
+  struct Case {
+    std::vector<std::string> args;
+    std::string said;
+  };
+  const Case cases[] = {
+      {{"-x", "A.TXT", "/step:4"}, "unknown option '-x'"},
+      {{"--bogus", "A.TXT", "/step:4"}, "unknown option '--bogus'"},
+      {{"A.TXT", "/stpe:4"}, "'/stpe:4' is not a switch"},
+      {{"A.TXT", "/settings:Bogus", "/step:4"}, "'/settings:Bogus' is not a switch"},
+      {{"A.TXT", "/placement9:x", "/step:4"}, "'/placement9:x' is not a switch"},
+      {{"--files-from", "missing.list", "/step:4"}, "cannot read the list of files"},
+  };
+  for (const Case& c : cases) {
+    const CliResult result = Run(c.args);
+    EXPECT_EQ(result.exitCode, 2) << c.said;
+    EXPECT_THAT(result.err, HasSubstr("tessaly-cli: " + c.said)) << result.err;
+    EXPECT_EQ(result.out, "") << c.said;
+  }
+  EXPECT_EQ(Names(), (std::set<std::string>{"A.TXT"}));
+  EXPECT_EQ(Names(registry), (std::set<std::string>{}));
+  // The raw text keeps its forgiving reading.
+  EXPECT_EQ(Run({"--command-line", ModelPath("A.TXT") + " /stpe:4 /settings:Bogus"}).exitCode, 0);
+}
+
+TEST_F(CliEndToEnd, DryRunShowsEachFileAndTouchesNothing) {
+  MakeFile("x (1).TXT");
+  MakeFile("y (1).TXT");
+  MakeFile("y .txt");
+  const std::vector<std::string> args = {"x (1).TXT", "y (1).TXT", "/settings:RemoveNumbers",
+                                         "/step:4"};
+  std::vector<std::string> dryRun = {"-n"};
+  dryRun.insert(dryRun.end(), args.begin(), args.end());
+  const CliResult result = Run(dryRun);
+  EXPECT_EQ(result.exitCode, 0);
+  EXPECT_EQ(Names(), (std::set<std::string>{"x (1).TXT", "y (1).TXT", "y .txt"}));
+  EXPECT_EQ(Names(registry), (std::set<std::string>{}));  // no setting stored
+  EXPECT_EQ(result.out, files + "/x (1).TXT -> " + files + "/x .txt\n" + files + "/y (1).TXT -> " +
+                            files + "/y .txt\n");
+  dryRun.push_back("--json");
+  std::vector<std::string> codes;
+  for (const std::string& line : Lines(Run(dryRun).out)) {
+    const auto object = ParseJsonObject(line);
+    codes.push_back(object ? object->at("code") : "(no JSON) " + line);
+  }
+  EXPECT_EQ(codes, (std::vector<std::string>{"would-rename", "would-clash"}));
+}
+
+TEST_F(CliEndToEnd, FilesFromANulSeparatedListAndTheLogAsJson) {
+  // In the list's sorted order.
+  const std::vector<std::string> names = {"NEW\nLINE.TXT", "SAY \"HI\".TXT", "SEMI;COLON.TXT"};
+  const std::vector<std::string> newNames = {"new\nline.txt", "say \"hi\".txt", "semi;colon.txt"};
+  std::string list;
+  for (const std::string& name : names) {
+    MakeFile(name);
+    list += name + '\0';
+  }
+  std::ofstream(files + "/.list", std::ios::binary) << list;
+  const CliResult result =
+      Run({"-0", "--files-from", ".list", "--json", "/settings:LowerCase", "/step:4"});
+  EXPECT_EQ(result.exitCode, 0) << result.err;
+  const std::vector<std::string> lines = Lines(result.out);
+  ASSERT_EQ(lines.size(), names.size()) << result.out;
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    const auto object = ParseJsonObject(lines[i]);
+    ASSERT_TRUE(object) << lines[i];
+    EXPECT_EQ(object->at("old"), files + "/" + names[i]);
+    EXPECT_EQ(fs::path(object->at("new")).filename(), newNames[i]);
+    EXPECT_EQ(object->at("outcome"), "(Completed)");
+    EXPECT_EQ(object->at("code"), "completed");
+  }
+}
+
 TEST_F(CliEndToEnd, UsageOnlyWhenAskedOrWhenThereIsNothingToDo) {
   const CliResult help = Run({"--help"});
   EXPECT_EQ(help.exitCode, 0);
@@ -310,9 +497,9 @@ TEST_F(CliEndToEnd, UsageOnlyWhenAskedOrWhenThereIsNothingToDo) {
   const CliResult nothing = Run({});
   EXPECT_EQ(nothing.exitCode, 2);
   EXPECT_THAT(nothing.err, HasSubstr("usage: tessaly-cli"));
-  const CliResult wrong = Run({"--lowercase"});
-  EXPECT_EQ(wrong.exitCode, 2);
-  EXPECT_THAT(wrong.err, HasSubstr("unknown option '--lowercase'"));
+  const CliResult version = Run({"--version"});
+  EXPECT_EQ(version.exitCode, 0);
+  EXPECT_EQ(version.out, "tessaly-cli (Tessaly) 1.0.14\n");
 }
 
 }  // namespace

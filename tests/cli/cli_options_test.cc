@@ -2,45 +2,79 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
+#include "usage_text.h"
+
 namespace tessaly::cli {
 namespace {
 
 using Kind = Request::Kind;
+using Words = std::vector<std::string>;
 
-TEST(ReadArguments, HelpWinsOverEverythingElse) {
-  EXPECT_EQ(ReadArguments({"--help"}, "/w").kind, Kind::kHelp);
-  EXPECT_EQ(ReadArguments({"a.txt", "-h", "/exit"}, "/w").kind, Kind::kHelp);
-  EXPECT_NE(UsageText().find("--command-line"), std::string::npos);
+TEST(ReadArguments, OptionsAndWhatTheyLeave) {
+  struct Case {
+    Words words;
+    Kind kind;
+    Words left;  // files and switches
+    bool dryRun = false;
+    bool json = false;
+    bool nul = false;
+    const char* filesFrom = nullptr;
+  };
+  const Case cases[] = {
+      {{"--help"}, Kind::kHelp, {}},
+      {{"a.txt", "-h", "/exit"}, Kind::kHelp, {"a.txt"}},
+      {{"--version"}, Kind::kVersion, {}},
+      {{"-n", "a.txt", "/step:4"}, Kind::kRun, {"a.txt", "/step:4"}, true},
+      {{"a.txt", "--dry-run", "--json"}, Kind::kRun, {"a.txt"}, true, true},
+      {{"-n0", "--files-from", "-"}, Kind::kRun, {}, true, false, true, "-"},
+      {{"--null", "--files-from=list", "/step:4"}, Kind::kRun, {"/step:4"}, false, false, true, "list"},
+      // "--" ends the options, and stays to end the switches too.
+      {{"--", "-n", "--odd.txt", "/exit"}, Kind::kRun, {"--", "-n", "--odd.txt", "/exit"}},
+      {{"-", "a.txt"}, Kind::kRun, {"-", "a.txt"}},
+      {{"-x"}, Kind::kError, {}},
+      {{"-nx"}, Kind::kError, {}},
+      {{"--bogus"}, Kind::kError, {}},
+      {{"--files-from"}, Kind::kError, {}},
+      {{"--command-line"}, Kind::kError, {}},
+      {{"--command-line", "x", "/exit"}, Kind::kError, {}},
+      {{"a.txt", "--command-line", "x"}, Kind::kError, {}},
+  };
+  for (const Case& c : cases) {
+    const Request request = ReadArguments(c.words);
+    const std::string first = c.words.front();
+    EXPECT_EQ(request.kind, c.kind) << first;
+    if (c.kind != Kind::kRun) continue;
+    EXPECT_EQ(request.words, c.left) << first;
+    EXPECT_EQ(request.dryRun, c.dryRun) << first;
+    EXPECT_EQ(request.json, c.json) << first;
+    EXPECT_EQ(request.nulSeparated, c.nul) << first;
+    EXPECT_EQ(request.filesFrom.value_or("(none)"), c.filesFrom ? c.filesFrom : "(none)") << first;
+  }
 }
 
 TEST(ReadArguments, RawCommandLinePassesThroughUnchanged) {
   const std::string raw = R"q("c:\a b.txt";rel.txt /placement2:"(none)" /step:4)q";
-  const Request request = ReadArguments({"--command-line", raw}, "/w");
+  const Request request = ReadArguments({"-n", "--command-line", raw});
   EXPECT_EQ(request.kind, Kind::kRun);
   EXPECT_EQ(request.commandLine, raw);
-  EXPECT_EQ(ReadArguments({"--command-line", ""}, "/w").commandLine, "");
+  EXPECT_TRUE(request.dryRun);
 }
 
-TEST(ReadArguments, RawCommandLineStandsAlone) {
-  EXPECT_EQ(ReadArguments({"--command-line"}, "/w").kind, Kind::kError);
-  EXPECT_EQ(ReadArguments({"--command-line", "x", "/exit"}, "/w").kind, Kind::kError);
-  EXPECT_EQ(ReadArguments({"a.txt", "--command-line", "x"}, "/w").kind, Kind::kError);
+TEST(ReadArguments, ErrorsNameTheWordAndTheWayOut) {
+  EXPECT_EQ(ReadArguments({"--lower"}).error,
+            "unknown option '--lower' (for a file of that name, write ./--lower or put it behind "
+            "--)");
+  EXPECT_NE(UsageText().find("Exit status"), std::string::npos);
+  EXPECT_EQ(VersionText(), "tessaly-cli (Tessaly) 1.0.14\n");
 }
 
-TEST(ReadArguments, UnknownOptionIsAnErrorThatNamesTheWayOut) {
-  const Request request = ReadArguments({"--lower"}, "/w");
-  EXPECT_EQ(request.kind, Kind::kError);
-  EXPECT_NE(request.error.find("./--lower"), std::string::npos);
-}
-
-TEST(ReadArguments, DoubleDashEndsTheOptions) {
-  const Request request = ReadArguments({"--", "--odd.txt", "-h", "/exit"}, "/w");
-  EXPECT_EQ(request.kind, Kind::kRun);
-  EXPECT_EQ(request.commandLine, R"(\w\--odd.txt;\w\-h /exit)");
-}
-
-TEST(ReadArguments, SingleDashWordsAreFiles) {
-  EXPECT_EQ(ReadArguments({"-x.txt"}, "/w").commandLine, R"(\w\-x.txt)");
+TEST(ReadFileNames, KeepsEveryByteButTheSeparator) {
+  std::istringstream lines("a;b.txt\n\nsay \"hi\"\\n.txt\n");
+  EXPECT_EQ(ReadFileNames(lines, false), (Words{"a;b.txt", "say \"hi\"\\n.txt"}));
+  std::istringstream nul(std::string("new\nline.txt\0\0tab\t.txt", 22));
+  EXPECT_EQ(ReadFileNames(nul, true), (Words{"new\nline.txt", "tab\t.txt"}));
 }
 
 }  // namespace

@@ -31,7 +31,8 @@ RichTextBox SampleLog() {
     box.SetSelStart(end);
   };
   line("Ünï > ä (Completed)\r\n", kBlue);
-  line("x > y (Failed! - Error Renaming File)\r\n", kRed);
+  // A name may hold control characters; they must not reach the terminal.
+  line("x\x1b[8m\r > y\n (Failed! - Error Renaming File)\r\n", kRed);
   line("z > z (No Change}\r\n", kBlack);
   box.SetSelText("\r\nFoot");
   return box;
@@ -47,7 +48,7 @@ TEST(PrintRichText, PlainTextHasUnixLineEndsAndEndsWithOne) {
   EXPECT_EQ(Printed(SampleLog(), ColourMode::kNone),
             "Head\n"
             "Ünï > ä (Completed)\n"
-            "x > y (Failed! - Error Renaming File)\n"
+            "x\\x1b[8m\\r > y\\n (Failed! - Error Renaming File)\n"
             "z > z (No Change}\n"
             "\n"
             "Foot\n");
@@ -59,7 +60,7 @@ TEST(PrintRichText, BasicColoursWrapEachColouredLineButNotBlackOnes) {
   EXPECT_EQ(Printed(SampleLog(), ColourMode::kBasic),
             "Head\n"
             "\x1b[34mÜnï > ä (Completed)\n\x1b[0m"
-            "\x1b[31mx > y (Failed! - Error Renaming File)\n\x1b[0m"
+            "\x1b[31mx\\x1b[8m\\r > y\\n (Failed! - Error Renaming File)\n\x1b[0m"
             "z > z (No Change}\n"
             "\n"
             "Foot\n");
@@ -68,7 +69,7 @@ TEST(PrintRichText, BasicColoursWrapEachColouredLineButNotBlackOnes) {
 TEST(PrintRichText, TrueColourGivesTheExactValues) {
   const std::string printed = Printed(SampleLog(), ColourMode::kTrueColour);
   EXPECT_NE(printed.find("\x1b[38;2;0;0;255mÜnï"), std::string::npos);
-  EXPECT_NE(printed.find("\x1b[38;2;255;0;0mx > y"), std::string::npos);
+  EXPECT_NE(printed.find("\x1b[38;2;255;0;0mx\\x1b[8m"), std::string::npos);
   EXPECT_EQ(printed.find("38;2;0;0;0"), std::string::npos);
 }
 
@@ -77,12 +78,13 @@ TEST(PrintRichText, EmptyBoxPrintsNothing) {
 }
 
 TEST(ColourModeFor, FollowsTheTerminalAndTheUsualVariables) {
-  EXPECT_EQ(ColourModeFor(false, nullptr, "truecolor"), ColourMode::kNone);
-  EXPECT_EQ(ColourModeFor(true, nullptr, nullptr), ColourMode::kBasic);
-  EXPECT_EQ(ColourModeFor(true, "", "truecolor"), ColourMode::kTrueColour);
-  EXPECT_EQ(ColourModeFor(true, nullptr, "24bit"), ColourMode::kTrueColour);
-  EXPECT_EQ(ColourModeFor(true, "1", "truecolor"), ColourMode::kNone);
-  EXPECT_EQ(ColourModeFor(true, nullptr, "yes"), ColourMode::kBasic);
+  EXPECT_EQ(ColourModeFor(false, nullptr, "truecolor", "xterm"), ColourMode::kNone);
+  EXPECT_EQ(ColourModeFor(true, nullptr, nullptr, nullptr), ColourMode::kBasic);
+  EXPECT_EQ(ColourModeFor(true, "", "truecolor", "xterm"), ColourMode::kTrueColour);
+  EXPECT_EQ(ColourModeFor(true, nullptr, "24bit", "xterm"), ColourMode::kTrueColour);
+  EXPECT_EQ(ColourModeFor(true, "1", "truecolor", "xterm"), ColourMode::kNone);
+  EXPECT_EQ(ColourModeFor(true, nullptr, "yes", "xterm"), ColourMode::kBasic);
+  EXPECT_EQ(ColourModeFor(true, nullptr, "truecolor", "dumb"), ColourMode::kNone);
 }
 
 TEST(ProgressPrinter, PlainOutputKeepsOnlyEachWindowsLastState) {

@@ -34,8 +34,11 @@ class QueuedPerson : public Person {
   }
 };
 
+// A name that would hide the rest of the question on a terminal.
 constexpr std::string_view kQuestion =
-    "The file 'b.txt' already exists. Would you like to overwrite this file?";
+    "The file 'b\x1b[8m.txt' already exists. Would you like to overwrite this file?";
+constexpr std::string_view kShownQuestion =
+    "The file 'b\\x1b[8m.txt' already exists. Would you like to overwrite this file?";
 
 class TerminalUiTest : public ::testing::Test {
  protected:
@@ -53,7 +56,7 @@ TEST_F(TerminalUiTest, WithNoTerminalTheAnswerIsNoAndSaidSo) {
   person.reachable = false;
   EXPECT_EQ(AskOverwrite(), MessageAnswer::kNo);
   EXPECT_EQ(messages.str(),
-            "Confirm Overwrite: " + std::string(kQuestion) +
+            "Confirm Overwrite: " + std::string(kShownQuestion) +
                 "\nConfirm Overwrite: no terminal to ask, answering No\n");
   EXPECT_TRUE(person.prompts.empty());
 }
@@ -63,7 +66,7 @@ TEST_F(TerminalUiTest, AsksAgainUntilTheAnswerIsUnderstood) {
   EXPECT_EQ(AskOverwrite(), MessageAnswer::kYes);
   ASSERT_EQ(person.prompts.size(), 3u);
   EXPECT_EQ(person.prompts[0],
-            "Confirm Overwrite: " + std::string(kQuestion) + " [y]es, [n]o, [c]ancel? ");
+            "Confirm Overwrite: " + std::string(kShownQuestion) + " [y]es, [n]o, [c]ancel? ");
 }
 
 TEST_F(TerminalUiTest, ReadsEachAnswer) {
@@ -80,9 +83,9 @@ TEST_F(TerminalUiTest, EndOfInputCountsAsNo) {
 }
 
 TEST_F(TerminalUiTest, OkBoxIsPrintedWithoutAsking) {
-  EXPECT_EQ(ui.MessageBox("The list is full.", MessageButtons::kOk, "Tessaly"),
+  EXPECT_EQ(ui.MessageBox("The list\r\nis\nfull.\x7f", MessageButtons::kOk, "Tessaly"),
             MessageAnswer::kOk);
-  EXPECT_EQ(messages.str(), "Tessaly: The list is full.\n");
+  EXPECT_EQ(messages.str(), "Tessaly: The list\nis\\nfull.\\x7f\n");
   EXPECT_TRUE(person.prompts.empty());
 }
 

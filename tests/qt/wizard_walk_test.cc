@@ -358,10 +358,11 @@ TEST_F(WizardWalkTest, NoToTheOverwriteQuestionKeepsTheTakenFile) {
   QWidget* window = ui.wizardWindow();
   form->lblStep[1].Click();
   Settle();
-  MakeFile("taken.txt");
+  // The name holds an escape, which must show, not act.
+  MakeFile("ta\x1bken.txt");
   ASSERT_TRUE(DropFiles(Find<QListView>(window, "lstFiles")->viewport(), {MakeFile("new.txt")}));
   Click(Find<QLabel>(window, "lblStep2"));
-  TypeOver(Find<QWidget>(window, "cboBatch0"), "taken");
+  form->cboBatch[0].SetText("ta\x1bken");
   Click(Find<QLabel>(window, "lblStep3"));
 
   QString asked;
@@ -377,14 +378,16 @@ TEST_F(WizardWalkTest, NoToTheOverwriteQuestionKeepsTheTakenFile) {
   });
   Click(Find<QPushButton>(window, "cmdNext"));
   EXPECT_EQ(title, "Confirm Overwrite");
-  EXPECT_EQ(asked, "The file 'taken.txt' already exists. Would you like to overwrite this file?");
+  EXPECT_EQ(asked,
+            "The file 'ta\\x1bken.txt' already exists. Would you like to overwrite this file?");
   // The file waits under its temporary name, and the line says so in black.
-  EXPECT_EQ(FilesOnDisk(), (QStringList{"taken.txt", "taken.txt.temp"}));
-  QFile taken(QDir(folder.path()).filePath("photos/taken.txt"));
+  EXPECT_EQ(FilesOnDisk(), (QStringList{"ta\x1bken.txt", "ta\x1bken.txt.temp"}));
+  QFile taken(QDir(folder.path()).filePath("photos/ta\x1bken.txt"));
   ASSERT_TRUE(taken.open(QIODevice::ReadOnly));
-  EXPECT_EQ(taken.readAll(), "taken.txt");
+  EXPECT_EQ(taken.readAll(), "ta\x1bken.txt");
   EXPECT_EQ(LineColour(Find<QPlainTextEdit>(window, "tLog"), "(Completed - Error Removing Temp"),
             QColor(0, 0, 0));
+  EXPECT_TRUE(Find<QPlainTextEdit>(window, "tLog")->toPlainText().contains(u"ta\u241bken.txt"));
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "text/text_ops.h"
+#include "text/visible_text.h"
 #include "text/whole_number.h"
 
 #include <gmock/gmock.h>
@@ -89,6 +90,23 @@ TEST(ParseInteger16, AcceptsWhatTheRuntimeConverts) {
   EXPECT_FALSE(ParseInteger16(""));
   EXPECT_FALSE(ParseInteger16("1x"));
   EXPECT_FALSE(ParseInteger16("nan"));
+}
+
+TEST(Visible, EscapesWhatWouldActInsteadOfShowing) {
+  struct Case {
+    std::string text;
+    Layout layout;
+    std::string expected;
+  };
+  const Case cases[] = {
+      {"Evil\x1b[2J\x1b[HX.TXT", Layout::kNone, R"(Evil\x1b[2J\x1b[HX.TXT)"},
+      {"a\r\nb\nc\td\x7f", Layout::kNone, R"(a\r\nb\nc\td\x7f)"},
+      {"a\r\nb\nc\r", Layout::kLineEnds, "a\r\nb\\nc\\r"},
+      {R"(odd\name)", Layout::kNone, R"(odd\\name)"},
+      {R"(odd\name)", Layout::kLineEnds, R"(odd\name)"},
+      {"Ünï \xc2\x9b \xe2\x80\xae txt \xff", Layout::kNone, R"(Ünï \u009b \u202e txt \xff)"},
+  };
+  for (const Case& c : cases) EXPECT_EQ(Visible(c.text, c.layout), c.expected) << c.expected;
 }
 
 }  // namespace

@@ -1,0 +1,74 @@
+#include "dry_run.h"
+
+#include <unordered_map>
+
+#include "json_lines.h"
+#include "platform/posix/native_path.h"
+#include "wizard/change_log.h"
+
+namespace tessaly::cli {
+
+namespace {
+
+constexpr std::string_view kStep = "/step:";
+
+// The entry under the exact new name, if any, is not the file itself (as
+// after a change of letter case on a disk that folds it).
+bool TakenByAnother(FileSystem& files, const std::string& oldPath, const std::string& newPath) {
+  const auto existing = files.IdentityOf(newPath);
+  return existing && existing != files.IdentityOf(oldPath);
+}
+
+}  // namespace
+
+DryRunCommandLine StopAtPreview(std::string_view commandLine) {
+  DryRunCommandLine safe{std::string(commandLine), false};
+  const std::size_t found = safe.text.find(kStep);
+  const std::size_t digit = found + kStep.size();
+  if (found != std::string::npos && digit < safe.text.size() && safe.text[digit] >= '4' &&
+      safe.text[digit] <= '9') {
+    safe.text[digit] = '3';
+    safe.wouldRename = true;
+  }
+  return safe;
+}
+
+std::vector<PlannedRename> PlanRenames(const ListBox& oldPaths, const ListBox& newPaths,
+                                       FileSystem& files) {
+  std::vector<PlannedRename> plan;
+  std::unordered_map<std::string, int> newNames;
+  for (std::size_t i = 0; i < newPaths.ListCount() && i < oldPaths.ListCount(); ++i) {
+    plan.push_back({oldPaths.List(i), newPaths.List(i), false});
+    ++newNames[files.SameNameKey(newPaths.List(i))];
+  }
+  for (PlannedRename& rename : plan) {
+    if (rename.newPath == rename.oldPath) continue;
+    rename.clash = newNames[files.SameNameKey(rename.newPath)] > 1 ||
+                   TakenByAnother(files, rename.oldPath, rename.newPath);
+  }
+  return plan;
+}
+
+void PrintPlan(const std::vector<PlannedRename>& plan, const FileSystem& files, std::ostream& out,
+               ColourMode colours) {
+  const Rgb clashColour = OutcomeColour(Outcome::kFailedExists);
+  for (const PlannedRename& rename : plan) {
+    const std::string newPath = files.Shown(rename.newPath);
+    out << files.Shown(rename.oldPath) << " -> "
+        << (rename.clash ? Coloured(newPath, clashColour, colours) : newPath) << '\n';
+  }
+  out << std::flush;
+}
+
+void PrintPlanJson(const std::vector<PlannedRename>& plan, std::ostream& out) {
+  for (const PlannedRename& rename : plan) {
+    const bool same = rename.newPath == rename.oldPath;
+    WriteJsonLine(out, ToNativePath(rename.oldPath), ToNativePath(rename.newPath),
+                  same ? OutcomeText(Outcome::kNoChange)
+                       : (rename.clash ? "(Would Clash)" : "(Would Rename)"),
+                  same ? "no-change" : (rename.clash ? "would-clash" : "would-rename"));
+  }
+  out << std::flush;
+}
+
+}  // namespace tessaly::cli

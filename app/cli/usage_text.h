@@ -1,0 +1,16 @@
+#ifndef TESSALY_APP_CLI_USAGE_TEXT_H_
+#define TESSALY_APP_CLI_USAGE_TEXT_H_
+
+#include <string>
+
+namespace tessaly::cli {
+
+// What --help prints.
+std::string UsageText();
+
+// What --version prints: the program's name and version.
+std::string VersionText();
+
+}  // namespace tessaly::cli
+
+#endif  // TESSALY_APP_CLI_USAGE_TEXT_H_

@@ -1,0 +1,80 @@
+#include "text/visible_text.h"
+
+#include <cstdio>
+
+#include "text/utf8.h"
+
+namespace tessaly::text {
+
+namespace {
+
+// The marks that turn the direction of writing, and the two separators
+// that break a line without being a control character.
+bool ActsAsLayout(char32_t code) {
+  return code == 0x061c || code == 0x200e || code == 0x200f || (code >= 0x2028 && code <= 0x202e) ||
+         (code >= 0x2066 && code <= 0x2069);
+}
+
+void AppendHex(std::string& out, const char* format, unsigned value) {
+  char escape[8];
+  std::snprintf(escape, sizeof escape, format, value);
+  out += escape;
+}
+
+// The escape for `code`, or nothing when it shows as itself.
+bool AppendEscape(std::string& out, char32_t code) {
+  switch (code) {
+    case '\n':
+      out += "\\n";
+      return true;
+    case '\r':
+      out += "\\r";
+      return true;
+    case '\t':
+      out += "\\t";
+      return true;
+    default:
+      break;
+  }
+  if (code < 0x20 || code == 0x7f) {
+    AppendHex(out, "\\x%02x", static_cast<unsigned>(code));
+  } else if (code >= kInvalidByteBase) {
+    AppendHex(out, "\\x%02x", static_cast<unsigned>(code - kInvalidByteBase));
+  } else if ((code >= 0x80 && code <= 0x9f) || ActsAsLayout(code)) {
+    AppendHex(out, "\\u%04x", static_cast<unsigned>(code));
+  } else {
+    return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+std::optional<char32_t> ControlPicture(char32_t code) {
+  if (code < 0x20) return 0x2400 + code;
+  if (code == 0x7f) return 0x2421;
+  if ((code >= 0x80 && code <= 0x9f) || ActsAsLayout(code)) return 0xfffd;
+  return std::nullopt;
+}
+
+std::string Visible(std::string_view text, Layout layout) {
+  std::string out;
+  out.reserve(text.size());
+  for (std::size_t pos = 0; pos < text.size();) {
+    if (layout == Layout::kLineEnds && text.substr(pos).starts_with("\r\n")) {
+      out += "\r\n";
+      pos += 2;
+      continue;
+    }
+    const DecodedChar c = DecodeAt(text, pos);
+    if (layout == Layout::kNone && c.code == '\\') {
+      out += "\\\\";
+    } else if (!AppendEscape(out, c.code)) {
+      out.append(text.substr(pos, c.length));
+    }
+    pos += c.length;
+  }
+  return out;
+}
+
+}  // namespace tessaly::text
