@@ -16,6 +16,7 @@ missing=()
 command -v rename >/dev/null || missing+=(rename)
 command -v mmv >/dev/null || missing+=(mmv)
 command -v strace >/dev/null || missing+=(strace)
+[ -x /usr/bin/time ] || missing+=(time)
 if [ ${#missing[@]} -gt 0 ]; then
   echo "Installing: ${missing[*]}"
   sudo_cmd=""
@@ -35,15 +36,14 @@ make_folder "$work/base/Holiday Photos" "$count"
 for copy in tessaly rename mmv; do cp -a "$work/base" "$work/$copy"; done
 sync
 
-now_ns() { date +%s%N; }
-# Runs the command in a copy and prints the seconds it took.
+# Runs the command in a copy and prints the seconds it took, wall clock
+# and processor (user + system), separated by a blank: on a busy machine
+# the processor time tells more.
 timed() {
   local folder=$1; shift
-  local start end
-  start=$(now_ns)
-  (cd "$work/$folder/Holiday Photos" && "$@") >"$work/$folder.out" 2>"$work/$folder.err"
-  end=$(now_ns)
-  awk -v ns=$((end - start)) 'BEGIN { printf "%.3f", ns / 1e9 }'
+  (cd "$work/$folder/Holiday Photos" && /usr/bin/time -f "%e %U %S" -o "$work/$folder.time" "$@") \
+    >"$work/$folder.out" 2>"$work/$folder.err"
+  awk '{ printf "%.3f %.3f", $1, $2 + $3 }' "$work/$folder.time"
 }
 # Fails the benchmark if a copy still holds an upper-case name.
 check() {
@@ -80,13 +80,17 @@ small=$((count / 4)); large=$((count / 2))
 calls_small=$(calls_for "$small")
 calls_large=$(calls_for "$large")
 
-echo "files:            $count"
-echo "tessaly-cli:      ${t_tessaly} s"
-echo "rename (perl):    ${t_rename} s"
-echo "mmv:              ${t_mmv} s"
-awk -v t="$t_tessaly" -v r="$t_rename" -v m="$t_mmv" \
+read -r w_tessaly c_tessaly <<<"$t_tessaly"
+read -r w_rename c_rename <<<"$t_rename"
+read -r w_mmv c_mmv <<<"$t_mmv"
+echo "files:            $count   (seconds: wall clock, processor)"
+echo "tessaly-cli:      ${w_tessaly} s, ${c_tessaly} s"
+echo "rename (perl):    ${w_rename} s, ${c_rename} s"
+echo "mmv:              ${w_mmv} s, ${c_mmv} s"
+awk -v t="$w_tessaly" -v r="$w_rename" -v m="$w_mmv" \
+    -v ct="$c_tessaly" -v cr="$c_rename" -v cm="$c_mmv" \
     -v cs="$calls_small" -v cl="$calls_large" -v ns="$small" -v nl="$large" 'BEGIN {
-  printf "tessaly/rename:   %.2f\n", t / r
-  printf "tessaly/mmv:      %.2f\n", t / m
+  printf "tessaly/rename:   %.2f wall clock, %.2f processor\n", t / r, ct / cr
+  printf "tessaly/mmv:      %.2f wall clock, %.2f processor\n", t / m, ct / cm
   printf "system calls per file (tessaly-cli, %d vs %d files): %.2f\n", ns, nl, (cl - cs) / (nl - ns)
 }'

@@ -22,12 +22,18 @@ bool fTessaly::FileExists(std::string_view path) const {
   return attributes && (*attributes & attr::kDirectory) == 0;
 }
 
+bool fTessaly::SameEntry(std::string_view a, std::string_view b) const {
+  const auto one = services_.fileSystem.IdentityOf(a);
+  const auto other = services_.fileSystem.IdentityOf(b);
+  return one && other && *one == *other;
+}
+
 void fTessaly::RenameFile(const std::string& source, const std::string& target) {
   FileSystem& files = services_.fileSystem;
-  // A target that may be the source itself under another spelling is never
-  // offered for deletion: the rename sorts it out or fails harmlessly.
-  const bool maybeItself = text::CompareIgnoreCase(source, target) == 0;
-  if (FileExists(target) && !maybeItself) {
+  // A target that is the source itself under another spelling (on a disk
+  // that folds letter case) is never offered for deletion: the rename
+  // sorts it out or fails harmlessly. Only the disk can tell.
+  if (FileExists(target) && !SameEntry(source, target)) {
     const std::string question = "The file '" + files.Shown(FileNameOf(target, 2, services_.ui)) +
                                  "' already exists. Would you like to overwrite this file?";
     const MessageAnswer answer =
@@ -38,7 +44,7 @@ void fTessaly::RenameFile(const std::string& source, const std::string& target) 
     if (!files.Delete(target)) return;
   }
   if (!files.Rename(source, target)) return;
-  if (!maybeItself && FileExists(target) && FileExists(source)) files.Delete(source);
+  if (FileExists(target) && FileExists(source) && !SameEntry(source, target)) files.Delete(source);
 }
 
 void fTessaly::RunRenames() {
@@ -90,7 +96,7 @@ Outcome fTessaly::TwoStageRename(const std::string& oldPath, const std::string& 
   if (!FileExists(tempPath)) return Outcome::kFailedExists;
   // When another file held the temporary name and ours did not move, going
   // on would put that other file in place of the new path.
-  if (tempWasTaken && FileExists(oldPath) && text::CompareIgnoreCase(oldPath, tempPath) != 0) {
+  if (tempWasTaken && FileExists(oldPath) && !SameEntry(oldPath, tempPath)) {
     return Outcome::kFailedExists;
   }
   RenameFile(tempPath, newPath);

@@ -177,6 +177,8 @@ class fTessaly : public Form {
   void optMoveNewFolder_Click();
 
   bool FileExists(std::string_view path) const;
+  // Whether the disk takes both paths to one entry.
+  bool SameEntry(std::string_view a, std::string_view b) const;
   void RenameFile(const std::string& source, const std::string& target);
 
   CheckBox* RememberedCheckBox(std::string_view name);

@@ -260,6 +260,23 @@ TEST_P(CaseOnlyRenameTest, ChangesTheCaseWithoutAQuestion) {
   EXPECT_EQ(viaTemp, GetParam() == LetterCase::kIgnore);
 }
 
+// Where letter case counts, x.temp beside X.TEMP is another file: it is
+// offered for overwriting like any other, and refused, nothing moves.
+TEST_P(CaseOnlyRenameTest, ACaseTwinOfTheTempNameIsAnotherFile) {
+  if (GetParam() == LetterCase::kIgnore) GTEST_SKIP() << "case twins cannot exist here";
+  MakeFiles({"C:\\t\\x", "C:\\t\\x.temp"});
+  files.SetContents("C:\\t\\x", "theirs");
+  files.SetContents("C:\\t\\x.temp", "twin");
+  fTessaly& wizard = Run({"C:\\t\\X.TEMP"}, "x", "");
+  (void)wizard;
+  ASSERT_EQ(ui.messages().size(), 1u);
+  EXPECT_THAT(ui.messages()[0].text, HasSubstr("'x.temp'"));
+  EXPECT_THAT(FileLines()[0], HasSubstr("(Failed! - File Already Exists)"));
+  EXPECT_EQ(files.Contents("C:\\t\\x"), "theirs");
+  EXPECT_EQ(files.Contents("C:\\t\\x.temp"), "twin");
+  EXPECT_TRUE(Exists("C:\\t\\X.TEMP"));
+}
+
 INSTANTIATE_TEST_SUITE_P(BothFileSystems, CaseOnlyRenameTest,
                          ::testing::Values(LetterCase::kIgnore, LetterCase::kExact));
 
