@@ -60,7 +60,17 @@ std::optional<char32_t> ControlPicture(char32_t code) {
 std::string Visible(std::string_view text, Layout layout) {
   std::string out;
   out.reserve(text.size());
+  // Printable ASCII shows as itself: a run of it goes across at once.
+  const auto plain = [layout](char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return byte >= 0x20 && byte < 0x7f && !(layout == Layout::kNone && c == '\\');
+  };
   for (std::size_t pos = 0; pos < text.size();) {
+    std::size_t run = pos;
+    while (run < text.size() && plain(text[run])) ++run;
+    out.append(text.substr(pos, run - pos));
+    pos = run;
+    if (pos == text.size()) break;
     if (layout == Layout::kLineEnds && text.substr(pos).starts_with("\r\n")) {
       out += "\r\n";
       pos += 2;

@@ -11,10 +11,31 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// Whether `path` holds a "." or ".." part or an empty one, which the
+// absolute form leaves out.
+bool HasDotOrEmptyParts(std::string_view path) {
+  for (std::size_t start = 0; start <= path.size();) {
+    std::size_t end = path.find('/', start);
+    if (end == std::string_view::npos) end = path.size();
+    const std::string_view part = path.substr(start, end - start);
+    if ((part.empty() && start > 0 && end < path.size()) || part == "." || part == "..") return true;
+    start = end + 1;
+  }
+  return false;
+}
+
 fs::path Absolute(std::string_view name, std::string_view currentFolder) {
-  fs::path path{std::string(name)};
-  if (!path.is_absolute()) path = fs::path(std::string(currentFolder)) / path;
-  return path.lexically_normal();
+  // A shell's glob gives many words like "./name": the common forms are
+  // joined by hand, the rest normalised by the library.
+  while (name.starts_with("./")) name.remove_prefix(2);
+  std::string joined(name);
+  if (!name.starts_with('/')) {
+    joined = std::string(currentFolder);
+    if (joined.empty() || joined.back() != '/') joined += '/';
+    joined += name;
+  }
+  if (!HasDotOrEmptyParts(joined)) return fs::path(std::move(joined));
+  return fs::path(std::move(joined)).lexically_normal();
 }
 
 // Anything at all under that name, a dangling link included.
