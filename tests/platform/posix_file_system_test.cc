@@ -165,6 +165,17 @@ TEST_F(CrossDeviceMoveTest, FailureAtAnyStageLeavesSourceWholeAndNoCopy) {
   }
 }
 
+TEST_F(CrossDeviceMoveTest, OnlyRegularFilesAreCopied) {
+  // Opening a FIFO would wait for a writer for good: the alarm ends the test instead.
+  const std::string fifo = source_.native() + "/pipe";
+  ASSERT_EQ(mkfifo(fifo.c_str(), 0644), 0);
+  alarm(10);
+  EXPECT_FALSE(fs_.Rename(ToModelPath(fifo), ToModelPath(target_.native() + "/pipe")));
+  alarm(0);
+  EXPECT_THAT(NamesIn(source_.native()), ElementsAre("big.bin", "pipe"));
+  EXPECT_THAT(NamesIn(target_.native()), ElementsAre());
+}
+
 TEST_F(CrossDeviceMoveTest, TargetAppearingDuringTheCopyIsNeverOverwritten) {
   fs_.SetMoveFaultForTesting([this](MoveStage at) {
     if (at == MoveStage::kPlace) WriteNative(To(), "theirs");

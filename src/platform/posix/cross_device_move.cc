@@ -105,13 +105,29 @@ void SyncFolder(const std::string& folder) {
   if (dir) fsync(dir.get());
 }
 
+// Opens `path` for reading only when it is a regular file, looked at before
+// the open: opening a FIFO waits for a writer, and opening a device can act
+// on it. The entry is checked again once open, in case it was swapped.
+int OpenRegularFile(const std::string& path, struct stat& info) {
+  if (lstat(path.c_str(), &info) != 0 || !S_ISREG(info.st_mode)) return -1;
+  const int fd = open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+  struct stat opened {};
+  if (fd >= 0 && fstat(fd, &opened) == 0 && S_ISREG(opened.st_mode) &&
+      opened.st_dev == info.st_dev && opened.st_ino == info.st_ino) {
+    info = opened;
+    return fd;
+  }
+  if (fd >= 0) close(fd);
+  return -1;
+}
+
 }  // namespace
 
 bool MoveAcrossFileSystems(const std::string& source, const std::string& target,
                            const MoveFault& fault) {
-  const UniqueFd in(open(source.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC));
   struct stat info {};
-  if (!in || fstat(in.get(), &info) != 0 || !S_ISREG(info.st_mode)) return false;
+  const UniqueFd in(OpenRegularFile(source, info));
+  if (!in) return false;
   const std::string folder = FolderOf(target);
   std::string tempName;
   bool placed = false;

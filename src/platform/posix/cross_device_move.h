@@ -23,6 +23,7 @@ using MoveFault = std::function<bool(MoveStage)>;
 // removes the source. On failure the source is untouched and no copy is
 // left behind. If the source cannot be removed at the end, the move still
 // counts as done and both files remain, as the desktop platform does.
+// Anything but a regular file fails at once without being opened.
 bool MoveAcrossFileSystems(const std::string& source, const std::string& target,
                            const MoveFault& fault = nullptr);
 
