@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <vector>
 
+#include "platform/posix/copied_metadata.h"
 #include "platform/posix/no_replace_rename.h"
 
 namespace tessaly {
@@ -62,18 +63,10 @@ bool CopyData(int from, int to, const MoveFault& fault) {
   }
 }
 
-// Permissions and times go along as a move keeps them; a file system that
-// cannot hold them does not stop the move.
-void CopyMetadata(int to, const struct stat& info) {
-  fchmod(to, info.st_mode & 07777);
-  const struct timespec times[2] = {info.st_atim, info.st_mtim};
-  futimens(to, times);
-}
-
 // Fills the copy and flushes it to disk, so that once it has a name it is whole.
 bool WriteCopy(int from, int to, const struct stat& info, const MoveFault& fault) {
   if (!CopyData(from, to, fault)) return false;
-  CopyMetadata(to, info);
+  CopyMetadata(from, to, info);
   if (Faulted(fault, MoveStage::kSync) || fsync(to) != 0) return false;
   return !Faulted(fault, MoveStage::kPlace);
 }
