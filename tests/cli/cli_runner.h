@@ -1,6 +1,8 @@
 #ifndef TESSALY_TESTS_CLI_CLI_RUNNER_H_
 #define TESSALY_TESTS_CLI_CLI_RUNNER_H_
 
+#include <sys/types.h>
+
 #include <string>
 #include <vector>
 
@@ -17,6 +19,11 @@ struct CliResult {
 // TESSALY_REGISTRY_DIR set to `registryDir`. Kills it after a minute.
 CliResult RunCli(const std::vector<std::string>& args, const std::string& folder,
                  const std::string& registryDir);
+
+// Starts tessaly-cli as RunCli does, its output into files in
+// `registryDir`, and returns its process id without waiting.
+pid_t StartCli(const std::vector<std::string>& args, const std::string& folder,
+               const std::string& registryDir);
 
 }  // namespace tessaly::cli
 
