@@ -38,8 +38,8 @@ int WaitFor(pid_t pid, std::chrono::seconds limit) {
 
 }  // namespace
 
-CliResult RunCli(const std::vector<std::string>& args, const std::string& folder,
-                 const std::string& registryDir, const std::vector<std::string>& wrapper) {
+pid_t StartCli(const std::vector<std::string>& args, const std::string& folder,
+               const std::string& registryDir, const std::vector<std::string>& wrapper) {
   const std::string outPath = registryDir + "/.stdout";
   const std::string errPath = registryDir + "/.stderr";
   std::vector<std::string> argStrings = wrapper;
@@ -68,9 +68,17 @@ CliResult RunCli(const std::vector<std::string>& args, const std::string& folder
     execve(argv[0], argv.data(), envp.data());
     _exit(127);
   }
+  return pid;
+}
+
+CliResult RunCli(const std::vector<std::string>& args, const std::string& folder,
+                 const std::string& registryDir, const std::vector<std::string>& wrapper) {
   CliResult result;
+  const pid_t pid = StartCli(args, folder, registryDir, wrapper);
   if (pid < 0) return result;
   result.exitCode = WaitFor(pid, std::chrono::seconds(60));
+  const std::string outPath = registryDir + "/.stdout";
+  const std::string errPath = registryDir + "/.stderr";
   result.out = ReadAll(outPath);
   result.err = ReadAll(errPath);
   unlink(outPath.c_str());

@@ -1,6 +1,8 @@
 #ifndef TESSALY_TESTS_CLI_CLI_RUNNER_H_
 #define TESSALY_TESTS_CLI_CLI_RUNNER_H_
 
+#include <sys/types.h>
+
 #include <string>
 #include <vector>
 
@@ -18,6 +20,11 @@ struct CliResult {
 // `wrapper`, if given, is a command (absolute path first) that runs it.
 CliResult RunCli(const std::vector<std::string>& args, const std::string& folder,
                  const std::string& registryDir, const std::vector<std::string>& wrapper = {});
+
+// Starts tessaly-cli as RunCli does, its output into files in
+// `registryDir`, and returns its process id without waiting.
+pid_t StartCli(const std::vector<std::string>& args, const std::string& folder,
+               const std::string& registryDir, const std::vector<std::string>& wrapper = {});
 
 }  // namespace tessaly::cli
 

@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -116,10 +117,15 @@ class CrossDeviceMoveTest : public ::testing::Test {
   PosixFileSystem fs_;
 };
 
-TEST_F(CrossDeviceMoveTest, MovesDataPermissionsAndTime) {
+TEST_F(CrossDeviceMoveTest, MovesDataOwnerPermissionsTimesAndAttributes) {
+  const bool administrator = geteuid() == 0;
+  if (administrator) {
+    ASSERT_EQ(chown(From().c_str(), 1234, 5678), 0);
+  }
   chmod(From().c_str(), 0640);
   const struct timespec times[2] = {{1'000'000'000, 0}, {1'200'000'000, 0}};
   utimensat(AT_FDCWD, From().c_str(), times, 0);
+  const bool tagged = setxattr(From().c_str(), "user.tessaly", "kept", 4, 0) == 0;
   ASSERT_TRUE(fs_.Rename(ToModelPath(From()), ToModelPath(To())));
   EXPECT_EQ(ReadNative(To()), data_);
   EXPECT_THAT(NamesIn(source_.native()), ElementsAre());
@@ -127,6 +133,13 @@ TEST_F(CrossDeviceMoveTest, MovesDataPermissionsAndTime) {
   ASSERT_EQ(stat(To().c_str(), &moved), 0);
   EXPECT_EQ(moved.st_mode & 07777, 0640u);
   EXPECT_EQ(moved.st_mtim.tv_sec, 1'200'000'000);
+  char tag[8] = {};
+  if (tagged) {
+    EXPECT_EQ(getxattr(To().c_str(), "user.tessaly", tag, sizeof tag), 4);
+  }
+  if (!administrator) GTEST_SKIP() << "only an administrator can give a file to another owner";
+  EXPECT_EQ(moved.st_uid, 1234u);
+  EXPECT_EQ(moved.st_gid, 5678u);
 }
 
 TEST_F(CrossDeviceMoveTest, FailureAtAnyStageLeavesSourceWholeAndNoCopy) {
@@ -136,6 +149,17 @@ TEST_F(CrossDeviceMoveTest, FailureAtAnyStageLeavesSourceWholeAndNoCopy) {
     EXPECT_EQ(ReadNative(From()), data_);
     EXPECT_THAT(NamesIn(target_.native()), ElementsAre());
   }
+}
+
+TEST_F(CrossDeviceMoveTest, OnlyRegularFilesAreCopied) {
+  // Opening a FIFO would wait for a writer for good: the alarm ends the test instead.
+  const std::string fifo = source_.native() + "/pipe";
+  ASSERT_EQ(mkfifo(fifo.c_str(), 0644), 0);
+  alarm(10);
+  EXPECT_FALSE(fs_.Rename(ToModelPath(fifo), ToModelPath(target_.native() + "/pipe")));
+  alarm(0);
+  EXPECT_THAT(NamesIn(source_.native()), ElementsAre("big.bin", "pipe"));
+  EXPECT_THAT(NamesIn(target_.native()), ElementsAre());
 }
 
 TEST_F(CrossDeviceMoveTest, TargetAppearingDuringTheCopyIsNeverOverwritten) {

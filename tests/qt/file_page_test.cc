@@ -4,6 +4,7 @@
 
 #include <QItemSelectionModel>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
 #include <QDir>
@@ -103,7 +104,9 @@ TEST_F(FilePageTest, AddFilesTakesEveryFileChosenInTheDialog) {
     auto* dialog = qobject_cast<QFileDialog*>(modal);
     ASSERT_NE(dialog, nullptr);
     dialog->setDirectory(folder.path());
-    dialog->selectFile("\"b.txt\" \"a.txt\"");
+    // Typed into the name box: selectFile leaves the box alone once it has
+    // the focus, which it takes at some moment after opening.
+    Find<QLineEdit>(dialog, "fileNameEdit")->setText("\"b.txt\" \"a.txt\"");
     QMetaObject::invokeMethod(dialog, "accept");
   });
   Click(Find<QPushButton>(window(), "cmdAddFiles"));

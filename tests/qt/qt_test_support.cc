@@ -3,10 +3,13 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QRadioButton>
+#include <QDialog>
 #include <QDir>
 #include <QDropEvent>
+#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 #include <QUrl>
@@ -84,16 +87,48 @@ bool DropText(QWidget* target, const QString& text) {
   return Drop(target, data, nullptr);
 }
 
+namespace {
+
+// How long a modal window may take to open, and to close once answered,
+// before the test gives up on it: far beyond any wait on a busy machine.
+constexpr int kModalPatienceMs = 10'000;
+
+// Fails the test and closes `modal` if it is still open once the patience
+// is spent, so that a lost answer ends its loop instead of hanging.
+void CloseIfStillOpen(QPointer<QWidget> modal) {
+  QTimer::singleShot(kModalPatienceMs, [modal] {
+    if (modal.isNull() || !modal->isVisible()) return;
+    ADD_FAILURE() << "modal window \"" << modal->windowTitle().toStdString()
+                  << "\" still open " << kModalPatienceMs << " ms after it was answered";
+    if (auto* dialog = qobject_cast<QDialog*>(modal.data())) {
+      dialog->reject();
+    } else {
+      modal->close();
+    }
+  });
+}
+
+}  // namespace
+
 void WhenModalOpens(std::function<void(QWidget*)> action) {
   // Polls, since the modal loop starts only after the call that opens it.
   auto* timer = new QTimer;
   timer->setInterval(10);
-  QObject::connect(timer, &QTimer::timeout, [timer, action] {
+  QElapsedTimer waited;
+  waited.start();
+  QObject::connect(timer, &QTimer::timeout, [timer, action, waited] {
     QWidget* modal = QApplication::activeModalWidget();
-    if (modal == nullptr || !modal->isVisible()) return;
+    const bool open = modal != nullptr && modal->isVisible();
+    if (!open && !waited.hasExpired(kModalPatienceMs)) return;
     timer->stop();
     timer->deleteLater();
+    if (!open) {
+      ADD_FAILURE() << "no modal window opened within " << kModalPatienceMs << " ms";
+      return;
+    }
+    const QPointer<QWidget> answered(modal);
     action(modal);
+    CloseIfStillOpen(answered);
   });
   timer->start();
 }

@@ -54,7 +54,9 @@ bool DropFiles(QWidget* target, const QStringList& nativePaths, const QPoint* wh
 bool DropText(QWidget* target, const QString& text);
 
 // Runs `action` on the next modal window once it is open (a dialog or a
-// message box opened by the step that follows).
+// message box opened by the step that follows). Fails the test if none opens
+// within seconds, or if the window is still open seconds after `action`, and
+// then closes it so the test goes on.
 void WhenModalOpens(std::function<void(QWidget*)> action);
 
 // Saves a picture of `widget` as build/screenshots/<name>.png.

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <vector>
 
+#include "platform/posix/copied_metadata.h"
 #include "platform/posix/no_replace_rename.h"
 
 namespace tessaly {
@@ -62,18 +63,10 @@ bool CopyData(int from, int to, const MoveFault& fault) {
   }
 }
 
-// Permissions and times go along as a move keeps them; a file system that
-// cannot hold them does not stop the move.
-void CopyMetadata(int to, const struct stat& info) {
-  fchmod(to, info.st_mode & 07777);
-  const struct timespec times[2] = {info.st_atim, info.st_mtim};
-  futimens(to, times);
-}
-
 // Fills the copy and flushes it to disk, so that once it has a name it is whole.
 bool WriteCopy(int from, int to, const struct stat& info, const MoveFault& fault) {
   if (!CopyData(from, to, fault)) return false;
-  CopyMetadata(to, info);
+  CopyMetadata(from, to, info);
   if (Faulted(fault, MoveStage::kSync) || fsync(to) != 0) return false;
   return !Faulted(fault, MoveStage::kPlace);
 }
@@ -105,13 +98,29 @@ void SyncFolder(const std::string& folder) {
   if (dir) fsync(dir.get());
 }
 
+// Opens `path` for reading only when it is a regular file, looked at before
+// the open: opening a FIFO waits for a writer, and opening a device can act
+// on it. The entry is checked again once open, in case it was swapped.
+int OpenRegularFile(const std::string& path, struct stat& info) {
+  if (lstat(path.c_str(), &info) != 0 || !S_ISREG(info.st_mode)) return -1;
+  const int fd = open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+  struct stat opened {};
+  if (fd >= 0 && fstat(fd, &opened) == 0 && S_ISREG(opened.st_mode) &&
+      opened.st_dev == info.st_dev && opened.st_ino == info.st_ino) {
+    info = opened;
+    return fd;
+  }
+  if (fd >= 0) close(fd);
+  return -1;
+}
+
 }  // namespace
 
 bool MoveAcrossFileSystems(const std::string& source, const std::string& target,
                            const MoveFault& fault) {
-  const UniqueFd in(open(source.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC));
   struct stat info {};
-  if (!in || fstat(in.get(), &info) != 0 || !S_ISREG(info.st_mode)) return false;
+  const UniqueFd in(OpenRegularFile(source, info));
+  if (!in) return false;
   const std::string folder = FolderOf(target);
   std::string tempName;
   bool placed = false;

@@ -14,8 +14,9 @@ struct HiveFile {
   std::string path;  // the database file inside `folder`
   mode_t folderMode = 0700;
   mode_t fileMode = 0600;
-  // How long a call waits for another process's write to end.
-  int busyTimeoutMs = 10000;
+  // How long a call waits for another process's write to end: short
+  // enough that nobody takes the program for hung.
+  int busyTimeoutMs = 2000;
   // How long a read may trust the cache without asking whether another
   // process has written since; this process's own writes are seen at once.
   std::chrono::microseconds freshness{1000};

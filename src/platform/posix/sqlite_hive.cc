@@ -23,7 +23,7 @@ long SqliteHive::FindKeyInDatabase(const std::string& foldedKey) {
   StatementUse use(findKey_.get());
   const int result = use.Bind(1, foldedKey).Step();
   if (result == SQLITE_DONE) return reg::kNotFound;
-  return RegistryCodeFor(result);
+  return CodeFor(result);
 }
 
 long SqliteHive::CheckWritable() {
@@ -59,7 +59,7 @@ long SqliteHive::ReadValueFromDatabase(const std::string& foldedKey, const std::
   StatementUse use(readValue_.get());
   const int result = use.Bind(1, foldedKey).Bind(2, foldedName).Step();
   if (result == SQLITE_DONE) return reg::kSuccess;  // no such value: value->answer says so
-  if (result != SQLITE_ROW) return RegistryCodeFor(result);
+  if (result != SQLITE_ROW) return CodeFor(result);
   value->answer = reg::kSuccess;
   value->type = static_cast<std::uint32_t>(use.Integer(0));
   const auto stored = use.Bytes(1);
@@ -92,7 +92,7 @@ long SqliteHive::WriteValue(const std::string& foldedKey, std::string_view name,
     StatementUse use(writeValue_.get());
     use.Bind(1, foldedKey).Bind(2, foldedName).Bind(3, name);
     use.Bind(4, static_cast<std::int64_t>(type)).Bind(5, bytes);
-    code = RegistryCodeFor(use.Step());
+    code = CodeFor(use.Step());
   }
   if (code == reg::kSuccess) code = Execute("COMMIT");
   if (code != reg::kSuccess) Execute("ROLLBACK");
@@ -126,7 +126,7 @@ long SqliteHive::InsertKeys(const std::vector<registry_rules::KeyName>& names, b
   for (std::size_t count = 1; count <= names.size(); ++count) {
     StatementUse use(insertKey_.get());
     use.Bind(1, registry_rules::FoldedPath(names, count)).Bind(2, names[count - 1].written);
-    if (const long code = RegistryCodeFor(use.Step()); code != reg::kSuccess) return code;
+    if (const long code = CodeFor(use.Step()); code != reg::kSuccess) return code;
   }
   return reg::kSuccess;
 }

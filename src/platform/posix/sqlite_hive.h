@@ -18,7 +18,8 @@ namespace tessaly {
 
 // One hive in one SQLite database file. The file is opened at first need and
 // kept open; a read never creates it. Every write is its own transaction,
-// waiting for other processes' writes to end. Keys and values are filed under
+// waiting a short while for other processes' writes to end; after one wait
+// in vain every call fails at once. Keys and values are filed under
 // their folded names. Reads are answered from a cache while the database's
 // version is unchanged. Results are registry codes.
 class SqliteHive {
@@ -60,8 +61,12 @@ class SqliteHive {
   long InsertKeys(const std::vector<registry_rules::KeyName>& names, bool* existed);
   long Execute(const char* sql);
   void Close();
+  // The registry code for an SQLite result; a lock waited out in vain makes
+  // the hive unavailable.
+  long CodeFor(int sqliteCode);
 
   HiveFile file_;
+  bool unavailable_ = false;  // for the rest of the process, after one wait in vain
   sqlite3* db_ = nullptr;
   bool hasSchema_ = false;
   HiveReadCache cache_;
@@ -72,9 +77,6 @@ class SqliteHive {
   Statement writeValue_;
   Statement insertKey_;
 };
-
-// The registry code for an SQLite result.
-long RegistryCodeFor(int sqliteCode);
 
 }  // namespace tessaly
 

@@ -28,8 +28,7 @@ long CodeForErrno(int error) {
                                                                : reg::kIoFailed;
 }
 
-}  // namespace
-
+// The registry code for an SQLite result.
 long RegistryCodeFor(int sqliteCode) {
   switch (sqliteCode & 0xff) {
     case SQLITE_OK:
@@ -49,7 +48,17 @@ long RegistryCodeFor(int sqliteCode) {
   }
 }
 
+}  // namespace
+
+long SqliteHive::CodeFor(int sqliteCode) {
+  // Waiting once is enough: a lock held that long is held by someone who
+  // will not let go soon, and every call would wait again.
+  if ((sqliteCode & 0xff) == SQLITE_BUSY) unavailable_ = true;
+  return RegistryCodeFor(sqliteCode);
+}
+
 long SqliteHive::Connect(Need need) {
+  if (unavailable_) return reg::kIoFailed;
   if (db_ == nullptr) {
     if (access(file_.path.c_str(), F_OK) != 0) {
       if (need == Need::kRead) return reg::kNotFound;
@@ -59,7 +68,7 @@ long SqliteHive::Connect(Need need) {
     const int opened = sqlite3_open_v2(file_.path.c_str(), &db_, SQLITE_OPEN_READWRITE, nullptr);
     if (opened != SQLITE_OK) {
       Close();
-      return RegistryCodeFor(opened);
+      return CodeFor(opened);
     }
     sqlite3_busy_timeout(db_, file_.busyTimeoutMs);
   }
@@ -116,7 +125,7 @@ long SqliteHive::PrepareSchema() {
   {
     StatementUse use(version.get());
     const int result = use.Step();
-    if (result != SQLITE_ROW) return RegistryCodeFor(result);
+    if (result != SQLITE_ROW) return CodeFor(result);
     found = use.Integer(0);
   }
   if (found == 0) {
@@ -135,11 +144,11 @@ long SqliteHive::PrepareSchema() {
 }
 
 long SqliteHive::Prepare(Statement& statement, const char* sql) {
-  return RegistryCodeFor(statement.Prepare(db_, sql));
+  return CodeFor(statement.Prepare(db_, sql));
 }
 
 long SqliteHive::Execute(const char* sql) {
-  return RegistryCodeFor(sqlite3_exec(db_, sql, nullptr, nullptr, nullptr));
+  return CodeFor(sqlite3_exec(db_, sql, nullptr, nullptr, nullptr));
 }
 
 void SqliteHive::Close() {
