@@ -16,7 +16,7 @@ bool ActsAsLayout(char32_t code) {
 }
 
 void AppendHex(std::string& out, const char* format, unsigned value) {
-  char escape[8];
+  char escape[16];
   std::snprintf(escape, sizeof escape, format, value);
   out += escape;
 }
