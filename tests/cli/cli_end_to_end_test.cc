@@ -111,11 +111,10 @@ class CliEndToEnd : public ::testing::Test {
 
   // The line of one file in the change log, the time left open.
   std::string FileLine(const std::string& oldName, const std::string& newName,
-                       const std::string& outcome, const std::string& newFolder = "") {
-    const std::string folder6 = (files + "/").substr(0, 6);
-    const std::string newFolder6 = newFolder.empty() ? folder6 : (newFolder + "/").substr(0, 6);
-    return R"(^[0-9]{2}:[0-9]{2}:[0-9]{2} - )" + Literal(folder6) + R"(\.\.\./)" + Literal(oldName) +
-           " > " + Literal(newFolder6) + R"(\.\.\./)" + Literal(newName) + " " + Literal(outcome) + "$";
+                       const std::string& outcome) {
+    const std::string folder6 = Literal((files + "/").substr(0, 6)) + R"(\.\.\./)";
+    return R"(^[0-9]{2}:[0-9]{2}:[0-9]{2} - )" + folder6 + Literal(oldName) + " > " + folder6 +
+           Literal(newName) + " " + Literal(outcome) + "$";
   }
 
   std::string root;
@@ -223,53 +222,6 @@ TEST_F(CliEndToEnd, FoldersAreMatchedOrLeftAlone) {
   EXPECT_EQ(Names(files + "/my_photos.2024"), (std::set<std::string>{"a bc.txt"}));
 }
 
-TEST_F(CliEndToEnd, SecondFileToTheSameNameStaysUnderItsTempNameWhenNobodyCanSayYes) {
-  MakeFile("one.txt", "first");
-  MakeFile("two.txt", "second");
-  const CliResult result = Run({"one.txt", "two.txt", "/placement1:same", "/step:4", "/exit"});
-
-  EXPECT_EQ(Names(), (std::set<std::string>{"same.txt", "same.txt.temp"}));
-  EXPECT_EQ(Content("same.txt"), "first");
-  EXPECT_EQ(Content("same.txt.temp"), "second");
-  EXPECT_EQ(result.exitCode, 1);
-  EXPECT_THAT(result.err,
-              HasSubstr("Confirm Overwrite: The file 'same.txt' already exists. Would you like "
-                        "to overwrite this file?\n"
-                        "Confirm Overwrite: no terminal to ask, answering No\n"));
-  const std::vector<std::string> lines = Lines(result.out);
-  ASSERT_GE(lines.size(), 7u) << result.out;
-  EXPECT_THAT(lines[5], ContainsRegex(FileLine("one.txt", "same.txt", "(Completed)")));
-  EXPECT_THAT(lines[6], ContainsRegex(FileLine("two.txt", "same.txt",
-                                               "(Completed - Error Removing Temp File)")));
-  EXPECT_THAT(result.out, HasSubstr("\n\n\n1 files where renamed successfully.\n"
-                                    "1 files where renamed but with errors.\n\nRenaming Completed"));
-}
-
-TEST_F(CliEndToEnd, PlacementWithABackslashMovesIntoAnExistingFolderOnly) {
-  fs::create_directory(files + "/archive");
-  MakeFile("Report.TXT", "kept");
-  const CliResult moved = Run({"Report.TXT", R"(/placement1:archive\)",
-                               "/placement2:Document Name", "/placement3:extension", "/step:4",
-                               "/exit"});
-  EXPECT_EQ(Names(files + "/archive"), (std::set<std::string>{"Report.txt"}));
-  EXPECT_EQ(Names(), (std::set<std::string>{"archive"}));
-  // The log cuts every folder to six characters.
-  EXPECT_THAT(Lines(moved.out), Contains(ContainsRegex(
-                                    FileLine("Report.TXT", "Report.txt", "(Completed)"))));
-
-  // Nothing creates a folder: a new path in a missing one fails.
-  MakeFile("Other.TXT");
-  const CliResult failed = Run({"Other.TXT", R"(/placement1:missing\)",
-                                "/placement2:Document Name", "/placement3:extension", "/step:4",
-                                "/exit"});
-  EXPECT_EQ(Names(), (std::set<std::string>{"archive", "Other.TXT"}));
-  EXPECT_THAT(Lines(failed.out),
-              Contains(ContainsRegex(
-                  FileLine("Other.TXT", "Other.txt", "(Failed! - Error Renaming File)"))));
-  EXPECT_THAT(failed.out, HasSubstr("1 files failed to be renamed."));
-  EXPECT_EQ(failed.exitCode, 1);
-}
-
 // Short runs, one row each: the files made, the words given, what the
 // folder holds after, the exit status, and what the two outputs hold.
 TEST_F(CliEndToEnd, ShortRuns) {
@@ -313,8 +265,11 @@ TEST_F(CliEndToEnd, ShortRuns) {
     EXPECT_EQ(result.exitCode, row.exitCode) << result.err;
     EXPECT_EQ(Names(), row.after);
     const std::string outHas = std::regex_replace(row.outHas, std::regex("FILES"), files);
-    if (outHas.empty()) EXPECT_EQ(result.out, "");
-    EXPECT_THAT(result.out, HasSubstr(outHas));
+    if (outHas.empty()) {
+      EXPECT_EQ(result.out, "");
+    } else {
+      EXPECT_THAT(result.out, HasSubstr(outHas));
+    }
     EXPECT_THAT(result.err, HasSubstr(row.errHas));
   }
 }
