@@ -8,11 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "lists/unwanted_formatting.h"
-#include "platform/memory/fixed_locale.h"
-#include "platform/memory/memory_registry.h"
-#include "settings/settings_store.h"
-#include "wizard/progress_form.h"
 
 namespace tessaly::cli {
 namespace {
@@ -61,24 +56,26 @@ TEST_F(TerminalUiTest, WithNoTerminalTheAnswerIsNoAndSaidSo) {
   EXPECT_TRUE(person.prompts.empty());
 }
 
-TEST_F(TerminalUiTest, AsksAgainUntilTheAnswerIsUnderstood) {
-  person.answers = {"maybe", "", " Y "};
-  EXPECT_EQ(AskOverwrite(), MessageAnswer::kYes);
-  ASSERT_EQ(person.prompts.size(), 3u);
+// Each row: what the person types, one line at a time, and the answers
+// read from it; a line not understood is asked again, and the end of input
+// is No.
+TEST_F(TerminalUiTest, ReadsEachAnswer) {
+  const struct {
+    std::vector<std::string> typed;
+    std::vector<MessageAnswer> read;
+  } rows[] = {
+      {{"maybe", "", " Y "}, {MessageAnswer::kYes}},
+      {{"no", "C", "yes", "n"},
+       {MessageAnswer::kNo, MessageAnswer::kCancel, MessageAnswer::kYes, MessageAnswer::kNo}},
+      {{}, {MessageAnswer::kNo}},
+  };
+  for (const auto& row : rows) {
+    person.answers.assign(row.typed.begin(), row.typed.end());
+    for (MessageAnswer answer : row.read) EXPECT_EQ(AskOverwrite(), answer);
+  }
+  ASSERT_GE(person.prompts.size(), 3u);
   EXPECT_EQ(person.prompts[0],
             "Confirm Overwrite: " + std::string(kShownQuestion) + " [y]es, [n]o, [c]ancel? ");
-}
-
-TEST_F(TerminalUiTest, ReadsEachAnswer) {
-  person.answers = {"no", "C", "yes", "n"};
-  EXPECT_EQ(AskOverwrite(), MessageAnswer::kNo);
-  EXPECT_EQ(AskOverwrite(), MessageAnswer::kCancel);
-  EXPECT_EQ(AskOverwrite(), MessageAnswer::kYes);
-  EXPECT_EQ(AskOverwrite(), MessageAnswer::kNo);
-}
-
-TEST_F(TerminalUiTest, EndOfInputCountsAsNo) {
-  EXPECT_EQ(AskOverwrite(), MessageAnswer::kNo);
   EXPECT_NE(messages.str().find("no answer, answering No"), std::string::npos);
 }
 
@@ -92,34 +89,6 @@ TEST_F(TerminalUiTest, OkBoxIsPrintedWithoutAsking) {
 TEST_F(TerminalUiTest, PickersAreCancelled) {
   EXPECT_EQ(ui.BrowseForFolder("Select a folder", "\\home"), "");
   EXPECT_FALSE(ui.ShowOpenFileDialog(OpenFileRequest{}).accepted);
-}
-
-TEST_F(TerminalUiTest, ProgressWindowBecomesOneLineWithItsLastState) {
-  FixedLocale locale;
-  auto progress = std::make_unique<fProgress>(ui, locale);
-  progress->Load();
-  ui.Show(*progress);
-  progress->SetCaption("Renaming and Moving Files...");
-  progress->start(0, 3);
-  for (int i = 1; i <= 3; ++i) progress->setvalue(i);
-  progress->setvalue(3);
-  progress->Unload();
-  progress.reset();
-  EXPECT_EQ(messages.str(), "Renaming and Moving Files...  100%\n");
-  EXPECT_EQ(out.str(), "");
-}
-
-TEST_F(TerminalUiTest, ListDialogPrintsItsRowsReadOnly) {
-  MemoryRegistry registry;
-  SettingsStore store(registry);
-  fUnwantedFormatting dialog(store, ui);
-  dialog.Load();
-  ui.ShowModal(dialog);
-  dialog.Unload();
-  const std::string printed = out.str();
-  EXPECT_EQ(printed.find(dialog.caption()), 0u);
-  EXPECT_NE(printed.find("\n  [ ] Copy Of\n"), std::string::npos);
-  EXPECT_NE(printed.find("\n  [ ] - -\n"), std::string::npos);
 }
 
 }  // namespace

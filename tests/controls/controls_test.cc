@@ -132,19 +132,6 @@ TEST(ListBox, RowsEqualIgnoringCaseKeepTheirArrivalOrder) {
   EXPECT_EQ(Texts(list), spellings);
 }
 
-TEST(ListBox, CurrentRowFollowsItsRowThroughAMerge) {
-  ListBox list(/*sorted=*/true);
-  list.AddItem("m");
-  list.SetListIndex(0);
-  for (const char* text : {"a", "z", "b"}) list.AddItem(text);
-  EXPECT_EQ(list.FindExact("Q"), -1);
-  EXPECT_EQ(list.FindExact("Z"), 3);
-  EXPECT_EQ(list.ListIndex(), 2);
-  list.SetSelected(0, true);
-  list.SetSelected(3, true);
-  EXPECT_EQ(list.SelCount(), 2u);
-}
-
 // Changing a text keeps a sorted list sorted, so its look-ups stay right.
 TEST(ListBox, ChangedTextMovesToItsSortedPlace) {
   ListBox list(/*sorted=*/true);

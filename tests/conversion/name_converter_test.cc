@@ -329,13 +329,5 @@ TEST_F(NameConverterTest, IncludePathsOnlyShowsThePanel) {
   EXPECT_FALSE(options_.pFolderPathVisible);
 }
 
-TEST_F(NameConverterTest, TheSourcePathIsNeverAltered) {
-  const std::string source = "c:\\a\\x (1).txt";
-  options_.chkRemoveNumbers = kChecked;
-  options_.chkUpperCase = kChecked;
-  EXPECT_EQ(converter_.ConvertName(options_, source), "c:\\a\\X .TXT");
-  EXPECT_EQ(source, "c:\\a\\x (1).txt");
-}
-
 }  // namespace
 }  // namespace tessaly

@@ -9,9 +9,8 @@
 #include <map>
 #include <optional>
 
-#include "controls/form.h"
 #include "platform/memory/memory_file_system.h"
-#include "platform/memory/scripted_ui.h"
+#include "platform/open_file_answer.h"
 #include "platform/posix/existing_short_paths.h"
 #include "platform/posix/posix_locale.h"
 #include "platform/posix/posix_program.h"
@@ -21,7 +20,6 @@
 namespace tessaly {
 namespace {
 
-using ::testing::ElementsAre;
 
 // Sets environment variables for a scope and puts back what was there.
 class ScopedEnvironment {
@@ -138,52 +136,24 @@ TEST(ExistingShortPathsTest, AnExistingPathIsItsOwnShortForm) {
   EXPECT_EQ(shortPaths.ShortPathOf(""), "");
 }
 
-TEST(ScriptedUiTest, OpenFileAnswersAreShapedLikeTheDesktopDialogs) {
-  const OpenFileAnswer one = ScriptedUi::SingleFileAnswer("C:\\Docs\\report.txt");
+TEST(OpenFileAnswerTest, AnswersAreShapedLikeTheDesktopDialogs) {
+  const OpenFileAnswer one = SingleFileAnswer("C:\\Docs\\report.txt");
   ASSERT_TRUE(one.accepted);
   ASSERT_EQ(one.buffer.size(), 257u);
   EXPECT_EQ(one.buffer.substr(0, 19), std::string("C:\\Docs\\report.txt") + '\0');
   EXPECT_EQ(one.extensionOffset, 15);
   EXPECT_EQ(one.buffer.substr(255), std::string(2, '\0'));
   // Without an extension the offset points at the end, never at 0.
-  EXPECT_EQ(ScriptedUi::SingleFileAnswer("C:\\Docs.v2\\README").extensionOffset, 17);
+  EXPECT_EQ(SingleFileAnswer("C:\\Docs.v2\\README").extensionOffset, 17);
 
-  const OpenFileAnswer many = ScriptedUi::MultipleFilesAnswer("C:\\Docs", {"a.txt", "bb"});
+  const OpenFileAnswer many = MultipleFilesAnswer("C:\\Docs", {"a.txt", "bb"});
   ASSERT_TRUE(many.accepted);
   EXPECT_EQ(many.extensionOffset, 0);
   EXPECT_EQ(many.buffer.substr(0, 18), std::string("C:\\Docs\0a.txt\0bb\0\0", 18));
   EXPECT_EQ(many.buffer[18], ' ');
 
   const std::vector<std::string> tooMany(30, "long-name.txt");
-  EXPECT_FALSE(ScriptedUi::MultipleFilesAnswer("C:\\Docs", tooMany).accepted);
-}
-
-TEST(ScriptedUiTest, DialogsRecordWhatWasAskedAndAnswerFromTheScript) {
-  ScriptedUi ui;
-  struct Dialog : Form {
-    explicit Dialog(std::string name) : Form(std::move(name), "") {}
-    void Form_Load() override {}
-    void Form_QueryUnload() override {}
-  } replace("fReplaceAdvanced"), formatting("fUnwantedFormatting");
-  int edits = 0;
-  ui.OnModal("fReplaceAdvanced", [&](Form& shown) { edits += &shown == &replace; });
-  ui.ShowModal(replace);
-  ui.ShowModal(formatting);
-  ui.Show(formatting);
-  EXPECT_EQ(edits, 1);
-  EXPECT_THAT(ui.modalDialogs(), ElementsAre("fReplaceAdvanced", "fUnwantedFormatting"));
-  EXPECT_THAT(ui.shownForms(), ElementsAre("fUnwantedFormatting"));
-
-  ui.QueueFolder("C:\\Photos");
-  EXPECT_EQ(ui.BrowseForFolder("Select Directory to Add", ""), "C:\\Photos");
-  EXPECT_EQ(ui.BrowseForFolder("Again", "C:\\"), "");  // nothing queued: cancelled
-  EXPECT_EQ(ui.folderQuestions().back().startFolder, "C:\\");
-
-  EXPECT_FALSE(ui.ShowOpenFileDialog({"*.*|*.*", "", "", 0x382204}).accepted);
-  EXPECT_EQ(ui.openFileRequests().front().flags, 0x382204u);
-
-  ui.LetPendingEventsRun();
-  EXPECT_EQ(ui.pendingEventRuns(), 1);
+  EXPECT_FALSE(MultipleFilesAnswer("C:\\Docs", tooMany).accepted);
 }
 
 }  // namespace

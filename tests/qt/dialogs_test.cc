@@ -65,32 +65,9 @@ TEST_F(DialogsTest, AdvancedReplaceAddsRowsOnTopAndStoresTheirMarks) {
   EXPECT_EQ(Stored("ReplaceList"), "_ >>  %%1|Copy of  >> %%0|");
 }
 
-TEST_F(DialogsTest, AdvancedReplaceRefusesASeparatorWithAMessage) {
-  QString message;
-  WhenModalOpens([&](QWidget* dialog) {
-    TypeOver(Find<QComboBox>(dialog, "cboBatch0"), "a|b");
-    WhenModalOpens([&](QWidget* box) {
-      message = box->findChild<QLabel*>("qt_msgbox_label")->text();
-      SaveScreenshot(box, "message_refusal");
-      Click(box->findChild<QPushButton*>());
-    });
-    Click(Find<QPushButton>(dialog, "cmdAdd"));
-    EXPECT_EQ(Find<QListView>(dialog, "lstReplace")->model()->rowCount(), 0);
-    Click(Find<QPushButton>(dialog, "cmdAccept"));
-  });
-  form->cmdReplaceAdv_Click();
-  Settle();
-  EXPECT_THAT(message.toStdString(), ::testing::StartsWith("This text cannot be added"));
-}
-
 TEST_F(DialogsTest, UnwantedFormattingEditsItsRowsAndSavesOnFinished) {
   bool worked = false;
   WhenModalOpens([&](QWidget* dialog) {
-    EXPECT_EQ(dialog->windowTitle(), "Define 'Unwanted Formatting' Settings");
-    EXPECT_EQ(Find<QLabel>(dialog, "lblHeading")->text(), "Define Unwanted Formatting Settings");
-    EXPECT_EQ(Find<QLabel>(dialog, "lblCommonSettings")->text(), " Common Settings");
-    EXPECT_EQ(Find<QPushButton>(dialog, "cmdAdd")->text(), "&Add >>");
-    EXPECT_EQ(Find<QPushButton>(dialog, "cmdExit")->text(), "&Finished");
     auto* list = Find<QListView>(dialog, "lstRemove");
     ASSERT_EQ(list->model()->rowCount(), 7);
     EXPECT_EQ(Rows(list).first(), "Copy Of [ ]");

@@ -34,12 +34,6 @@ TEST_F(ProgressWindowTest, ThreeFilesClimbInThirds) {
   EXPECT_EQ(ui.progressWindow(), nullptr);  // gone with its form
 }
 
-TEST_F(ProgressWindowTest, EightFilesShowAnEighthAsTwelvePointFive) {
-  PreviewOf(8);
-  EXPECT_EQ(ui.progressTexts, (QStringList{"0%", "12.5%", "25%", "37.5%", "50%", "62.5%", "75%",
-                                           "87.5%", "100%"}));
-}
-
 TEST_F(ProgressWindowTest, StandsCentredOnTheWizardWithoutHoldingIt) {
   bool looked = false;
   ui.onPendingEvents = [&] {

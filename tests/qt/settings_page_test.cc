@@ -69,16 +69,6 @@ TEST_F(SettingsPageTest, GreyedBoxIsDrawnPartlyCheckedAndAClickTicksIt) {
   EXPECT_EQ(spaces->checkState(), Qt::Checked);
 }
 
-TEST_F(SettingsPageTest, UppercaseAndLowercaseExcludeEachOtherOnScreen) {
-  auto* upper = Find<QCheckBox>(window(), "chkUpperCase");
-  auto* lower = Find<QCheckBox>(window(), "chkLowercase");
-  Click(upper);
-  Click(lower);
-  EXPECT_FALSE(upper->isChecked());
-  EXPECT_TRUE(lower->isChecked());
-  EXPECT_EQ(example->toPlainText().split('\n').at(1), "copy of myfile -    space - 04 - oddy.jpg");
-}
-
 TEST_F(SettingsPageTest, ChoosingAdvancedFillsBothBoxesAndOpensTheDialog) {
   auto* with = Find<QComboBox>(window(), "cboBatch7");
   QString openTitle;

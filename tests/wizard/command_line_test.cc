@@ -111,16 +111,6 @@ TEST_F(CommandLineTest, PlacementsSurviveTheFillingOfStep2) {
   EXPECT_EQ(wizard.cboBatch[3].text(), "");
 }
 
-TEST_F(CommandLineTest, UnattendedRunRenamesStoresAndEnds) {
-  MakeFiles({"C:\\u\\Big Photo.JPG", "C:\\u\\Notes.TXT"});
-  fTessaly& wizard = Start(
-      R"x(C:\u\Big Photo.JPG;C:\u\Notes.TXT /settings:LowerCase /placement2:"(none)" /step:4 /hide /exit)x");
-  EXPECT_TRUE(wizard.ended());
-  EXPECT_THAT(files.Paths(), ::testing::IsSupersetOf({"C:\\u\\big photo", "C:\\u\\notes"}));
-  EXPECT_EQ(StoredState("chkLowercase"), 1);
-  EXPECT_THAT(ui.shownForms(), ElementsAre("fProgress", "fProgress"));  // never the wizard
-}
-
 TEST_F(CommandLineTest, ShowAndHideDecideWhetherTheWizardAppears) {
   struct Case {
     const char* line;

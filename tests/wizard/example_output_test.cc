@@ -103,16 +103,6 @@ INSTANTIATE_TEST_SUITE_P(
                 1, 1}),
     [](const auto& info) { return std::string(info.param.name); });
 
-TEST_F(ExampleOutputTest, GreyedUnderscoresShowUnderscoresForAllBlanks) {
-  fTessaly& wizard = AtStep2();
-  wizard.chkAllowSpaces.SetValue(0);
-  wizard.chkRemoveu.SetValue(1);  // ticks Allow Spaces again
-  EXPECT_EQ(wizard.chkAllowSpaces.value(), 1);
-  wizard.chkAllowSpaces.SetValue(0);
-  EXPECT_EQ(wizard.chkRemoveu.value(), 2);
-  EXPECT_THAT(wizard.txtExample.text(), ::testing::HasSubstr("Copy_of_MYFILE"));
-}
-
 TEST_F(ExampleOutputTest, RealFilesFollowTheListSize) {
   fTessaly& wizard = AtStep2();
   AddFiles({"C:\\f\\a.txt", "C:\\f\\b.txt"});

@@ -25,19 +25,6 @@ ButtonState Buttons(const fTessaly& form) {
           form.cmdBack.enabled(), form.cmdBack.visible(), form.cmdCancel.caption()};
 }
 
-TEST_F(StepMachineTest, StartShowsWelcomeWithVersionedCaption) {
-  fTessaly& wizard = Start();
-  EXPECT_EQ(wizard.caption(), "Tessaly - v1.0.14");
-  EXPECT_EQ(wizard.CurrentStep, 0);
-  EXPECT_TRUE(wizard.pStep[0].visible());
-  EXPECT_TRUE(wizard.lblStep[0].bold());
-  EXPECT_EQ(wizard.lWelcome.caption(),
-            "Welcome to the Tessaly wizard.  This wizard will guide you through the process of "
-            "renaming your files.\r\n\r\nClick next to begin.");
-  EXPECT_THAT(ui.shownForms(), ElementsAre("fTessaly"));
-  EXPECT_EQ(wizard.SamplePath2, "c:\\graphics\\common\\Copy of MYFILE -    SPACE - 04 - Oddy.JPG");
-}
-
 TEST_F(StepMachineTest, ButtonsFollowTheStepTable) {
   fTessaly& wizard = Start();
   EXPECT_EQ(Buttons(wizard), (ButtonState{"Next >", true, true, false, true, "Cancel"}));
