@@ -78,10 +78,14 @@ TEST_F(RenameRunTest, LocaleSeparatorsShapeDatesAndTimes) {
 TEST_F(RenameRunTest, EveryOutcomeWithItsColourAndCounter) {
   // a → "(Completed)"; b's target is taken and the person says Yes →
   // "(Completed)"; c is removed before the run → failed; d's target is
-  // taken, the person says No → temp file stays.
+  // taken, the person says No → temp file stays; f is copied but, read-only,
+  // cannot be removed → the original stays.
   MakeFiles({"C:\\w\\b-new.txt", "C:\\w\\d-new.txt"});
   fTessaly& wizard = Start();
-  AddFiles({"C:\\w\\a.txt", "C:\\w\\b.txt", "C:\\w\\c.txt", "C:\\w\\d.txt", "C:\\w\\e-new.txt"});
+  AddFiles({"C:\\w\\a.txt", "C:\\w\\b.txt", "C:\\w\\c.txt", "C:\\w\\d.txt", "C:\\w\\e-new.txt",
+            "C:\\w\\f.txt"});
+  files.MakeReadOnly("C:\\w\\f.txt");
+  files.CopyInsteadOfMoving("C:\\w\\f.txt");
   wizard.lblStep[2].Click();
   wizard.cboBatch[2].SetText("-new");
   wizard.cboBatch[0].SetText("Document Name");
@@ -99,9 +103,10 @@ TEST_F(RenameRunTest, EveryOutcomeWithItsColourAndCounter) {
                   "C:\\w\\...\\b.txt > C:\\w\\...\\b-new.txt (Completed)",
                   "C:\\w\\...\\c.txt > C:\\w\\...\\c-new.txt (Failed! - Error Renaming File)",
                   "C:\\w\\...\\d.txt > C:\\w\\...\\d-new.txt (Completed - Error Removing Temp File)",
-                  "C:\\w\\...\\e-new.txt > C:\\w\\...\\e-new-new.txt (Completed)"));
+                  "C:\\w\\...\\e-new.txt > C:\\w\\...\\e-new-new.txt (Completed)",
+                  "C:\\w\\...\\f.txt > C:\\w\\...\\f-new.txt (Completed - Error Removing Original File)"));
   const std::string& log = wizard.tLog.text();
-  EXPECT_THAT(log, HasSubstr("\r\n\r\n3 files where renamed successfully.\r\n1 files where renamed "
+  EXPECT_THAT(log, HasSubstr("\r\n\r\n3 files where renamed successfully.\r\n2 files where renamed "
                              "but with errors.\r\n1 files failed to be renamed.\r\n\r\nRenaming "
                              "Completed at:"));
   const auto colourOf = [&](std::string_view piece) {
@@ -111,6 +116,7 @@ TEST_F(RenameRunTest, EveryOutcomeWithItsColourAndCounter) {
   EXPECT_EQ(colourOf("a.txt >"), (Rgb{0, 0, 255}));
   EXPECT_EQ(colourOf("c.txt >"), (Rgb{255, 0, 0}));
   EXPECT_EQ(colourOf("d.txt >"), (Rgb{0, 0, 0}));
+  EXPECT_EQ(colourOf("f.txt >"), (Rgb{255, 0, 0}));
   EXPECT_EQ(colourOf("Renaming Started"), (Rgb{0, 0, 0}));
   EXPECT_EQ(colourOf("(Completed)\r\n14"), (Rgb{0, 0, 255}));  // whole line, outcome too
 }

@@ -159,6 +159,14 @@ bool MemoryFileSystem::Rename(std::string_view source, std::string_view target) 
   if (beforeNextRename_) std::exchange(beforeNextRename_, nullptr)();
   if (std::exchange(failNextRename_, false)) return false;
   if (!CanRename(source, target)) return false;
+  if (copied_.contains(Key(source))) {
+    Entry copy = *Find(source);
+    copy.path = Find(*ParentOf(target))->path + "\\" + std::string(NameOf(target));
+    copy.node = ++lastNode_;
+    entries_[Key(copy.path)] = std::move(copy);
+    renames_.push_back({std::string(source), std::string(target)});
+    return true;
+  }
   auto moved = entries_.extract(Key(Find(source)->path));
   // The name goes into the folder as the folder is spelled.
   const std::string placed = Find(*ParentOf(target))->path + "\\" + std::string(NameOf(target));

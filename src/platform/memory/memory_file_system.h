@@ -62,6 +62,9 @@ class MemoryFileSystem : public FileSystem {
   // Neither deleting nor renaming `path` works from now on, as for a file
   // that another program holds open.
   void Lock(std::string_view path) { locked_.insert(Key(path)); }
+  // Renaming `source` leaves it in place beside the new copy from now on,
+  // as a move to another disk whose last step failed.
+  void CopyInsteadOfMoving(std::string_view source) { copied_.insert(Key(source)); }
   // A search of `folder` gives nothing from now on.
   void MakeUnreadable(std::string_view folder) { unreadable_.insert(Key(folder)); }
   // Runs `hook` once, at the start of the next Rename, before it looks at
@@ -104,6 +107,7 @@ class MemoryFileSystem : public FileSystem {
   std::map<std::string, Entry> entries_;  // by Key(path)
   std::set<std::string> unreadable_;      // folder keys
   std::set<std::string> locked_;          // entry keys
+  std::set<std::string> copied_;          // entry keys
   bool failNextRename_ = false;
   bool failNextDelete_ = false;
   std::function<void()> beforeNextRename_;
