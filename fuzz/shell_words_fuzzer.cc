@@ -3,7 +3,6 @@
 // said: the same boxes, the same step, the same placement values.
 
 #include <algorithm>
-#include <filesystem>
 #include <optional>
 
 #include "cli_options.h"
@@ -18,68 +17,51 @@ namespace {
 namespace cl = command_line;
 
 constexpr std::string_view kWords[] = {
-    "--", "-n", "-0", "--json", "--files-from", "--command-line", "/step:4", "/exit", "/show",
-    "/hide", "/settings:LowerCase", "/settings:FixSpacing", "/placement1:", "/placement2:\"x\"",
-    "/DefineUnwantedFormatting", "/step:", "a.txt", ".", "..", "/"};
+    "--", "-n0", "--json", "--files-from", "--command-line", "/step:4", "/exit", "/hide",
+    "/settings:LowerCase", "/placement1:", "/placement2:\"x\"", "/step:", "a.txt", ".."};
 
 void CheckOptions(const std::vector<std::string>& words) {
   const cli::Request request = cli::ReadArguments(words);
   if (request.kind != cli::Request::Kind::kRun) return;
-  // What is left is a tail of the words' order, options taken out.
+  // The words left are the given ones in order, and none before "--" is an option.
   auto next = words.begin();
   for (const std::string& word : request.words) {
     next = std::find(next, words.end(), word);
-    FUZZ_CHECK(next != words.end());
-    ++next;
+    FUZZ_CHECK(next++ != words.end());
     FUZZ_CHECK(word.size() < 2 || word[0] != '-' || std::find(words.begin(), next, "--") != next);
   }
 }
 
-// The words taken as switches: before the first "--", naming nothing.
-std::vector<std::string> SwitchWords(const std::vector<std::string>& words) {
-  std::vector<std::string> given;
-  for (const std::string& word : words) {
-    if (word == "--") break;
-    std::error_code error;
-    const bool names = std::filesystem::symlink_status(word, error).type() !=
-                       std::filesystem::file_type::not_found;
-    if (!names && cl::KindOfWord(word) == cl::WordKind::kSwitch) given.push_back(word);
-  }
-  return given;
-}
-
-std::optional<std::string> GivenValue(const std::vector<std::string>& given, int number) {
-  const std::string name = "/placement" + std::to_string(number) + ":";
+// What follows `prefix` in the first switch word that starts with it.
+std::optional<std::string> FirstWith(const std::vector<std::string>& given, std::string_view prefix) {
   for (const std::string& word : given) {
-    if (!word.starts_with(name)) continue;
-    std::string value = word.substr(name.size());
-    const bool quoted = value.size() >= 2 && value.front() == '"' && value.back() == '"';
-    return quoted ? value.substr(1, value.size() - 2) : value;
+    if (word.starts_with(prefix)) return word.substr(prefix.size());
   }
   return std::nullopt;
 }
 
 void CheckSwitchText(const std::vector<std::string>& words) {
-  // Relative names count against a folder that does not exist.
-  const ShellWords sorted = SortShellWords(words, "/nonexistent-fuzz-folder");
+  const ShellWords sorted = SortShellWords(words, "/nonexistent-folder");
   if (!sorted.badSwitch.empty()) return;
   for (const std::string& file : sorted.files) FUZZ_CHECK(file.starts_with('\\'));
-  const std::vector<std::string> given = SwitchWords(words);
-  const auto named = [&given](std::string_view text) {
-    return std::find(given.begin(), given.end(), text) != given.end();
-  };
+  std::vector<std::string> given;  // the switch words before "--"; none names a file here
+  for (auto word = words.begin(); word != words.end() && *word != "--"; ++word) {
+    if (cl::KindOfWord(*word) == cl::WordKind::kSwitch) given.push_back(*word);
+  }
   const std::string& text = sorted.switches;
-  for (const cl::OptionSwitch& option : cl::kOptionSwitches) {
-    FUZZ_CHECK(cl::Holds(text, option.text) == named(option.text));
+  std::vector<std::string_view> exact = {"/show", "/hide", "/exit", "/DefineUnwantedFormatting"};
+  for (const cl::OptionSwitch& option : cl::kOptionSwitches) exact.push_back(option.text);
+  for (std::string_view word : exact) {
+    FUZZ_CHECK(cl::Holds(text, word) == (std::count(given.begin(), given.end(), word) > 0));
   }
-  for (std::string_view plain : {"/show", "/hide", "/exit", "/DefineUnwantedFormatting"}) {
-    FUZZ_CHECK(cl::Holds(text, plain) == named(plain));
-  }
-  const auto step = std::find_if(given.begin(), given.end(),
-                                 [](const std::string& word) { return word.starts_with("/step:"); });
-  FUZZ_CHECK(cl::StepCount(text) == (step == given.end() ? 0 : (*step)[6] - '0'));
+  const auto step = FirstWith(given, "/step:");
+  FUZZ_CHECK(cl::StepCount(text) == (step ? (*step)[0] - '0' : 0));
   for (int number = 1; number <= 6; ++number) {
-    FUZZ_CHECK(cl::PlacementValue(text, number) == GivenValue(given, number));
+    auto value = FirstWith(given, "/placement" + std::to_string(number) + ":");
+    if (value && value->size() >= 2 && value->front() == '"' && value->back() == '"') {
+      value = value->substr(1, value->size() - 2);
+    }
+    FUZZ_CHECK(cl::PlacementValue(text, number) == value);
   }
 }
 
