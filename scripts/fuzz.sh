@@ -15,7 +15,7 @@ CC=clang CXX=clang++ cmake -S . -B build-fuzz -G Ninja -DCMAKE_BUILD_TYPE=RelWit
   -DTESSALY_BUILD_FUZZERS=ON -DTESSALY_BUILD_TESTS=OFF -DTESSALY_BUILD_BENCHMARKS=OFF >/dev/null
 cmake --build build-fuzz --target tessaly_fuzzers -j "$(nproc)"
 
-mkdir -p build-fuzz/crashes
+rm -rf build-fuzz/crashes && mkdir -p build-fuzz/crashes
 failed=()
 for seeds in fuzz/corpus/*/; do
   name=$(basename "$seeds")
