@@ -9,9 +9,18 @@ namespace {
 
 const std::string kZero(1, '\0');
 
+// The answer up to its closing pair of zero characters. Cutting the
+// buffer's last two characters instead would take the last name's zero
+// from an answer that fills the buffer to its end, and lose that name.
+std::string_view AnswerBlock(std::string_view buffer) {
+  const std::size_t end = buffer.find(std::string_view("\0\0", 2));
+  return end == std::string_view::npos ? buffer.substr(0, buffer.size() - 2)
+                                       : buffer.substr(0, end + 2);
+}
+
 // The folder, then each name with the folder in front, joined by ";".
 std::string PathsOfMultipleSelection(const std::string& buffer) {
-  std::string block(text::TrimBlanks(std::string_view(buffer).substr(0, buffer.size() - 2)));
+  std::string block(text::TrimBlanks(AnswerBlock(buffer)));
   std::string folder;
   std::string result;
   int pieces = 0;
