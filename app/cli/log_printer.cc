@@ -26,21 +26,21 @@ std::string StartColour(Rgb colour, ColourMode mode) {
   return code == 30 ? std::string() : "\x1b[" + std::to_string(code) + 'm';
 }
 
-// Writes bytes `from` to `to` of `text` with each CR LF as "\n" and every
+// Adds bytes `from` to `to` of `text` with each CR LF as "\n" and every
 // other control character escaped, so a name cannot move the cursor or
 // forge a line. A CR LF may straddle two pieces, so the whole text is
 // consulted.
-void WriteLines(std::string_view text, std::size_t from, std::size_t to, std::ostream& out) {
+void AddLines(std::string_view text, std::size_t from, std::size_t to, std::string& out) {
   std::size_t piece = from;
   for (std::size_t pos = from; pos < to; ++pos) {
     const bool pairStart = text[pos] == '\r' && pos + 1 < text.size() && text[pos + 1] == '\n';
     const bool pairEnd = text[pos] == '\n' && pos > 0 && text[pos - 1] == '\r';
     if (!pairStart && !pairEnd) continue;
-    out << text::Visible(text.substr(piece, pos - piece), text::Layout::kLineEnds);
-    if (pairEnd) out << '\n';
+    text::AppendVisible(text.substr(piece, pos - piece), text::Layout::kLineEnds, out);
+    if (pairEnd) out += '\n';
     piece = pos + 1;
   }
-  out << text::Visible(text.substr(piece, to - piece), text::Layout::kLineEnds);
+  text::AppendVisible(text.substr(piece, to - piece), text::Layout::kLineEnds, out);
 }
 
 }  // namespace
@@ -73,23 +73,27 @@ void PrintRichText(const RichTextBox& box, std::ostream& out, ColourMode mode) {
   std::size_t character = 0;
   auto advanceTo = [&](std::size_t target) {
     while (character < target && byte < text.size()) {
-      byte += text::DecodeAt(text, byte).length;
+      const bool ascii = static_cast<unsigned char>(text[byte]) < 0x80;
+      byte += ascii ? 1 : text::DecodeAt(text, byte).length;
       ++character;
     }
     return byte;
   };
+  std::string shown;
+  shown.reserve(text.size() + text.size() / 8);
   for (const ColourSpan& span : spans) {
     if (span.start < character) continue;  // overlaps one already written
     const std::size_t plainFrom = byte;
-    WriteLines(text, plainFrom, advanceTo(span.start), out);
+    AddLines(text, plainFrom, advanceTo(span.start), shown);
     const std::size_t colourFrom = byte;
     const std::string colour = StartColour(span.colour, mode);
-    out << colour;
-    WriteLines(text, colourFrom, advanceTo(span.start + span.length), out);
-    if (!colour.empty()) out << "\x1b[0m";
+    shown += colour;
+    AddLines(text, colourFrom, advanceTo(span.start + span.length), shown);
+    if (!colour.empty()) shown += "\x1b[0m";
   }
-  WriteLines(text, byte, text.size(), out);
-  if (!text.empty() && !text.ends_with('\n')) out << '\n';
+  AddLines(text, byte, text.size(), shown);
+  if (!text.empty() && !text.ends_with('\n')) shown += '\n';
+  out << shown;
 }
 
 }  // namespace tessaly::cli

@@ -116,13 +116,18 @@ void NameConverter::ApplyDestination(const ConversionOptions& options, std::stri
                                      std::string& work) const {
   const bool newFolder =
       options.optMoveNewFolder && DirectoryExists(options.lFolder, services_.fileSystem);
+  if (!newFolder) {
+    // The path keeps its own folder part; only a path without one gains
+    // the closing backslash of an empty folder.
+    if (folder.empty() && work.find('\\') == std::string::npos) work.insert(0, 1, '\\');
+    return;
+  }
   const std::string whole = folder + work;
-  std::string path = WithTrailingBackslash(newFolder ? std::string_view(options.lFolder)
-                                                     : FolderPart(whole));
+  std::string path = WithTrailingBackslash(options.lFolder);
   path.append(NamePart(whole));
-  // A shielded folder is the chosen destination from here on, or stays the
-  // source's; what a placement put behind it remains open to the stages.
-  if (!folder.empty() && newFolder) folder = WithTrailingBackslash(options.lFolder);
+  // A shielded folder is the chosen destination from here on; what a
+  // placement put behind it remains open to the stages.
+  if (!folder.empty()) folder = WithTrailingBackslash(options.lFolder);
   work = path.substr(folder.size());
 }
 

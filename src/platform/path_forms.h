@@ -2,6 +2,7 @@
 #define TESSALY_PLATFORM_PATH_FORMS_H_
 
 #include <string>
+#include <utility>
 #include <string_view>
 
 namespace tessaly {
@@ -10,15 +11,21 @@ namespace tessaly {
 // character; POSIX paths the other way round. Swapping the two maps one
 // form to the other without loss: a native name holding a backslash
 // survives the round trip.
-inline std::string SwapSlashes(std::string_view path) {
-  std::string out(path);
-  for (char& c : out) {
-    if (c == '\\') {
-      c = '/';
-    } else if (c == '/') {
-      c = '\\';
+// `out` may not hold `path` itself.
+inline void SwapSlashesInto(std::string_view path, std::string& out) {
+  out.assign(path);
+  // A path holds few separators: find them rather than visit every byte.
+  for (const auto& [from, to] : {std::pair{'\\', '/'}, std::pair{'/', '\\'}}) {
+    for (std::size_t at = path.find(from); at != std::string_view::npos;
+         at = path.find(from, at + 1)) {
+      out[at] = to;
     }
   }
+}
+
+inline std::string SwapSlashes(std::string_view path) {
+  std::string out;
+  SwapSlashesInto(path, out);
   return out;
 }
 

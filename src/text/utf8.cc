@@ -75,8 +75,11 @@ void AppendChar(std::string& out, char32_t code) {
 }
 
 std::size_t CharCount(std::string_view text) {
-  std::size_t count = 0;
-  for (std::size_t pos = 0; pos < text.size(); pos += DecodeAt(text, pos).length) {
+  // ASCII, the usual case, is one character a byte.
+  std::size_t pos = 0;
+  while (pos < text.size() && static_cast<unsigned char>(text[pos]) < 0x80) ++pos;
+  std::size_t count = pos;
+  for (; pos < text.size(); pos += DecodeAt(text, pos).length) {
     ++count;
   }
   return count;

@@ -60,10 +60,15 @@ std::optional<char32_t> ControlPicture(char32_t code) {
 std::string Visible(std::string_view text, Layout layout) {
   std::string out;
   out.reserve(text.size());
+  AppendVisible(text, layout, out);
+  return out;
+}
+
+void AppendVisible(std::string_view text, Layout layout, std::string& out) {
   // Printable ASCII shows as itself: a run of it goes across at once.
-  const auto plain = [layout](char c) {
-    const auto byte = static_cast<unsigned char>(c);
-    return byte >= 0x20 && byte < 0x7f && !(layout == Layout::kNone && c == '\\');
+  const char doubled = layout == Layout::kNone ? '\\' : '\0';
+  const auto plain = [doubled](char c) {
+    return static_cast<unsigned char>(c - 0x20) < 0x5f && c != doubled;
   };
   for (std::size_t pos = 0; pos < text.size();) {
     std::size_t run = pos;
@@ -84,7 +89,6 @@ std::string Visible(std::string_view text, Layout layout) {
     }
     pos += c.length;
   }
-  return out;
 }
 
 }  // namespace tessaly::text

@@ -21,6 +21,8 @@ enum class Layout {
 // writing as "\u0085", "\u2028" or "\u202e",
 // and a byte that is no UTF-8 as "\xff". Everything else is kept.
 std::string Visible(std::string_view text, Layout layout);
+// The same, added to the end of `out`.
+void AppendVisible(std::string_view text, Layout layout, std::string& out);
 
 // For a view that must keep one character for each: the picture of a
 // control character ("\x1b" as U+241B, a line feed as U+240A), U+FFFD for

@@ -118,17 +118,24 @@ void ChangeLog::WriteHead(std::size_t fileCount, long boxWidth) {
 }
 
 std::string ChangeLog::FolderPiece(std::string_view path) {
-  const std::string folder = FileNameOf(path, 1, ui_);
   // Shortened first, then shown: the shortening counts the path's own characters.
-  return paths_.Shown(std::string(FirstChars(folder, 6)) + "...\\" + FileNameOf(path, 2, ui_));
+  std::string piece(FirstChars(FileNameOf(path, 1, ui_), 6));
+  piece += "...\\";
+  piece += FileNameOf(path, 2, ui_);
+  return paths_.Shown(piece);
 }
 
 void ChangeLog::WriteFileLine(std::string_view oldPath, std::string_view newPath,
                               Outcome outcome) {
   const std::size_t start = box_.selStart();
-  const std::string line = LogTime(clock_.Now(), locale_) + " - " + FolderPiece(oldPath) +
-                           " > " + FolderPiece(newPath) + " " +
-                           std::string(OutcomeText(outcome)) + std::string(kLineEnd);
+  std::string line = LogTime(clock_.Now(), locale_);
+  line += " - ";
+  line += FolderPiece(oldPath);
+  line += " > ";
+  line += FolderPiece(newPath);
+  line += ' ';
+  line += OutcomeText(outcome);
+  line += kLineEnd;
   box_.SetSelText(line);
   const std::size_t end = box_.selStart();
   box_.SetSelStart(start);

@@ -1,13 +1,19 @@
 #include "wizard/progress_form.h"
 
+#include <charconv>
 #include <cmath>
-#include <cstdlib>
 
 namespace tessaly {
 
 namespace {
 
-double TagValue(const Label& label) { return std::strtod(label.tag().c_str(), nullptr); }
+// The tags hold whole numbers written by start and setvalue.
+double TagValue(const Label& label) {
+  const std::string& tag = label.tag();
+  double value = 0;
+  std::from_chars(tag.data(), tag.data() + tag.size(), value);
+  return value;
+}
 
 }  // namespace
 

@@ -17,9 +17,9 @@ namespace {
 
 using State = ResolvedPath::State;
 
-// Kept answers beyond this many are dropped together; a run asks about a
-// few paths per file, a walk about many folders.
-constexpr std::size_t kMaxAnswers = 1 << 17;
+// Kept folder answers beyond this many are dropped together; a walk asks
+// about many folders.
+constexpr std::size_t kMaxFolders = 1 << 17;
 
 std::string FoldName(std::string_view name) {
   std::string folded;
@@ -87,58 +87,66 @@ std::string ResolvedPath::Folder() const { return FolderOf(native); }
 
 std::string ResolvedPath::Name() const { return std::string(NameOf(native)); }
 
-ResolvedPath PathResolver::Resolve(std::string path) {
-  path.resize(WithoutClosingSlashes(path).size());
-  if (path.empty()) return {};
-  std::string folded = FoldName(path);
-  const auto kept = names_.find(folded);
-  if (kept != names_.end()) {
-    for (const NameAnswer& spelling : kept->second) {
-      if (spelling.native == path) return spelling.answer;
-    }
+const ResolvedPath& PathResolver::Resolve(std::string_view path) {
+  path = WithoutClosingSlashes(path);
+  if (path.empty()) {
+    unkept_ = {};
+    return unkept_;
   }
-  ResolvedPath answer = Look(path);
-  if (answer.state != State::kFound || !S_ISLNK(answer.info.st_mode)) {
-    Keep(std::move(folded), path, answer);
+  for (std::size_t i = 0; i < namesKept_; ++i) {
+    if (names_[i].asked == path) return names_[i].answer;
   }
-  return answer;
+  NameAnswer& slot = names_[nextSlot_];
+  Look(path, slot.answer);
+  if (slot.answer.state == State::kFound && S_ISLNK(slot.answer.info.st_mode)) {
+    slot.asked.clear();  // matches nothing: the slot is free again
+    std::swap(slot.answer, unkept_);
+    return unkept_;
+  }
+  slot.asked.assign(path);
+  nextSlot_ = (nextSlot_ + 1) % kKeptNames;
+  if (namesKept_ < kKeptNames) ++namesKept_;
+  return slot.answer;
 }
 
-ResolvedPath PathResolver::Look(const std::string& native) {
-  ResolvedPath exact{State::kFound, native, {}};
-  if (lstat(native.c_str(), &exact.info) == 0) {
+void PathResolver::Look(std::string_view native, ResolvedPath& answer) {
+  answer.native.assign(native);
+  if (lstat(answer.native.c_str(), &answer.info) == 0) {
+    answer.state = State::kFound;
     // The folder of an entry that exists exists too. A run asks about one
     // folder many times in a row, so the last one noted is not noted again.
     const std::size_t slash = native.find_last_of('/');
-    if (slash == std::string::npos || native.compare(0, slash, lastFolderNoted_) != 0 ||
-        lastFolderNoted_.size() != slash) {
-      lastFolderNoted_ = exact.Folder();
+    if (slash == std::string_view::npos || native.compare(0, slash, lastFolderNoted_) != 0) {
+      lastFolderNoted_ = FolderOf(native);
       folders_.try_emplace(lastFolderNoted_, FolderAnswer{true, lastFolderNoted_});
     }
-    return exact;
+    return;
   }
-  if (errno != ENOENT) return {};
+  answer.state = State::kUnusable;
+  if (errno != ENOENT) return answer.native.clear();
   const std::string_view name = NameOf(native);
-  if (name.empty() || name == "." || name == "..") return {};
+  if (name.empty() || name == "." || name == "..") return answer.native.clear();
   // The folder a run works in is the one noted last: no need to look it up.
   if (native.size() == lastFolderNoted_.size() + 1 + name.size() &&
       native.starts_with(lastFolderNoted_)) {
-    return {State::kMissing, native, {}};
+    answer.state = State::kMissing;
+    return;
   }
-  return LookIn(FolderOf(native), name);
+  LookIn(FolderOf(native), name, answer);
 }
 
-ResolvedPath PathResolver::LookIn(const std::string& folder, std::string_view name) {
+void PathResolver::LookIn(const std::string& folder, std::string_view name, ResolvedPath& answer) {
   std::string resolved;
-  if (!ResolveFolder(folder, resolved)) return {};
-  ResolvedPath result{State::kMissing, Join(resolved, name), {}};
-  if (resolved == folder) return result;  // the exact look already missed
-  if (lstat(result.native.c_str(), &result.info) == 0) {
-    result.state = State::kFound;
+  if (!ResolveFolder(folder, resolved)) return answer.native.clear();
+  answer.state = State::kMissing;
+  if (resolved == folder) return;  // the exact look already missed
+  answer.native = Join(resolved, name);
+  if (lstat(answer.native.c_str(), &answer.info) == 0) {
+    answer.state = State::kFound;
   } else if (errno != ENOENT) {
-    return {};
+    answer.state = State::kUnusable;
+    answer.native.clear();
   }
-  return result;
 }
 
 bool PathResolver::ResolveFolder(std::string_view native, std::string& resolved) {
@@ -147,7 +155,7 @@ bool PathResolver::ResolveFolder(std::string_view native, std::string& resolved)
   const std::string path(native);
   auto kept = folders_.find(path);
   if (kept == folders_.end()) {
-    if (folders_.size() >= kMaxAnswers) {
+    if (folders_.size() >= kMaxFolders) {
       folders_.clear();
       lastFolderNoted_.clear();
     }
@@ -169,26 +177,13 @@ PathResolver::FolderAnswer PathResolver::LookForFolder(const std::string& native
   return {true, Join(parent, *match)};
 }
 
-void PathResolver::Keep(std::string folded, const std::string& native,
-                        const ResolvedPath& answer) {
-  if (nameCount_ >= kMaxAnswers) {
-    names_.clear();
-    nameCount_ = 0;
-  }
-  names_[std::move(folded)].push_back(NameAnswer{native, answer});
-  ++nameCount_;
-}
-
-void PathResolver::NoteChanged(std::string_view native) {
-  const auto spellings = names_.find(FoldName(WithoutClosingSlashes(native)));
-  if (spellings == names_.end()) return;
-  nameCount_ -= spellings->second.size();
-  names_.erase(spellings);
+void PathResolver::NoteChanged() {
+  namesKept_ = 0;
+  nextSlot_ = 0;
 }
 
 void PathResolver::Forget() {
-  names_.clear();
-  nameCount_ = 0;
+  NoteChanged();
   folders_.clear();
   lastFolderNoted_.clear();
 }

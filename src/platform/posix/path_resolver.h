@@ -6,7 +6,6 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <vector>
 
 namespace tessaly {
 
@@ -33,26 +32,30 @@ struct ResolvedPath {
 // the one folder of its parent that matches ignoring case, if exactly one
 // does.
 //
-// Answers are kept for reuse until Forget: a name's answer until the owner
-// changes that name (NoteChanged), a folder's answer until Forget, since
+// Answers are kept for reuse: the last few names' answers until the owner
+// changes any name (NoteChanged), which on a case-folding disk may change
+// the answer for other spellings too; a folder's answer until Forget, since
 // the owner never makes, moves or removes a folder. Answers about links are
-// not kept, as they follow another path.
+// not kept, as they follow another path. Names are asked again and again
+// in a short stretch (a run asks about the same two or three paths of one
+// file), so a small ring keeps them without allocating.
 // For one thread.
 class PathResolver {
  public:
-  // Resolves `native`; closing slashes are ignored.
-  ResolvedPath Resolve(std::string native);
+  // Resolves `native`; closing slashes are ignored. The answer stays valid
+  // until the next call of any member.
+  const ResolvedPath& Resolve(std::string_view native);
   // The folder `native` names, as the disk spells it, or false.
   bool ResolveFolder(std::string_view native, std::string& resolved);
 
-  // The owner has just renamed or removed the entry `native`.
-  void NoteChanged(std::string_view native);
+  // The owner has just renamed or removed an entry.
+  void NoteChanged();
   // Drops every kept answer.
   void Forget();
 
  private:
   struct NameAnswer {
-    std::string native;  // the exact path asked for
+    std::string asked;  // the exact path asked for
     ResolvedPath answer;
   };
   struct FolderAnswer {
@@ -60,15 +63,15 @@ class PathResolver {
     std::string resolved;
   };
 
-  ResolvedPath Look(const std::string& native);
-  ResolvedPath LookIn(const std::string& folder, std::string_view name);
+  void Look(std::string_view native, ResolvedPath& answer);
+  void LookIn(const std::string& folder, std::string_view name, ResolvedPath& answer);
   FolderAnswer LookForFolder(const std::string& native);
-  void Keep(std::string folded, const std::string& native, const ResolvedPath& answer);
 
-  // By the name folded, so that the owner's change of a name also drops the
-  // answers for its other spellings, which a case-folding disk may share.
-  std::unordered_map<std::string, std::vector<NameAnswer>> names_;
-  std::size_t nameCount_ = 0;
+  static constexpr std::size_t kKeptNames = 8;
+  NameAnswer names_[kKeptNames];
+  std::size_t namesKept_ = 0;  // the first this many slots hold answers
+  std::size_t nextSlot_ = 0;
+  ResolvedPath unkept_;  // the answer about a link, not reused
   std::unordered_map<std::string, FolderAnswer> folders_;  // by the path asked for
   std::string lastFolderNoted_;
 };

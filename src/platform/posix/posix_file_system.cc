@@ -6,6 +6,7 @@
 
 #include <utility>
 
+#include "platform/path_forms.h"
 #include "platform/posix/folder_search.h"
 #include "platform/posix/native_path.h"
 #include "platform/posix/no_replace_rename.h"
@@ -44,7 +45,7 @@ bool IsCaseChangeOfItself(const ResolvedPath& source, const std::string& target)
 
 std::optional<std::uint32_t> PosixFileSystem::GetAttributes(std::string_view path) {
   if (path.empty()) return std::nullopt;
-  const ResolvedPath found = resolver_.Resolve(ToNativePath(path));
+  const ResolvedPath& found = resolver_.Resolve(NativeOf(path));
   if (found.state != State::kFound) return std::nullopt;
   return AttributesOfFound(found);
 }
@@ -65,33 +66,44 @@ bool PosixFileSystem::Move(const ResolvedPath& from, const std::string& to) {
 
 bool PosixFileSystem::Rename(std::string_view source, std::string_view target) {
   if (!NamesFile(source) || !NamesFile(target)) return false;
-  const ResolvedPath from = resolver_.Resolve(ToNativePath(source));
+  // Stays valid: placing the target resolves folders only.
+  const ResolvedPath& from = resolver_.Resolve(NativeOf(source));
   if (from.state != State::kFound || S_ISDIR(from.info.st_mode)) return false;
-  const std::string targetNative = ToNativePath(target);
-  const std::size_t slash = targetNative.find_last_of('/');
-  std::string folder = ".";
-  if (slash != std::string::npos &&
-      !resolver_.ResolveFolder(slash == 0 ? "/" : targetNative.substr(0, slash), folder)) {
-    return false;
-  }
-  const std::string name = slash == std::string::npos ? targetNative : targetNative.substr(slash + 1);
-  const std::string to = folder == "." ? name : (folder == "/" ? "" : folder) + "/" + name;
+  std::string to;
+  if (!PlaceOnDisk(NativeOf(target), to)) return false;
   if (to == from.native) return true;
   if (beforeNextRename_) std::exchange(beforeNextRename_, nullptr)();
   const bool moved = Move(from, to);
-  resolver_.NoteChanged(from.native);
-  resolver_.NoteChanged(to);
+  resolver_.NoteChanged();
   return moved;
+}
+
+bool PosixFileSystem::PlaceOnDisk(const std::string& native, std::string& placed) {
+  const std::size_t slash = native.find_last_of('/');
+  if (slash == std::string::npos) {
+    placed = native;
+    return true;
+  }
+  const std::string_view folder = std::string_view(native).substr(0, slash == 0 ? 1 : slash);
+  if (!resolver_.ResolveFolder(folder, placed)) return false;
+  if (placed.back() != '/') placed.push_back('/');
+  placed.append(native, slash + 1);
+  return true;
+}
+
+const std::string& PosixFileSystem::NativeOf(std::string_view modelPath) {
+  SwapSlashesInto(modelPath, native_);
+  return native_;
 }
 
 bool PosixFileSystem::Delete(std::string_view path) {
   if (!NamesFile(path)) return false;
-  const ResolvedPath found = resolver_.Resolve(ToNativePath(path));
+  const ResolvedPath& found = resolver_.Resolve(NativeOf(path));
   if (found.state != State::kFound || S_ISDIR(found.info.st_mode)) return false;
   // A read-only file is protected from deletion, as on the desktop platform.
   if ((AttributesOfFound(found) & attr::kReadOnly) != 0) return false;
   const bool removed = unlink(found.native.c_str()) == 0;
-  resolver_.NoteChanged(found.native);
+  resolver_.NoteChanged();
   return removed;
 }
 
@@ -107,7 +119,7 @@ std::vector<DirectoryEntry> PosixFileSystem::Search(std::string_view pattern,
 }
 
 std::optional<FileIdentity> PosixFileSystem::IdentityOf(std::string_view path) {
-  const ResolvedPath found = resolver_.Resolve(ToNativePath(path));
+  const ResolvedPath& found = resolver_.Resolve(NativeOf(path));
   struct stat info {};
   if (found.state != State::kFound || stat(found.native.c_str(), &info) != 0) return std::nullopt;
   return FileIdentity{static_cast<std::uint64_t>(info.st_dev), static_cast<std::uint64_t>(info.st_ino)};

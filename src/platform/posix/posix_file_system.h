@@ -37,8 +37,13 @@ class PosixFileSystem : public FileSystem {
 
  private:
   bool Move(const ResolvedPath& from, const std::string& to);
+  // Where `native` goes: its folder as the disk spells it, its name as given.
+  bool PlaceOnDisk(const std::string& native, std::string& placed);
+  // `modelPath` in native form, in a buffer reused by the next call.
+  const std::string& NativeOf(std::string_view modelPath);
 
   PathResolver resolver_;
+  std::string native_;
   std::function<void()> beforeNextRename_;
   MoveFault moveFault_;
 };

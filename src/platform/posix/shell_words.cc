@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "platform/posix/native_path.h"
+#include "platform/path_forms.h"
 #include "settings/switch_words.h"
 
 namespace tessaly {
@@ -24,31 +24,32 @@ bool HasDotOrEmptyParts(std::string_view path) {
   return false;
 }
 
-fs::path Absolute(std::string_view name, std::string_view currentFolder) {
+std::string Absolute(std::string_view name, std::string_view currentFolder) {
   // A shell's glob gives many words like "./name": the common forms are
   // joined by hand, the rest normalised by the library.
   while (name.starts_with("./")) name.remove_prefix(2);
-  std::string joined(name);
+  std::string joined;
   if (!name.starts_with('/')) {
-    joined = std::string(currentFolder);
+    joined.reserve(currentFolder.size() + 1 + name.size());
+    joined = currentFolder;
     if (joined.empty() || joined.back() != '/') joined += '/';
-    joined += name;
   }
-  if (!HasDotOrEmptyParts(joined)) return fs::path(std::move(joined));
-  return fs::path(std::move(joined)).lexically_normal();
+  joined += name;
+  if (!HasDotOrEmptyParts(joined)) return joined;
+  return fs::path(std::move(joined)).lexically_normal().native();
 }
 
 // Anything at all under that name, a dangling link included.
 bool Exists(std::string_view name, std::string_view currentFolder) {
   std::error_code error;
-  return fs::symlink_status(Absolute(name, currentFolder), error).type() !=
+  return fs::symlink_status(fs::path(Absolute(name, currentFolder)), error).type() !=
          fs::file_type::not_found;
 }
 
 }  // namespace
 
 std::string AbsoluteModelPath(std::string_view name, std::string_view currentFolder) {
-  return ToModelPath(Absolute(name, currentFolder).native());
+  return SwapSlashes(Absolute(name, currentFolder));
 }
 
 std::string CurrentFolder() {
