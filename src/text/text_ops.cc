@@ -161,6 +161,22 @@ int CompareIgnoreCase(std::string_view a, std::string_view b) {
   return j < b.size() ? -1 : 0;
 }
 
+std::size_t HashIgnoringCase(std::string_view text) {
+  std::uint64_t hash = 14695981039346656037ull;  // FNV-1a over the folded characters
+  for (std::size_t pos = 0; pos < text.size();) {
+    const auto byte = static_cast<unsigned char>(text[pos]);
+    if (byte < 0x80) {  // paths are mostly ASCII: no decoding
+      hash = (hash ^ AsciiFold(byte)) * 1099511628211ull;
+      ++pos;
+      continue;
+    }
+    const DecodedChar c = FoldedAt(text, pos);
+    hash = (hash ^ c.code) * 1099511628211ull;
+    pos += c.length;
+  }
+  return static_cast<std::size_t>(hash);
+}
+
 std::vector<std::string_view> Split(std::string_view text, std::string_view separator) {
   std::vector<std::string_view> pieces;
   if (text.empty()) return pieces;

@@ -38,6 +38,9 @@ std::string_view TrimBlanks(std::string_view text);
 // 0 or above 0 as `a` comes before, with or after `b`.
 int CompareIgnoreCase(std::string_view a, std::string_view b);
 
+// A hash of `text` that texts equal ignoring case share.
+std::size_t HashIgnoringCase(std::string_view text);
+
 // The characters of `text` with letter case folded: two texts have the same
 // folded form exactly when CompareIgnoreCase calls them equal.
 std::u32string Fold(std::string_view text);

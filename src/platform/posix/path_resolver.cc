@@ -9,6 +9,7 @@
 
 #include "text/ascii_fold.h"
 #include "text/case_mapping.h"
+#include "text/text_ops.h"
 #include "text/utf8.h"
 
 namespace tessaly {
@@ -17,9 +18,9 @@ namespace {
 
 using State = ResolvedPath::State;
 
-// Kept folder answers beyond this many are dropped together; a walk asks
-// about many folders.
-constexpr std::size_t kMaxFolders = 1 << 17;
+// Kept answers beyond this many are dropped together; a run asks about a
+// few paths per file, a walk about many folders.
+constexpr std::size_t kMaxAnswers = 1 << 17;
 
 std::string FoldName(std::string_view name) {
   std::string folded;
@@ -58,6 +59,11 @@ std::string_view WithoutClosingSlashes(std::string_view path) {
   return path;
 }
 
+// Spellings of a path that differ in letter case have such names too; the
+// name alone is quicker to hash than the path, and two folders rarely hold
+// the same name in one run.
+std::size_t NameHash(std::string_view native) { return text::HashIgnoringCase(NameOf(native)); }
+
 bool IsFolderAt(int dirFd, const dirent& entry) {
   if (entry.d_type == DT_DIR) return true;
   if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) return false;
@@ -93,20 +99,15 @@ const ResolvedPath& PathResolver::Resolve(std::string_view path) {
     unkept_ = {};
     return unkept_;
   }
-  for (std::size_t i = 0; i < namesKept_; ++i) {
-    if (names_[i].asked == path) return names_[i].answer;
+  const std::size_t hash = NameHash(path);
+  const auto [first, last] = names_.equal_range(hash);
+  for (auto kept = first; kept != last; ++kept) {
+    if (kept->second.asked == path) return kept->second.answer;
   }
-  NameAnswer& slot = names_[nextSlot_];
-  Look(path, slot.answer);
-  if (slot.answer.state == State::kFound && S_ISLNK(slot.answer.info.st_mode)) {
-    slot.asked.clear();  // matches nothing: the slot is free again
-    std::swap(slot.answer, unkept_);
-    return unkept_;
-  }
-  slot.asked.assign(path);
-  nextSlot_ = (nextSlot_ + 1) % kKeptNames;
-  if (namesKept_ < kKeptNames) ++namesKept_;
-  return slot.answer;
+  Look(path, unkept_);
+  if (unkept_.state == State::kFound && S_ISLNK(unkept_.info.st_mode)) return unkept_;
+  if (names_.size() >= kMaxAnswers) names_.clear();
+  return names_.emplace(hash, NameAnswer{std::string(path), std::move(unkept_)})->second.answer;
 }
 
 void PathResolver::Look(std::string_view native, ResolvedPath& answer) {
@@ -155,7 +156,7 @@ bool PathResolver::ResolveFolder(std::string_view native, std::string& resolved)
   const std::string path(native);
   auto kept = folders_.find(path);
   if (kept == folders_.end()) {
-    if (folders_.size() >= kMaxFolders) {
+    if (folders_.size() >= kMaxAnswers) {
       folders_.clear();
       lastFolderNoted_.clear();
     }
@@ -177,13 +178,12 @@ PathResolver::FolderAnswer PathResolver::LookForFolder(const std::string& native
   return {true, Join(parent, *match)};
 }
 
-void PathResolver::NoteChanged() {
-  namesKept_ = 0;
-  nextSlot_ = 0;
+void PathResolver::NoteChanged(std::string_view native) {
+  names_.erase(NameHash(WithoutClosingSlashes(native)));
 }
 
 void PathResolver::Forget() {
-  NoteChanged();
+  names_.clear();
   folders_.clear();
   lastFolderNoted_.clear();
 }

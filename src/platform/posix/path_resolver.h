@@ -32,13 +32,11 @@ struct ResolvedPath {
 // the one folder of its parent that matches ignoring case, if exactly one
 // does.
 //
-// Answers are kept for reuse: the last few names' answers until the owner
-// changes any name (NoteChanged), which on a case-folding disk may change
-// the answer for other spellings too; a folder's answer until Forget, since
-// the owner never makes, moves or removes a folder. Answers about links are
-// not kept, as they follow another path. Names are asked again and again
-// in a short stretch (a run asks about the same two or three paths of one
-// file), so a small ring keeps them without allocating.
+// Answers are kept for reuse: a name's answer until the owner changes that
+// name or another spelling of it (NoteChanged), which a case-folding disk
+// may share; a folder's answer until Forget, since the owner never makes,
+// moves or removes a folder. Answers about links are not kept, as they
+// follow another path.
 // For one thread.
 class PathResolver {
  public:
@@ -48,30 +46,34 @@ class PathResolver {
   // The folder `native` names, as the disk spells it, or false.
   bool ResolveFolder(std::string_view native, std::string& resolved);
 
-  // The owner has just renamed or removed an entry.
-  void NoteChanged();
+  // The owner has just renamed or removed the entry `native`.
+  void NoteChanged(std::string_view native);
   // Drops every kept answer.
   void Forget();
 
  private:
-  struct NameAnswer {
-    std::string asked;  // the exact path asked for
-    ResolvedPath answer;
-  };
   struct FolderAnswer {
     bool usable = false;
     std::string resolved;
+  };
+  struct NameAnswer {
+    std::string asked;  // the exact path
+    ResolvedPath answer;
+  };
+  // The hash of a value's key is the key itself.
+  struct SameNumber {
+    std::size_t operator()(std::size_t number) const { return number; }
   };
 
   void Look(std::string_view native, ResolvedPath& answer);
   void LookIn(const std::string& folder, std::string_view name, ResolvedPath& answer);
   FolderAnswer LookForFolder(const std::string& native);
 
-  static constexpr std::size_t kKeptNames = 8;
-  NameAnswer names_[kKeptNames];
-  std::size_t namesKept_ = 0;  // the first this many slots hold answers
-  std::size_t nextSlot_ = 0;
-  ResolvedPath unkept_;  // the answer about a link, not reused
+  // By a hash of the name ignoring letter case, so that a change drops
+  // every spelling of the name together, as a case-folding disk may share
+  // them; each spelling keeps its own answer.
+  std::unordered_multimap<std::size_t, NameAnswer, SameNumber> names_;
+  ResolvedPath unkept_;  // the answer about a link, or an empty path
   std::unordered_map<std::string, FolderAnswer> folders_;  // by the path asked for
   std::string lastFolderNoted_;
 };

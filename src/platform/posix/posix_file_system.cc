@@ -74,7 +74,8 @@ bool PosixFileSystem::Rename(std::string_view source, std::string_view target) {
   if (to == from.native) return true;
   if (beforeNextRename_) std::exchange(beforeNextRename_, nullptr)();
   const bool moved = Move(from, to);
-  resolver_.NoteChanged();
+  resolver_.NoteChanged(from.native);
+  resolver_.NoteChanged(to);
   return moved;
 }
 
@@ -103,7 +104,7 @@ bool PosixFileSystem::Delete(std::string_view path) {
   // A read-only file is protected from deletion, as on the desktop platform.
   if ((AttributesOfFound(found) & attr::kReadOnly) != 0) return false;
   const bool removed = unlink(found.native.c_str()) == 0;
-  resolver_.NoteChanged();
+  resolver_.NoteChanged(found.native);
   return removed;
 }
 
