@@ -26,9 +26,16 @@ char32_t Lookup(const CasePair (&table)[N], char32_t code) {
 
 template <typename MapChar>
 std::string MapText(std::string_view text, MapChar map) {
-  std::string out;
-  out.reserve(text.size());
-  for (std::size_t pos = 0; pos < text.size();) {
+  // An ASCII start maps byte by byte in place; decoding starts at the first
+  // other byte.
+  std::string out(text);
+  std::size_t pos = 0;
+  for (; pos < out.size() && static_cast<unsigned char>(out[pos]) < 0x80; ++pos) {
+    out[pos] = static_cast<char>(map(static_cast<unsigned char>(out[pos])));
+  }
+  if (pos == out.size()) return out;
+  out.resize(pos);
+  for (; pos < text.size();) {
     const auto byte = static_cast<unsigned char>(text[pos]);
     if (byte < 0x80) {
       out.push_back(static_cast<char>(map(byte)));

@@ -165,8 +165,9 @@ std::size_t HashIgnoringCase(std::string_view text) {
   std::uint64_t hash = 14695981039346656037ull;  // FNV-1a over the folded characters
   for (std::size_t pos = 0; pos < text.size();) {
     const auto byte = static_cast<unsigned char>(text[pos]);
-    if (byte < 0x80) {  // paths are mostly ASCII: no decoding
-      hash = (hash ^ AsciiFold(byte)) * 1099511628211ull;
+    if (byte < 0x80) {  // paths are mostly ASCII: no decoding, no branch
+      const unsigned upper = static_cast<unsigned>(byte - 'A') < 26u;
+      hash = (hash ^ (byte | (upper << 5))) * 1099511628211ull;
       ++pos;
       continue;
     }

@@ -119,7 +119,9 @@ void ChangeLog::WriteHead(std::size_t fileCount, long boxWidth) {
 
 std::string ChangeLog::FolderPiece(std::string_view path) {
   // Shortened first, then shown: the shortening counts the path's own characters.
-  std::string piece(FirstChars(FileNameOf(path, 1, ui_), 6));
+  std::string piece;
+  piece.reserve(path.size());
+  piece = FirstChars(FileNameOf(path, 1, ui_), 6);
   piece += "...\\";
   piece += FileNameOf(path, 2, ui_);
   return paths_.Shown(piece);
@@ -128,7 +130,9 @@ std::string ChangeLog::FolderPiece(std::string_view path) {
 void ChangeLog::WriteFileLine(std::string_view oldPath, std::string_view newPath,
                               Outcome outcome) {
   const std::size_t start = box_.selStart();
-  std::string line = LogTime(clock_.Now(), locale_);
+  std::string line;
+  line.reserve(oldPath.size() + newPath.size() + 64);
+  line = LogTime(clock_.Now(), locale_);
   line += " - ";
   line += FolderPiece(oldPath);
   line += " > ";

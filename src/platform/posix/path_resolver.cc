@@ -2,15 +2,13 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <string.h>
 
 #include <cerrno>
 #include <memory>
 #include <optional>
 
-#include "text/ascii_fold.h"
-#include "text/case_mapping.h"
 #include "text/text_ops.h"
-#include "text/utf8.h"
 
 namespace tessaly {
 
@@ -21,19 +19,6 @@ using State = ResolvedPath::State;
 // Kept answers beyond this many are dropped together; a run asks about a
 // few paths per file, a walk about many folders.
 constexpr std::size_t kMaxAnswers = 1 << 17;
-
-std::string FoldName(std::string_view name) {
-  std::string folded;
-  if (text::FoldAscii(name, folded)) return folded;
-  folded.clear();
-  folded.reserve(name.size());
-  for (std::size_t pos = 0; pos < name.size();) {
-    const text::DecodedChar c = text::DecodeAt(name, pos);
-    text::AppendChar(folded, text::FoldChar(c.code));
-    pos += c.length;
-  }
-  return folded;
-}
 
 std::string Join(const std::string& folder, std::string_view name) {
   if (folder == ".") return std::string(name);
@@ -50,8 +35,10 @@ std::string FolderOf(std::string_view native) {
 }
 
 std::string_view NameOf(std::string_view native) {
-  const std::size_t slash = native.find_last_of('/');
-  return slash == std::string_view::npos ? native : native.substr(slash + 1);
+  // memrchr looks at many bytes at once; names are asked for on every look.
+  const void* slash = memrchr(native.data(), '/', native.size());
+  if (slash == nullptr) return native;
+  return native.substr(static_cast<const char*>(slash) - native.data() + 1);
 }
 
 std::string_view WithoutClosingSlashes(std::string_view path) {
@@ -75,11 +62,10 @@ bool IsFolderAt(int dirFd, const dirent& entry) {
 std::optional<std::string> OnlyFolderLike(const std::string& parent, std::string_view name) {
   const std::unique_ptr<DIR, int (*)(DIR*)> dir(opendir(parent.c_str()), closedir);
   if (!dir) return std::nullopt;
-  const std::string wanted = FoldName(name);
   std::optional<std::string> match;
   while (const dirent* entry = readdir(dir.get())) {
     const std::string_view found = entry->d_name;
-    if (found == "." || found == ".." || FoldName(found) != wanted) continue;
+    if (found == "." || found == ".." || text::CompareIgnoreCase(found, name) != 0) continue;
     if (!IsFolderAt(dirfd(dir.get()), *entry)) continue;
     if (match) return std::nullopt;  // several: no way to tell which is meant
     match = std::string(found);
