@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "conversion/sample_paths.h"
 #include "platform/memory/fixed_clock.h"
 #include "platform/memory/fixed_locale.h"
@@ -161,26 +163,65 @@ TEST_F(NameConverterTest, TheFolderIsLeftAloneUnlessIncludePathIsTicked) {
   EXPECT_EQ(Convert("c:\\my_dir\\a_b.txt"), "c:\\my_dir\\my sub\\a b");
 }
 
-TEST_F(NameConverterTest, AllowSpacesActsWhenClear) {
-  options_.chkAllowSpaces = kUnchecked;
-  EXPECT_EQ(ConvertSamples(),
-            "c:\\graphics\\common\\myfile_(1).tmd.jpg.jpeg; "
-            "c:\\graphics\\common\\Copy_of_MYFILE_-____SPACE_-_04_-_Oddy.jpg; "
-            "c:\\graphics\\common\\MyFile_-_My_file_data_HeadEr_.mp3");
-}
-
-TEST_F(NameConverterTest, GreyedBoxesActLikeClearOnes) {
-  options_.chkRemoveu = kGrayed;
-  options_.chkUpperCase = kGrayed;
-  EXPECT_EQ(Convert("c:\\a\\my_file.txt"), "c:\\a\\my_file.txt");
-}
-
-TEST_F(NameConverterTest, FullRowOfPlacements) {
-  options_.cboBatch = {"Document Name", " ", "3 Digit Serial Number",
-                       "Serial Letter (A, B, C...)", "mmddyy (date)", "EXTENSION", "", ""};
-  EXPECT_EQ(Convert(kBuiltInSamples[0]),
-            "c:\\graphics\\common\\myfile_(1).tmd.jpg 001A111826.JPEG");
-  EXPECT_EQ(options_.serial, 1);
+// One path each, on options set by the row.
+TEST_F(NameConverterTest, OptionsOnOnePath) {
+  fs_.AddDirectory("e:\\sorted");
+  const struct {
+    std::function<void(ConversionOptions&)> set;
+    std::string source, expected;
+  } rows[] = {
+      // Defaults: the extension in lower case. No folder: the work text
+      // starts with a backslash.
+      {[](auto&) {}, "README", "\\README."},
+      {[](auto&) {}, "c:\\docs\\", "c:\\docs\\."},
+      {[](auto&) {}, "d:\\Fotos\\Ünïcode Ça.JPG", "d:\\Fotos\\Ünïcode Ça.jpg"},
+      {[](auto&) {}, "d:\\raw\\\xff\xfe name.TXT", "d:\\raw\\\xff\xfe name.txt"},
+      {[](auto& o) { o.chkAllowSpaces = kUnchecked; }, "c:\\a b\\my file_.txt", "c:\\a b\\my_file_.txt"},
+      {[](auto& o) { o.chkRemoveu = o.chkUpperCase = kGrayed; }, "c:\\a\\my_file.txt", "c:\\a\\my_file.txt"},
+      {[](auto& o) { o.chkIncludePaths = o.chkUpperCase = kChecked; }, "d:\\fotos\\ünïcode ça.jpg",
+       "D:\\FOTOS\\ÜNÏCODE ÇA.JPG"},
+      {[](auto& o) { o.chkIncludePaths = o.chkCapitalize = kChecked; }, "d:\\fotos\\ÜNÏCODE ÇA.JPG",
+       "D:\\Fotos\\Ünïcode Ça.jpg"},
+      // Lower case wins over capitals.
+      {[](auto& o) { o.chkIncludePaths = o.chkLowercase = o.chkUpperCase = kChecked; },
+       "d:\\Fotos\\\xff" "A.JPG", "d:\\fotos\\\xff" "a.jpg"},
+      {[](auto& o) { o.cboBatch = {"Document Name", " ", "3 Digit Serial Number", "Serial Letter (A, B, C...)",
+                                   "mmddyy (date)", "EXTENSION", "", ""}; },
+       std::string(kBuiltInSamples[0]), "c:\\graphics\\common\\myfile_(1).tmd.jpg 001A111826.JPEG"},
+      {[](auto& o) { o.cboBatch = {}; }, std::string(kBuiltInSamples[2]), "c:\\graphics\\common\\"},
+      // Extra periods: only the one before the extension stays.
+      {[](auto& o) { o.chkExtra = kChecked; }, "c:\\my.folder\\a.b.txt", "c:\\my.folder\\ab.txt"},
+      {[](auto& o) { o.chkExtra = o.chkIncludePaths = kChecked; }, "c:\\my.folder\\a.b.txt", "c:\\myfolder\\ab.txt"},
+      {[](auto& o) { o.chkExtra = kChecked, o.cboBatch = {"Document Name", "", "", "", "", "", "", ""}; },
+       "c:\\docs\\name", "c:\\docs\\name."},
+      // A placement bringing a backslash moves the folder boundary.
+      {[](auto& o) { o.cboBatch = {"yyyy (date)", "\\", "Document Name", "extension", "", "", "", ""}; },
+       "c:\\photos\\IMG_1.JPG", "c:\\photos\\2026\\IMG_1.jpg"},
+      {[](auto& o) {
+         o.cboBatch = {"yyyy (date)", "\\", "Document Name", "extension", "", "", "", ""};
+         o.optMoveNewFolder = true, o.lFolder = "e:\\sorted";
+       },
+       "c:\\photos\\IMG_1.JPG", "e:\\sorted\\IMG_1.jpg"},
+      // The destination folder is used only while it exists or is on the network.
+      {[](auto& o) { o.lFolder = "e:\\sorted"; }, "c:\\a\\b.txt", "c:\\a\\b.txt"},
+      {[](auto& o) { o.optMoveNewFolder = true, o.lFolder = "e:\\sorted", o.chkUpperCase = kChecked; },
+       "c:\\a\\b.txt", "e:\\sorted\\B.TXT"},
+      {[](auto& o) { o.optMoveNewFolder = true, o.lFolder = "e:\\gone"; }, "c:\\a\\b.txt", "c:\\a\\b.txt"},
+      {[](auto& o) { o.optMoveNewFolder = true, o.lFolder = "\\\\server\\share"; }, "c:\\a\\b.txt",
+       "\\\\server\\share\\b.txt"},
+  };
+  for (const auto& row : rows) {
+    options_ = ConversionOptions();
+    row.set(options_);
+    EXPECT_EQ(Convert(row.source), row.expected) << row.source;
+  }
+  options_ = ConversionOptions();
+  options_.chkIncludePaths = kChecked;  // only shows the panel
+  Convert(kBuiltInSamples[0]);
+  EXPECT_TRUE(options_.pFolderPathVisible);
+  options_.chkIncludePaths = kGrayed;
+  Convert(kBuiltInSamples[0]);
+  EXPECT_FALSE(options_.pFolderPathVisible);
 }
 
 TEST_F(NameConverterTest, SerialRisesOncePerNameWhetherUsedOrNot) {
@@ -191,68 +232,6 @@ TEST_F(NameConverterTest, SerialRisesOncePerNameWhetherUsedOrNot) {
   options_.cboBatch = {"Document Name", "", "", "", "", "", "", ""};
   Convert("c:\\z.txt");
   EXPECT_EQ(options_.serial, 101);
-}
-
-TEST_F(NameConverterTest, EdgesOfThePathItself) {
-  const std::pair<std::string, std::string> cases[] = {
-      {"README", "\\README."},  // no folder: the work text starts with a backslash
-      {"c:\\docs\\README", "c:\\docs\\README."},
-      {"", "\\."},
-      {"c:\\docs\\", "c:\\docs\\."},
-      {"d:\\Fotos\\Ünïcode Ça.JPG", "d:\\Fotos\\Ünïcode Ça.jpg"},
-      {"d:\\raw\\\xff\xfe name.TXT", "d:\\raw\\\xff\xfe name.txt"},
-  };
-  for (const auto& [path, expected] : cases) EXPECT_EQ(Convert(path), expected) << path;
-}
-
-TEST_F(NameConverterTest, CaseStagesWorkOnWholeCharacters) {
-  options_.chkIncludePaths = kChecked;
-  options_.chkUpperCase = kChecked;
-  EXPECT_EQ(Convert("d:\\fotos\\ünïcode ça.jpg"), "D:\\FOTOS\\ÜNÏCODE ÇA.JPG");
-  options_.chkUpperCase = kUnchecked;
-  options_.chkCapitalize = kChecked;
-  EXPECT_EQ(Convert("d:\\fotos\\ÜNÏCODE ÇA.JPG"), "D:\\Fotos\\Ünïcode Ça.jpg");
-  options_.chkLowercase = kChecked;  // lower case wins over capitals
-  options_.chkUpperCase = kChecked;
-  EXPECT_EQ(Convert("d:\\Fotos\\\xff" "A.JPG"), "d:\\fotos\\\xff" "a.jpg");
-}
-
-TEST_F(NameConverterTest, AllPlacementsEmptyGiveTheFolderAlone) {
-  options_.cboBatch = {};
-  EXPECT_EQ(Convert(kBuiltInSamples[2]), "c:\\graphics\\common\\");
-}
-
-TEST_F(NameConverterTest, ExtraPeriodsLeaveOnlyThePeriodBeforeTheExtension) {
-  options_.chkExtra = kChecked;
-  EXPECT_EQ(Convert("c:\\my.folder\\a.b.txt"), "c:\\my.folder\\ab.txt");
-  options_.chkIncludePaths = kChecked;
-  EXPECT_EQ(Convert("c:\\my.folder\\a.b.txt"), "c:\\myfolder\\ab.txt");
-  options_.cboBatch = {"Document Name", "", "", "", "", "", "", ""};
-  EXPECT_EQ(Convert("c:\\docs\\name"), "c:\\docs\\name.");
-}
-
-TEST_F(NameConverterTest, PlacementBringingABackslashMovesTheFolderBoundary) {
-  options_.cboBatch = {"yyyy (date)", "\\", "Document Name", "extension", "", "", "", ""};
-  EXPECT_EQ(Convert("c:\\photos\\IMG_1.JPG"), "c:\\photos\\2026\\IMG_1.jpg");
-  fs_.AddDirectory("e:\\sorted");
-  options_.optMoveNewFolder = true;
-  options_.lFolder = "e:\\sorted";
-  EXPECT_EQ(Convert("c:\\photos\\IMG_1.JPG"), "e:\\sorted\\IMG_1.jpg");
-}
-
-TEST_F(NameConverterTest, DestinationFolderIsUsedOnlyWhileItExists) {
-  fs_.AddDirectory("e:\\new");
-  options_.lFolder = "e:\\new";
-  EXPECT_EQ(Convert("c:\\a\\b.txt"), "c:\\a\\b.txt");  // option not chosen
-  options_.optMoveNewFolder = true;
-  EXPECT_EQ(Convert("c:\\a\\b.txt"), "e:\\new\\b.txt");
-  options_.chkUpperCase = kChecked;  // later stages see the destination too
-  EXPECT_EQ(Convert("c:\\a\\b.txt"), "e:\\new\\B.TXT");
-  options_.chkUpperCase = kUnchecked;
-  fs_.Remove("e:\\new");  // vanished: passed over silently
-  EXPECT_EQ(Convert("c:\\a\\b.txt"), "c:\\a\\b.txt");
-  options_.lFolder = "\\\\server\\share";
-  EXPECT_EQ(Convert("c:\\a\\b.txt"), "\\\\server\\share\\b.txt");
 }
 
 TEST_F(NameConverterTest, ReplaceBoxesResolveTokensOnTheWorkText) {
@@ -318,15 +297,6 @@ TEST_F(NameConverterTest, WithoutAListSourceTheRecordsListsAreUsed) {
   options_.FormattingList = {{"MYFILE", true}};
   EXPECT_EQ(inMemory.ConvertName(options_, kBuiltInSamples[1]),
             "c:\\graphics\\common\\Copy of  -    SPACE - 04 - Oddy.jpg");
-}
-
-TEST_F(NameConverterTest, IncludePathsOnlyShowsThePanel) {
-  options_.chkIncludePaths = kChecked;
-  EXPECT_EQ(Convert(kBuiltInSamples[0]), "c:\\graphics\\common\\myfile_(1).tmd.jpg.jpeg");
-  EXPECT_TRUE(options_.pFolderPathVisible);
-  options_.chkIncludePaths = kGrayed;
-  Convert(kBuiltInSamples[0]);
-  EXPECT_FALSE(options_.pFolderPathVisible);
 }
 
 }  // namespace

@@ -60,11 +60,7 @@ class PosixShellTest : public ::testing::Test {
   std::optional<std::string> AwaitAnswer() const {
     for (int i = 0; i < 500; ++i) {
       std::ifstream in(Answer());
-      if (in) {
-        std::stringstream text;
-        text << in.rdbuf();
-        return text.str();
-      }
+      if (in) return std::string(std::istreambuf_iterator<char>(in), {});
       std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
     return std::nullopt;
@@ -82,22 +78,18 @@ class PosixShellTest : public ::testing::Test {
   PosixShell shell_;
 };
 
-TEST_F(PosixShellTest, AProgramGetsItsParameterTextAsOneArgument) {
+TEST_F(PosixShellTest, AProgramGetsItsParameterTextAsOneArgumentInItsDirectory) {
   const std::string parameters = "Tessaly,1.0.14 two  words \"quoted\" 'single' $HOME;|* \\x";
-  EXPECT_GT(Open(recorder_, parameters), 32);
-  EXPECT_EQ(AwaitAnswer(), "1\n" + parameters + "\n" + fs::current_path().string());
-}
-
-TEST_F(PosixShellTest, AProgramWithoutParametersGetsNoArgument) {
-  EXPECT_GT(Open(recorder_), 32);
-  EXPECT_EQ(AwaitAnswer(), "0\n\n" + fs::current_path().string());
-}
-
-TEST_F(PosixShellTest, AProgramRunsInTheGivenDirectory) {
   const std::string folder = root_ + "/work folder";
   fs::create_directory(folder);
-  EXPECT_GT(Open(recorder_, "x", folder), 32);
-  EXPECT_EQ(AwaitAnswer(), "1\nx\n" + folder);
+  for (const auto& [given, directory, expected] :
+       {std::tuple{parameters, std::string(), "1\n" + parameters + "\n" + fs::current_path().string()},
+        {"", "", "0\n\n" + fs::current_path().string()},
+        {"x", folder, "1\nx\n" + folder}}) {
+    fs::remove(Answer());
+    EXPECT_GT(Open(recorder_, given, directory), 32);
+    EXPECT_EQ(AwaitAnswer(), expected);
+  }
 }
 
 // As the disk resolves names: a folder may be written in other letter
@@ -125,27 +117,22 @@ TEST_F(PosixShellTest, FailuresAnswerWithTheShellsCodes) {
   const std::string noScript = root_ + "/plain";
   WriteFile(noScript, "not a program\n", 0755);
   PosixShell noOpener(root_ + "/no-such-opener");
-  struct Case {
+  const struct {
     const char* what;
     PosixShell& shell;
-    std::string file;
-    std::string directory;
-    std::string verb;
+    std::string file, directory, verb;
     std::int32_t answer;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"missing file", shell_, root_ + "/gone.sh", "", "open", kFileNotFound},
-      {"empty file", shell_, "", "", "open", kFileNotFound},
       {"missing folder", shell_, root_ + "/gone/x.sh", "", "open", kPathNotFound},
       {"missing directory", shell_, recorder_, root_ + "/gone", "open", kPathNotFound},
       {"directory is a file", shell_, recorder_, document, "open", kPathNotFound},
       {"unknown verb", shell_, recorder_, "", "print", kNoAssociation},
-      {"exploring a file", shell_, document, "", "explore", kNoAssociation},
       {"no opener", noOpener, document, "", "open", kNoAssociation},
       // Never handed to a command shell instead.
       {"no program format", shell_, noScript, "", "open", kBadProgramFile},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.what);
     const ShellRequest request{0, c.verb, ToModelPath(c.file),
                                "x", c.directory.empty() ? "" : ToModelPath(c.directory), 1};

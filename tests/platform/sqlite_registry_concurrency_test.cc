@@ -97,43 +97,5 @@ TEST_F(SqliteConcurrencyTest, DifferentValuesOfOneKeyAllLand) {
   registry.CloseKey(key);
 }
 
-TEST_F(SqliteConcurrencyTest, OneValueEndsAsOneWritersWholeText) {
-  // Long texts span several database pages, so a torn write would show.
-  const auto textOf = [](char letter, int i) {
-    return std::string(20000, letter) + std::to_string(i);
-  };
-  std::vector<pid_t> writers;
-  for (char letter : {'a', 'b'}) {
-    writers.push_back(StartWriter([&textOf, letter](Registry& registry) {
-      return WriteMany(
-          registry, [](int) { return std::string("Value"); },
-          [&textOf, letter](int i) { return textOf(letter, i); });
-    }));
-  }
-  Release();
-  // Read while they write: every answer is some writer's whole text.
-  SqliteRegistry registry(Location());
-  int mixed = 0;
-  for (int reads = 0; reads < 200; ++reads) {
-    RegistryKey key = 0;
-    if (registry.OpenKey(Hive::kCurrentUser, "Shared", reg::kRead, &key) != reg::kSuccess) continue;
-    const auto read = Query(registry, key, "Value");
-    registry.CloseKey(key);
-    if (read.answer != reg::kSuccess) continue;
-    const std::string text = read.bytes.substr(0, read.bytes.size() - 1);
-    const int i = std::stoi(text.substr(20000));
-    if (text != textOf('a', i) && text != textOf('b', i)) ++mixed;
-  }
-  for (pid_t writer : writers) EXPECT_TRUE(Finished(writer));
-  EXPECT_EQ(mixed, 0);
-
-  RegistryKey key = 0;
-  ASSERT_EQ(registry.OpenKey(Hive::kCurrentUser, "Shared", reg::kRead, &key), reg::kSuccess);
-  const auto last = Query(registry, key, "Value");
-  registry.CloseKey(key);
-  const std::string text = last.bytes.substr(0, last.bytes.size() - 1);
-  EXPECT_TRUE(text == textOf('a', kWrites - 1) || text == textOf('b', kWrites - 1));
-}
-
 }  // namespace
 }  // namespace tessaly

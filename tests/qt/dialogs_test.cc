@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -43,6 +44,8 @@ TEST_F(DialogsTest, AdvancedReplaceAddsRowsOnTopAndStoresTheirMarks) {
   bool worked = false;
   WhenModalOpens([&](QWidget* dialog) {
     EXPECT_EQ(dialog->windowTitle(), "Advanced Replace");
+    EXPECT_EQ(Find<QComboBox>(window(), "cboBatch6")->currentText(), "(Advanced)");
+    EXPECT_FALSE(Find<QPushButton>(window(), "cmdReplaceAdv2")->isHidden());
     auto* list = Find<QListView>(dialog, "lstReplace");
     TypeOver(Find<QComboBox>(dialog, "cboBatch0"), "Copy of ");
     Click(Find<QPushButton>(dialog, "cmdAdd"));
@@ -59,9 +62,15 @@ TEST_F(DialogsTest, AdvancedReplaceAddsRowsOnTopAndStoresTheirMarks) {
     Click(Find<QPushButton>(dialog, "cmdAccept"));
     worked = true;
   });
-  form->cmdReplaceAdv_Click();
+  // Picking "(Advanced)" in the With box fills both boxes and opens the dialog.
+  auto* with = Find<QComboBox>(window(), "cboBatch7");
+  with->showPopup();
+  QAbstractItemView* items = with->view();
+  QTest::mouseClick(items->viewport(), Qt::LeftButton, Qt::NoModifier,
+                    items->visualRect(items->model()->index(0, 0)).center());
   Settle();
   EXPECT_TRUE(worked);
+  EXPECT_EQ(with->currentText(), "(Advanced)");
   EXPECT_EQ(Stored("ReplaceList"), "_ >>  %%1|Copy of  >> %%0|");
 }
 
@@ -82,26 +91,18 @@ TEST_F(DialogsTest, UnwantedFormattingEditsItsRowsAndSavesOnFinished) {
     EXPECT_EQ(Rows(list).mid(0, 4),
               (QStringList{"Copy  [x]", "Copy Of [ ]", "Copy (##) Of [ ]", "Shortcut to [ ]"}));
     SaveScreenshot(dialog, "dialog_unwanted_formatting");
-    Click(Find<QPushButton>(dialog, "cmdExit"));
+    // The edit box takes the row's text selected with the focus.
+    ClickRow(list, 1);
+    QTest::mouseClick(edit, Qt::LeftButton);
+    Settle();
+    EXPECT_EQ(edit->selectedText(), "Copy Of");
+    dialog->close();  // the close box saves as Finished does
     worked = true;
   });
   Click(Find<QPushButton>(window(), "cmdUnwantedFormat"));
   EXPECT_TRUE(worked);
   EXPECT_THAT(Stored("FormattingList"),
               ::testing::StartsWith("Copy %%1|Copy Of%%0|Copy (##) Of%%0|Shortcut to%%0|"));
-}
-
-TEST_F(DialogsTest, UnwantedFormattingSelectsTheRowTextWhenTheEditBoxTakesFocus) {
-  WhenModalOpens([&](QWidget* dialog) {
-    ClickRow(Find<QListView>(dialog, "lstRemove"), 0);
-    auto* edit = Find<QLineEdit>(dialog, "txtEdit");
-    QTest::mouseClick(edit, Qt::LeftButton);
-    Settle();
-    EXPECT_EQ(edit->selectedText(), "Copy Of");
-    dialog->close();  // the close box saves as Finished does
-  });
-  Click(Find<QPushButton>(window(), "cmdUnwantedFormat"));
-  EXPECT_THAT(Stored("FormattingList"), ::testing::StartsWith("Copy Of%%0|"));
 }
 
 }  // namespace
