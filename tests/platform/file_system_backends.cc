@@ -6,7 +6,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 #include "platform/memory/memory_file_system.h"
 #include "platform/posix/native_path.h"
@@ -40,9 +39,7 @@ class MemoryBackend : public FileSystemBackend {
     fs_.AddFile(path, attr::kDirectory | (hidden ? attr::kHidden : 0));
   }
   std::optional<std::string> Read(std::string_view path) override {
-    const std::vector<std::string> paths = fs_.Paths();
-    if (std::find(paths.begin(), paths.end(), path) == paths.end()) return std::nullopt;
-    return fs_.Contents(path);
+    return std::ranges::count(fs_.Paths(), path) == 0 ? std::nullopt : fs_.Contents(path);
   }
   std::vector<std::string> Names(std::string_view folder) override {
     const std::string prefix = std::string(folder) + "\\";
@@ -127,10 +124,9 @@ class PosixBackend : public FileSystemBackend {
   }
   std::optional<std::string> Read(std::string_view path) override {
     const std::string native = ToNativePath(path);
-    const auto names = NamesIn(native.substr(0, native.find_last_of('/')));
-    const std::string name = native.substr(native.find_last_of('/') + 1);
-    if (std::find(names.begin(), names.end(), name) == names.end()) return std::nullopt;
-    return ReadNative(native);
+    const std::size_t slash = native.find_last_of('/');
+    const bool spelled = std::ranges::count(NamesIn(native.substr(0, slash)), native.substr(slash + 1)) > 0;
+    return spelled ? ReadNative(native) : std::nullopt;
   }
   std::vector<std::string> Names(std::string_view folder) override {
     std::vector<std::string> names = NamesIn(ToNativePath(folder));
@@ -165,9 +161,7 @@ TempFolder::~TempFolder() {
 std::optional<std::string> ReadNative(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
   if (!in) return std::nullopt;
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
+  return std::string(std::istreambuf_iterator<char>(in), {});
 }
 
 void WriteNative(const std::string& path, std::string_view contents) {
