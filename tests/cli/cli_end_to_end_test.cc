@@ -16,6 +16,7 @@
 #include "platform/posix/registry_location.h"
 #include "platform/posix/sqlite_registry.h"
 #include "settings/settings_store.h"
+#include "temp_folder.h"
 
 namespace tessaly::cli {
 namespace {
@@ -63,15 +64,9 @@ std::string JsonField(const std::string& line, const std::string& key) {
 class CliEndToEnd : public ::testing::Test {
  protected:
   void SetUp() override {
-    std::string pattern = (fs::temp_directory_path() / "tessaly-cli-XXXXXX").string();
-    ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-    root = pattern;
-    files = root + "/files";
-    registry = root + "/registry";
     fs::create_directory(files);
     fs::create_directory(registry);
   }
-  void TearDown() override { fs::remove_all(root); }
 
   void MakeFile(const std::string& name, const std::string& content = "x") {
     std::ofstream(files + "/" + name) << content;
@@ -110,9 +105,9 @@ class CliEndToEnd : public ::testing::Test {
            Literal(newName) + " " + Literal(outcome) + "$";
   }
 
-  std::string root;
-  std::string files;
-  std::string registry;
+  testing::TempFolder root;
+  std::string files = root.path() + "/files";
+  std::string registry = root.path() + "/registry";
 };
 
 // POSIX extended expressions, as the matchers read them: no "\d".

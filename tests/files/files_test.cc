@@ -1,7 +1,6 @@
 // Choosing files: the directory walk, the sorted file list, the dialogs.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <filesystem>
 #include <fstream>
@@ -15,6 +14,7 @@
 #include "platform/memory/scripted_ui.h"
 #include "platform/posix/native_path.h"
 #include "platform/posix/posix_file_system.h"
+#include "temp_folder.h"
 
 namespace tessaly {
 namespace {
@@ -59,8 +59,8 @@ TEST(DirectoryWalk, NoPathTwiceAsTheFileSystemTellsNamesApart) {
 // the walk ends, and every file comes once.
 TEST(DirectoryWalk, LinksToFoldersAreFollowedOnceAndLoopsEnd) {
   namespace fs = std::filesystem;
-  std::string root = (fs::temp_directory_path() / "tessaly-walk-XXXXXX").string();
-  ASSERT_NE(mkdtemp(root.data()), nullptr);
+  const testing::TempFolder folder;
+  const std::string& root = folder.path();
   fs::create_directories(root + "/a/b");
   std::ofstream(root + "/a/b/x.txt") << "x";
   std::ofstream(root + "/a/y.txt") << "y";
@@ -71,7 +71,6 @@ TEST(DirectoryWalk, LinksToFoldersAreFollowedOnceAndLoopsEnd) {
   for (const std::string& path : ListFiles(files, ToModelPath(root), "*.txt", true)) {
     names.push_back(path.substr(path.find_last_of('\\') + 1));
   }
-  fs::remove_all(root);
   EXPECT_THAT(names, ::testing::UnorderedElementsAre("x.txt", "y.txt"));
 }
 

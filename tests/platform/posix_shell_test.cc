@@ -15,6 +15,7 @@
 #include <thread>
 
 #include "platform/posix/native_path.h"
+#include "temp_folder.h"
 
 namespace tessaly {
 namespace {
@@ -30,12 +31,8 @@ constexpr std::int32_t kNoAssociation = 31;
 class PosixShellTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    char pattern[] = "/tmp/tessaly-shell-XXXXXX";
-    ASSERT_NE(mkdtemp(pattern), nullptr);
-    root_ = pattern;
     // The recorder writes how many arguments it got, the first one and its
     // working folder, and makes the answer appear at once.
-    recorder_ = root_ + "/Record.sh";
     WriteFile(recorder_,
               "#!/bin/sh\n"
               "printf '%s\\n%s\\n%s' \"$#\" \"$1\" \"$(pwd)\" > '" + Answer() + ".part'\n"
@@ -46,7 +43,6 @@ class PosixShellTest : public ::testing::Test {
     // A folder made unreadable by a test must be readable to be removed.
     std::error_code ignored;
     fs::permissions(root_ + "/locked", fs::perms::owner_all, ignored);
-    fs::remove_all(root_, ignored);
   }
 
   std::string Answer() const { return root_ + "/answer"; }
@@ -73,8 +69,9 @@ class PosixShellTest : public ::testing::Test {
     return shell_.Execute(request);
   }
 
-  std::string root_;
-  std::string recorder_;
+  testing::TempFolder folder_{"/tmp"};  // the case test spells it "/TMP"
+  std::string root_ = folder_.path();
+  std::string recorder_ = root_ + "/Record.sh";
   PosixShell shell_;
 };
 

@@ -2,31 +2,13 @@
 #define TESSALY_TESTS_PLATFORM_REGISTRY_TEST_SUPPORT_H_
 
 #include <cstdint>
-#include <cstdlib>
-#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "platform/registry.h"
+#include "temp_folder.h"
 
 namespace tessaly::testing {
-
-// A fresh folder under the temporary folder, removed with everything in it.
-class ScratchFolder {
- public:
-  ScratchFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "tessaly-reg-XXXXXX").string();
-    path_ = mkdtemp(pattern.data()) != nullptr ? pattern : std::string();
-  }
-  ~ScratchFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
-  const std::string& path() const { return path_; }
-
- private:
-  std::string path_;
-};
 
 // Writes `text` as REG_SZ the way the settings store does: its length as the
 // size, the terminator behind it left out.

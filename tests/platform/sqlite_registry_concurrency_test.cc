@@ -14,7 +14,7 @@ namespace {
 constexpr int kWrites = 150;
 
 TEST(SqliteConcurrencyTest, DifferentValuesOfOneKeyAllLand) {
-  testing::ScratchFolder folder;
+  testing::TempFolder folder;
   // Two writers in tight loops can keep each other waiting for seconds on a
   // busy machine; this test is about what lands, not about how long.
   RegistryLocation location = RegistryLocationIn(folder.path());

@@ -73,7 +73,7 @@ class SqliteRegistryTest : public ::testing::Test {
     return read.bytes.substr(0, read.bytes.size() - 1);
   }
 
-  testing::ScratchFolder folder_;
+  testing::TempFolder folder_;
   RegistryLocation location_;
 };
 

@@ -19,20 +19,10 @@
 #include <QRadioButton>
 #include <QTest>
 #include <QTextBlock>
-#include <cstdlib>
 
-#include "platform/memory/fixed_clock.h"
-#include "platform/memory/fixed_locale.h"
-#include "platform/memory/fixed_network_status.h"
-#include "platform/memory/memory_short_paths.h"
-#include "platform/memory/recording_shell.h"
-#include "platform/memory/scripted_random.h"
 #include "platform/posix/posix_file_system.h"
-#include "platform/posix/posix_program.h"
-#include "platform/posix/sqlite_registry.h"
 #include "desktop_identity.h"
 #include "qt_test_support.h"
-#include "wizard/start_up.h"
 
 namespace tessaly::qt {
 namespace {
@@ -127,16 +117,10 @@ void ExpectOwnMnemonics(QWidget* window) {
   }
 }
 
+// The wizard window over a real folder of files.
 class WizardWalkTest : public ::testing::Test {
  protected:
-  WizardWalkTest() {
-    // The registry's hives live in the test's own folder.
-    setenv("TESSALY_REGISTRY_DIR", QDir(folder.path()).filePath("registry").toUtf8().constData(), 1);
-    QDir(folder.path()).mkpath("registry");
-    QDir(folder.path()).mkpath("photos");
-    registry = std::make_unique<SqliteRegistry>();
-    store = std::make_unique<SettingsStore>(*registry);
-  }
+  WizardWalkTest() { QDir(folder.path()).mkpath("photos"); }
   ~WizardWalkTest() override {
     delete ui.wizardWindow();
     Settle();
@@ -152,28 +136,17 @@ class WizardWalkTest : public ::testing::Test {
   QStringList FilesOnDisk() const {
     return QDir(QDir(folder.path()).filePath("photos")).entryList(QDir::Files, QDir::Name);
   }
-
   fTessaly& Start() {
-    form = std::make_unique<fTessaly>(WizardServices{fileSystem, *store, ui, clock, locale, random,
-                                                     program, shell, network, shortPaths});
-    StartWizard(*form, ui);
+    world.Start();
     Settle();
     return *form;
   }
 
   QTemporaryDir folder;
   PosixFileSystem fileSystem;
-  std::unique_ptr<SqliteRegistry> registry;
-  std::unique_ptr<SettingsStore> store;
-  WatchingUi ui;
-  FixedClock clock{CivilDateTime{{2026, 11, 18}, 14, 2, 9}};
-  FixedLocale locale;
-  ScriptedRandom random;
-  PosixProgram program{""};
-  RecordingShell shell;
-  FixedNetworkStatus network;
-  MemoryShortPaths shortPaths;
-  std::unique_ptr<fTessaly> form;
+  BasicMemoryWorld<WatchingUi> world{fileSystem};
+  WatchingUi& ui = world.ui;
+  std::unique_ptr<fTessaly>& form = world.form;
 };
 
 // The walk on the desktop of each appearance, with the palette and font
