@@ -10,18 +10,17 @@
 
 namespace tessaly::testing {
 
-// Writes `text` as REG_SZ the way the settings store does: its length as the
-// size, the terminator behind it left out.
-inline long SetText(Registry& registry, RegistryKey key, std::string_view name,
-                    const std::string& text, std::uint32_t type = reg::kText) {
-  return registry.SetValue(key, name, type, reinterpret_cast<const std::uint8_t*>(text.c_str()),
-                           static_cast<std::uint32_t>(text.size()));
-}
-
 inline long SetBytes(Registry& registry, RegistryKey key, std::string_view name, std::uint32_t type,
                      const std::string& bytes) {
   return registry.SetValue(key, name, type, reinterpret_cast<const std::uint8_t*>(bytes.data()),
                            static_cast<std::uint32_t>(bytes.size()));
+}
+
+// Writes `text` as REG_SZ the way the settings store does: its length as the
+// size, the terminator behind it left out.
+inline long SetText(Registry& registry, RegistryKey key, std::string_view name,
+                    const std::string& text, std::uint32_t type = reg::kText) {
+  return SetBytes(registry, key, name, type, text);
 }
 
 // A value as read back: the answer, its type and its bytes.

@@ -264,7 +264,6 @@ TEST(ShellOpenTest, AnswersUpTo32FailWithTheirReport) {
     const char* text;
   } failures[] = {
       {0, 7, "Out of memory"},
-      {5, 75, "Path/file access error"},
       {26, 75, "A sharing violation occurred."},
       {27, kBase + 27, "This file type does not have a valid file association."},
       {32, 48, "The specified dynamic-link library was not found."},
