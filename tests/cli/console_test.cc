@@ -36,12 +36,9 @@ TEST(ReadArguments, OptionsAndWhatTheyLeave) {
       {{"--null", "--files-from=list", "/step:4"}, Kind::kRun, {"/step:4"}, false, false, true, "list"},
       // "--" ends the options, and stays to end the switches too.
       {{"--", "-n", "--odd.txt", "/exit"}, Kind::kRun, {"--", "-n", "--odd.txt", "/exit"}},
-      {{"-", "a.txt"}, Kind::kRun, {"-", "a.txt"}},
       {{"-x"}, Kind::kError, {}},
-      {{"-nx"}, Kind::kError, {}},
       {{"--bogus"}, Kind::kError, {}},
       {{"--files-from"}, Kind::kError, {}},
-      {{"--command-line"}, Kind::kError, {}},
       {{"--command-line", "x", "/exit"}, Kind::kError, {}},
       {{"a.txt", "--command-line", "x"}, Kind::kError, {}},
   };
@@ -110,13 +107,10 @@ TEST(SortShellWords, SwitchesOnlyInFullTheRestFiles) {
       // Written like a switch but none: refused.
       {{"a.txt", "/stpe:4"}, {}, "", "/stpe:4"},
       {{"/settings:Bogus"}, {}, "", "/settings:Bogus"},
-      {{"/settings:lowercase"}, {}, "", "/settings:lowercase"},
       {{"/placement9:x"}, {}, "", "/placement9:x"},
       {{"/placement1:a\"b"}, {}, "", "/placement1:a\"b"},
       {{"/placement1:x /exit"}, {}, "", "/placement1:x /exit"},
-      {{"/step:12"}, {}, "", "/step:12"},
       {{"/Exit"}, {}, "", "/Exit"},
-      {{"/showme"}, {}, "", "/showme"},
       {{"/settings:UpperCase/x"}, {}, "", "/settings:UpperCase/x"},
       // ... unless something of that name exists.
       {{"/tmp"}, {R"(\tmp)"}, ""},
