@@ -20,6 +20,7 @@
 #include <functional>
 #include <iostream>
 #include <map>
+#include <memory>
 #include <random>
 #include <string>
 #include <thread>
@@ -28,6 +29,7 @@
 #include "cli_runner.h"
 #include "platform/posix/native_path.h"
 #include "platform/posix/posix_file_system.h"
+#include "temp_folder.h"
 
 namespace tessaly::cli {
 namespace {
@@ -62,9 +64,6 @@ struct Tally {
 class CrashConsistencyTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    root_ = MakeFolder(fs::temp_directory_path());
-    files_ = root_ + "/files";
-    registry_ = root_ + "/registry";
     fs::create_directory(files_);
     fs::create_directory(registry_);
     count_ = Setting("TESSALY_CRASH_FILES", 2000);
@@ -72,26 +71,18 @@ class CrashConsistencyTest : public ::testing::Test {
       std::ofstream(files_ + "/" + OldName(i)) << "content " << i << "\n";
     }
   }
-  void TearDown() override {
-    fs::remove_all(root_);
-    if (!far_.empty()) fs::remove_all(far_);
-  }
-
-  static std::string MakeFolder(const fs::path& parent) {
-    std::string pattern = (parent / "tessaly-crash-XXXXXX").string();
-    return mkdtemp(pattern.data()) != nullptr ? pattern : std::string();
-  }
   static std::string OldName(int i) { return "f" + std::to_string(i) + ".txt"; }
   static std::string NewName(int i) { return Upper(OldName(i)); }
 
   // A folder on another file system, or nothing.
   std::string FarFolder() {
     struct stat here {}, there {};
-    if (stat("/dev/shm", &there) != 0 || stat(root_.c_str(), &here) != 0 ||
+    if (stat("/dev/shm", &there) != 0 || stat(root_.path().c_str(), &here) != 0 ||
         here.st_dev == there.st_dev) {
       return "";
     }
-    far_ = MakeFolder("/dev/shm");
+    farFolder_ = std::make_unique<testing::TempFolder>("/dev/shm");
+    far_ = farFolder_->path();
     return far_;
   }
 
@@ -222,7 +213,9 @@ class CrashConsistencyTest : public ::testing::Test {
   }
 
   int count_ = 0;
-  std::string root_, files_, registry_, far_;
+  testing::TempFolder root_;
+  std::unique_ptr<testing::TempFolder> farFolder_;
+  std::string files_ = root_.path() + "/files", registry_ = root_.path() + "/registry", far_;
   std::mt19937 random_{std::random_device{}()};
 };
 

@@ -62,9 +62,7 @@ TEST(ListBox, DeferredSortingAndRemovingAgreeWithDoingEachAtOnce) {
       const std::size_t count = texts.size();
       const std::size_t index = count > 0 ? pick(count) : 0;
       switch (count > 0 ? pick(8) : 0) {
-        case 0:
-        case 1:
-        case 2: {
+        case 0: case 1: case 2: {
           list.AddItem(word);
           const auto at = std::upper_bound(texts.begin(), texts.end(), word, Before);
           const auto place = at - texts.begin();
@@ -151,11 +149,9 @@ TEST(ListBox, CheckBoxClickTogglesAndMakesTheRowCurrent) {
   list.AddItem("x");
   list.AddItemAt("y", 0);
   list.ClickCheckBox(1);
-  EXPECT_TRUE(list.Checked(1));
-  EXPECT_EQ(list.List(1), "x");
-  EXPECT_EQ(list.ListIndex(), 1);
-  EXPECT_EQ(clicks, 1);
   list.SetListIndex(7);  // out of range: ignored
+  EXPECT_TRUE(list.Checked(1));
+  EXPECT_EQ(list.ListIndex(), 1);
   EXPECT_EQ(clicks, 1);
 }
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "conversion/sample_paths.h"
 #include "platform/memory/fixed_clock.h"
 #include "platform/memory/fixed_locale.h"
@@ -27,35 +29,9 @@ class CountingListSource : public ListSource {
   int formattingLoads = 0;
 };
 
-// Each "; "-separated path of `paths` with its folder replaced by `folder`.
-std::string WithFolder(const std::string& paths, const std::string& folder) {
-  std::string out;
-  std::size_t start = 0;
-  while (start <= paths.size()) {
-    std::size_t end = paths.find("; ", start);
-    if (end == std::string::npos) end = paths.size();
-    const std::string path = paths.substr(start, end - start);
-    if (!out.empty()) out += "; ";
-    out += folder + path.substr(path.find_last_of('\\') + 1);
-    start = end + 2;
-  }
-  return out;
-}
-
 class NameConverterTest : public ::testing::Test {
  protected:
   std::string Convert(std::string_view path) { return converter_.ConvertName(options_, path); }
-
-  // The three samples of one pass, joined with "; ".
-  std::string ConvertSamples() {
-    options_.serial = 0;
-    std::string out;
-    for (std::string_view sample : kBuiltInSamples) {
-      if (!out.empty()) out += "; ";
-      out += Convert(sample);
-    }
-    return out;
-  }
 
   FixedClock clock_{CivilDate{2026, 11, 18}};
   FixedLocale locale_;
@@ -67,60 +43,36 @@ class NameConverterTest : public ::testing::Test {
 
 TEST_F(NameConverterTest, BoxesTickedOneRowAtATime) {
   using Box = CheckState ConversionOptions::*;
+  using O = ConversionOptions;
   const struct {
     std::vector<Box> ticked;
-    std::string expected;
+    int sample;
+    std::string expected;  // with "Include Path" ticked
   } rows[] = {
-      {{},
-       "c:\\graphics\\common\\myfile_(1).tmd.jpg.jpeg; "
-       "c:\\graphics\\common\\Copy of MYFILE -    SPACE - 04 - Oddy.jpg; "
-       "c:\\graphics\\common\\MyFile - My file data HeadEr .mp3"},
-      {{&ConversionOptions::chkRemoveNumbers},
-       "c:\\graphics\\common\\myfile_.tmd.jpg.jpeg; "
-       "c:\\graphics\\common\\Copy of MYFILE -    SPACE - 04 - Oddy.jpg; "
-       "c:\\graphics\\common\\MyFile - My file data HeadEr .mp3"},
-      {{&ConversionOptions::chkExtra},
-       "c:\\graphics\\common\\myfile_(1)tmdjpg.jpeg; "
-       "c:\\graphics\\common\\Copy of MYFILE -    SPACE - 04 - Oddy.jpg; "
-       "c:\\graphics\\common\\MyFile - My file data HeadEr .mp3"},
-      {{&ConversionOptions::chkShortExtension},
-       "c:\\graphics\\common\\myfile_(1).tmd.jpg.jpg; "
-       "c:\\graphics\\common\\Copy of MYFILE -    SPACE - 04 - Oddy.jpg; "
-       "c:\\graphics\\common\\MyFile - My file data HeadEr .mp3"},
-      {{&ConversionOptions::chkLongExtension},
-       "c:\\graphics\\common\\myfile_(1).tmd.jpeg.jpeg; "
-       "c:\\graphics\\common\\Copy of MYFILE -    SPACE - 04 - Oddy.jpeg; "
-       "c:\\graphics\\common\\MyFile - My file data HeadEr .mp3"},
-      {{&ConversionOptions::chkRemoveu, &ConversionOptions::chkFixSpacing},
-       "c:\\graphics\\common\\myfile (1).tmd.jpg.jpeg; "
-       "c:\\graphics\\common\\Copy of MYFILE - SPACE - 04 - Oddy.jpg; "
-       "c:\\graphics\\common\\MyFile - My file data HeadEr.mp3"},
-      {{&ConversionOptions::chkCapitalize},
-       "C:\\Graphics\\Common\\Myfile_(1).tmd.jpg.jpeg; "
-       "C:\\Graphics\\Common\\Copy of Myfile -    Space - 04 - Oddy.jpg; "
-       "C:\\Graphics\\Common\\Myfile - My File Data Header .mp3"},
-      {{&ConversionOptions::chkUpperCase},
-       "C:\\GRAPHICS\\COMMON\\MYFILE_(1).TMD.JPG.JPEG; "
-       "C:\\GRAPHICS\\COMMON\\COPY OF MYFILE -    SPACE - 04 - ODDY.JPG; "
-       "C:\\GRAPHICS\\COMMON\\MYFILE - MY FILE DATA HEADER .MP3"},
-      {{&ConversionOptions::chkRemoveNumbers, &ConversionOptions::chkShortExtension,
-        &ConversionOptions::chkExtra, &ConversionOptions::chkRemoveu,
-        &ConversionOptions::chkRemoveDoubleSpace, &ConversionOptions::chkCapitalize,
-        &ConversionOptions::chkFixSpacing},
-       "C:\\Graphics\\Common\\Myfile Tmdjpg.jpg; "
-       "C:\\Graphics\\Common\\Copy of Myfile - Space - 04 - Oddy.jpg; "
-       "C:\\Graphics\\Common\\Myfile - My File Data Header.mp3"},
+      {{}, 0, "c:\\graphics\\common\\myfile_(1).tmd.jpg.jpeg"},
+      {{&O::chkRemoveNumbers}, 0, "c:\\graphics\\common\\myfile_.tmd.jpg.jpeg"},
+      {{&O::chkExtra}, 0, "c:\\graphics\\common\\myfile_(1)tmdjpg.jpeg"},
+      {{&O::chkShortExtension}, 0, "c:\\graphics\\common\\myfile_(1).tmd.jpg.jpg"},
+      {{&O::chkLongExtension}, 1, "c:\\graphics\\common\\Copy of MYFILE -    SPACE - 04 - Oddy.jpeg"},
+      {{&O::chkRemoveu, &O::chkFixSpacing}, 0, "c:\\graphics\\common\\myfile (1).tmd.jpg.jpeg"},
+      {{&O::chkRemoveu, &O::chkFixSpacing}, 2, "c:\\graphics\\common\\MyFile - My file data HeadEr.mp3"},
+      {{&O::chkCapitalize}, 2, "C:\\Graphics\\Common\\Myfile - My File Data Header .mp3"},
+      {{&O::chkUpperCase}, 1, "C:\\GRAPHICS\\COMMON\\COPY OF MYFILE -    SPACE - 04 - ODDY.JPG"},
+      {{&O::chkRemoveNumbers, &O::chkShortExtension, &O::chkExtra, &O::chkRemoveu, &O::chkRemoveDoubleSpace,
+        &O::chkCapitalize, &O::chkFixSpacing},
+       0, "C:\\Graphics\\Common\\Myfile Tmdjpg.jpg"},
+      {{&O::chkRemoveDoubleSpace, &O::chkFixSpacing}, 1, "c:\\graphics\\common\\Copy of MYFILE - SPACE - 04 - Oddy.jpg"},
   };
   // With "Include Path" ticked the stages act on the whole path; clear, the
-  // folder stays as it was and only the names change.
+  // folder stays as it was and only the name changes.
   for (const auto& row : rows) {
     options_ = ConversionOptions();
     for (Box box : row.ticked) options_.*box = kChecked;
     options_.chkIncludePaths = kChecked;
-    EXPECT_EQ(ConvertSamples(), row.expected) << "boxes ticked: " << row.ticked.size();
+    EXPECT_EQ(Convert(kBuiltInSamples[row.sample]), row.expected);
     options_.chkIncludePaths = kUnchecked;
-    EXPECT_EQ(ConvertSamples(), WithFolder(row.expected, "c:\\graphics\\common\\"))
-        << "boxes ticked: " << row.ticked.size();
+    EXPECT_EQ(Convert(kBuiltInSamples[row.sample]),
+              "c:\\graphics\\common\\" + row.expected.substr(row.expected.find_last_of('\\') + 1));
   }
 }
 
@@ -161,26 +113,65 @@ TEST_F(NameConverterTest, TheFolderIsLeftAloneUnlessIncludePathIsTicked) {
   EXPECT_EQ(Convert("c:\\my_dir\\a_b.txt"), "c:\\my_dir\\my sub\\a b");
 }
 
-TEST_F(NameConverterTest, AllowSpacesActsWhenClear) {
-  options_.chkAllowSpaces = kUnchecked;
-  EXPECT_EQ(ConvertSamples(),
-            "c:\\graphics\\common\\myfile_(1).tmd.jpg.jpeg; "
-            "c:\\graphics\\common\\Copy_of_MYFILE_-____SPACE_-_04_-_Oddy.jpg; "
-            "c:\\graphics\\common\\MyFile_-_My_file_data_HeadEr_.mp3");
-}
-
-TEST_F(NameConverterTest, GreyedBoxesActLikeClearOnes) {
-  options_.chkRemoveu = kGrayed;
-  options_.chkUpperCase = kGrayed;
-  EXPECT_EQ(Convert("c:\\a\\my_file.txt"), "c:\\a\\my_file.txt");
-}
-
-TEST_F(NameConverterTest, FullRowOfPlacements) {
-  options_.cboBatch = {"Document Name", " ", "3 Digit Serial Number",
-                       "Serial Letter (A, B, C...)", "mmddyy (date)", "EXTENSION", "", ""};
-  EXPECT_EQ(Convert(kBuiltInSamples[0]),
-            "c:\\graphics\\common\\myfile_(1).tmd.jpg 001A111826.JPEG");
-  EXPECT_EQ(options_.serial, 1);
+// One path each, on options set by the row.
+TEST_F(NameConverterTest, OptionsOnOnePath) {
+  fs_.AddDirectory("e:\\sorted");
+  const struct {
+    std::function<void(ConversionOptions&)> set;
+    std::string source, expected;
+  } rows[] = {
+      // Defaults: the extension in lower case. No folder: the work text
+      // starts with a backslash.
+      {[](auto&) {}, "README", "\\README."},
+      {[](auto&) {}, "c:\\docs\\", "c:\\docs\\."},
+      {[](auto&) {}, "d:\\Fotos\\Ünïcode Ça.JPG", "d:\\Fotos\\Ünïcode Ça.jpg"},
+      {[](auto&) {}, "d:\\raw\\\xff\xfe name.TXT", "d:\\raw\\\xff\xfe name.txt"},
+      {[](auto& o) { o.chkAllowSpaces = kUnchecked; }, "c:\\a b\\my file_.txt", "c:\\a b\\my_file_.txt"},
+      {[](auto& o) { o.chkRemoveu = o.chkUpperCase = kGrayed; }, "c:\\a\\my_file.txt", "c:\\a\\my_file.txt"},
+      {[](auto& o) { o.chkIncludePaths = o.chkUpperCase = kChecked; }, "d:\\fotos\\ünïcode ça.jpg",
+       "D:\\FOTOS\\ÜNÏCODE ÇA.JPG"},
+      {[](auto& o) { o.chkIncludePaths = o.chkCapitalize = kChecked; }, "d:\\fotos\\ÜNÏCODE ÇA.JPG",
+       "D:\\Fotos\\Ünïcode Ça.jpg"},
+      // Lower case wins over capitals.
+      {[](auto& o) { o.chkIncludePaths = o.chkLowercase = o.chkUpperCase = kChecked; },
+       "d:\\Fotos\\\xff" "A.JPG", "d:\\fotos\\\xff" "a.jpg"},
+      {[](auto& o) { o.cboBatch = {"Document Name", " ", "3 Digit Serial Number", "Serial Letter (A, B, C...)",
+                                   "mmddyy (date)", "EXTENSION", "", ""}; },
+       std::string(kBuiltInSamples[0]), "c:\\graphics\\common\\myfile_(1).tmd.jpg 001A111826.JPEG"},
+      {[](auto& o) { o.cboBatch = {}; }, std::string(kBuiltInSamples[2]), "c:\\graphics\\common\\"},
+      // Extra periods: only the one before the extension stays.
+      {[](auto& o) { o.chkExtra = kChecked; }, "c:\\my.folder\\a.b.txt", "c:\\my.folder\\ab.txt"},
+      {[](auto& o) { o.chkExtra = o.chkIncludePaths = kChecked; }, "c:\\my.folder\\a.b.txt", "c:\\myfolder\\ab.txt"},
+      {[](auto& o) { o.chkExtra = kChecked, o.cboBatch = {"Document Name", "", "", "", "", "", "", ""}; },
+       "c:\\docs\\name", "c:\\docs\\name."},
+      // A placement bringing a backslash moves the folder boundary.
+      {[](auto& o) { o.cboBatch = {"yyyy (date)", "\\", "Document Name", "extension", "", "", "", ""}; },
+       "c:\\photos\\IMG_1.JPG", "c:\\photos\\2026\\IMG_1.jpg"},
+      {[](auto& o) {
+         o.cboBatch = {"yyyy (date)", "\\", "Document Name", "extension", "", "", "", ""};
+         o.optMoveNewFolder = true, o.lFolder = "e:\\sorted";
+       },
+       "c:\\photos\\IMG_1.JPG", "e:\\sorted\\IMG_1.jpg"},
+      // The destination folder is used only while it exists or is on the network.
+      {[](auto& o) { o.lFolder = "e:\\sorted"; }, "c:\\a\\b.txt", "c:\\a\\b.txt"},
+      {[](auto& o) { o.optMoveNewFolder = true, o.lFolder = "e:\\sorted", o.chkUpperCase = kChecked; },
+       "c:\\a\\b.txt", "e:\\sorted\\B.TXT"},
+      {[](auto& o) { o.optMoveNewFolder = true, o.lFolder = "e:\\gone"; }, "c:\\a\\b.txt", "c:\\a\\b.txt"},
+      {[](auto& o) { o.optMoveNewFolder = true, o.lFolder = "\\\\server\\share"; }, "c:\\a\\b.txt",
+       "\\\\server\\share\\b.txt"},
+  };
+  for (const auto& row : rows) {
+    options_ = ConversionOptions();
+    row.set(options_);
+    EXPECT_EQ(Convert(row.source), row.expected) << row.source;
+  }
+  options_ = ConversionOptions();
+  options_.chkIncludePaths = kChecked;  // only shows the panel
+  Convert(kBuiltInSamples[0]);
+  EXPECT_TRUE(options_.pFolderPathVisible);
+  options_.chkIncludePaths = kGrayed;
+  Convert(kBuiltInSamples[0]);
+  EXPECT_FALSE(options_.pFolderPathVisible);
 }
 
 TEST_F(NameConverterTest, SerialRisesOncePerNameWhetherUsedOrNot) {
@@ -191,68 +182,6 @@ TEST_F(NameConverterTest, SerialRisesOncePerNameWhetherUsedOrNot) {
   options_.cboBatch = {"Document Name", "", "", "", "", "", "", ""};
   Convert("c:\\z.txt");
   EXPECT_EQ(options_.serial, 101);
-}
-
-TEST_F(NameConverterTest, EdgesOfThePathItself) {
-  const std::pair<std::string, std::string> cases[] = {
-      {"README", "\\README."},  // no folder: the work text starts with a backslash
-      {"c:\\docs\\README", "c:\\docs\\README."},
-      {"", "\\."},
-      {"c:\\docs\\", "c:\\docs\\."},
-      {"d:\\Fotos\\Ünïcode Ça.JPG", "d:\\Fotos\\Ünïcode Ça.jpg"},
-      {"d:\\raw\\\xff\xfe name.TXT", "d:\\raw\\\xff\xfe name.txt"},
-  };
-  for (const auto& [path, expected] : cases) EXPECT_EQ(Convert(path), expected) << path;
-}
-
-TEST_F(NameConverterTest, CaseStagesWorkOnWholeCharacters) {
-  options_.chkIncludePaths = kChecked;
-  options_.chkUpperCase = kChecked;
-  EXPECT_EQ(Convert("d:\\fotos\\ünïcode ça.jpg"), "D:\\FOTOS\\ÜNÏCODE ÇA.JPG");
-  options_.chkUpperCase = kUnchecked;
-  options_.chkCapitalize = kChecked;
-  EXPECT_EQ(Convert("d:\\fotos\\ÜNÏCODE ÇA.JPG"), "D:\\Fotos\\Ünïcode Ça.jpg");
-  options_.chkLowercase = kChecked;  // lower case wins over capitals
-  options_.chkUpperCase = kChecked;
-  EXPECT_EQ(Convert("d:\\Fotos\\\xff" "A.JPG"), "d:\\fotos\\\xff" "a.jpg");
-}
-
-TEST_F(NameConverterTest, AllPlacementsEmptyGiveTheFolderAlone) {
-  options_.cboBatch = {};
-  EXPECT_EQ(Convert(kBuiltInSamples[2]), "c:\\graphics\\common\\");
-}
-
-TEST_F(NameConverterTest, ExtraPeriodsLeaveOnlyThePeriodBeforeTheExtension) {
-  options_.chkExtra = kChecked;
-  EXPECT_EQ(Convert("c:\\my.folder\\a.b.txt"), "c:\\my.folder\\ab.txt");
-  options_.chkIncludePaths = kChecked;
-  EXPECT_EQ(Convert("c:\\my.folder\\a.b.txt"), "c:\\myfolder\\ab.txt");
-  options_.cboBatch = {"Document Name", "", "", "", "", "", "", ""};
-  EXPECT_EQ(Convert("c:\\docs\\name"), "c:\\docs\\name.");
-}
-
-TEST_F(NameConverterTest, PlacementBringingABackslashMovesTheFolderBoundary) {
-  options_.cboBatch = {"yyyy (date)", "\\", "Document Name", "extension", "", "", "", ""};
-  EXPECT_EQ(Convert("c:\\photos\\IMG_1.JPG"), "c:\\photos\\2026\\IMG_1.jpg");
-  fs_.AddDirectory("e:\\sorted");
-  options_.optMoveNewFolder = true;
-  options_.lFolder = "e:\\sorted";
-  EXPECT_EQ(Convert("c:\\photos\\IMG_1.JPG"), "e:\\sorted\\IMG_1.jpg");
-}
-
-TEST_F(NameConverterTest, DestinationFolderIsUsedOnlyWhileItExists) {
-  fs_.AddDirectory("e:\\new");
-  options_.lFolder = "e:\\new";
-  EXPECT_EQ(Convert("c:\\a\\b.txt"), "c:\\a\\b.txt");  // option not chosen
-  options_.optMoveNewFolder = true;
-  EXPECT_EQ(Convert("c:\\a\\b.txt"), "e:\\new\\b.txt");
-  options_.chkUpperCase = kChecked;  // later stages see the destination too
-  EXPECT_EQ(Convert("c:\\a\\b.txt"), "e:\\new\\B.TXT");
-  options_.chkUpperCase = kUnchecked;
-  fs_.Remove("e:\\new");  // vanished: passed over silently
-  EXPECT_EQ(Convert("c:\\a\\b.txt"), "c:\\a\\b.txt");
-  options_.lFolder = "\\\\server\\share";
-  EXPECT_EQ(Convert("c:\\a\\b.txt"), "\\\\server\\share\\b.txt");
 }
 
 TEST_F(NameConverterTest, ReplaceBoxesResolveTokensOnTheWorkText) {
@@ -318,15 +247,6 @@ TEST_F(NameConverterTest, WithoutAListSourceTheRecordsListsAreUsed) {
   options_.FormattingList = {{"MYFILE", true}};
   EXPECT_EQ(inMemory.ConvertName(options_, kBuiltInSamples[1]),
             "c:\\graphics\\common\\Copy of  -    SPACE - 04 - Oddy.jpg");
-}
-
-TEST_F(NameConverterTest, IncludePathsOnlyShowsThePanel) {
-  options_.chkIncludePaths = kChecked;
-  EXPECT_EQ(Convert(kBuiltInSamples[0]), "c:\\graphics\\common\\myfile_(1).tmd.jpg.jpeg");
-  EXPECT_TRUE(options_.pFolderPathVisible);
-  options_.chkIncludePaths = kGrayed;
-  Convert(kBuiltInSamples[0]);
-  EXPECT_FALSE(options_.pFolderPathVisible);
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 #include "platform/memory/memory_file_system.h"
 #include "platform/posix/native_path.h"
@@ -40,9 +39,7 @@ class MemoryBackend : public FileSystemBackend {
     fs_.AddFile(path, attr::kDirectory | (hidden ? attr::kHidden : 0));
   }
   std::optional<std::string> Read(std::string_view path) override {
-    const std::vector<std::string> paths = fs_.Paths();
-    if (std::find(paths.begin(), paths.end(), path) == paths.end()) return std::nullopt;
-    return fs_.Contents(path);
+    return std::ranges::count(fs_.Paths(), path) == 0 ? std::nullopt : fs_.Contents(path);
   }
   std::vector<std::string> Names(std::string_view folder) override {
     const std::string prefix = std::string(folder) + "\\";
@@ -110,7 +107,7 @@ class PosixBackend : public FileSystemBackend {
   explicit PosixBackend(const std::string& parent = "", bool ignoresCase = false)
       : folder_(parent), ignoresCase_(ignoresCase) {}
   FileSystem& fs() override { return fs_; }
-  std::string Root() const override { return ToModelPath(folder_.native()); }
+  std::string Root() const override { return ToModelPath(folder_.path()); }
   bool IgnoresCase() const override { return ignoresCase_; }
   void MakeFile(std::string_view path, std::string_view contents,
                 std::uint32_t attributes) override {
@@ -127,10 +124,9 @@ class PosixBackend : public FileSystemBackend {
   }
   std::optional<std::string> Read(std::string_view path) override {
     const std::string native = ToNativePath(path);
-    const auto names = NamesIn(native.substr(0, native.find_last_of('/')));
-    const std::string name = native.substr(native.find_last_of('/') + 1);
-    if (std::find(names.begin(), names.end(), name) == names.end()) return std::nullopt;
-    return ReadNative(native);
+    const std::size_t slash = native.find_last_of('/');
+    const bool spelled = std::ranges::count(NamesIn(native.substr(0, slash)), native.substr(slash + 1)) > 0;
+    return spelled ? ReadNative(native) : std::nullopt;
   }
   std::vector<std::string> Names(std::string_view folder) override {
     std::vector<std::string> names = NamesIn(ToNativePath(folder));
@@ -149,25 +145,10 @@ class PosixBackend : public FileSystemBackend {
 
 }  // namespace
 
-TempFolder::TempFolder(const std::string& parent) {
-  const std::string base =
-      parent.empty() ? std::filesystem::temp_directory_path().string() : parent;
-  std::string pattern = base + "/tessaly-fs-XXXXXX";
-  if (mkdtemp(pattern.data()) != nullptr) native_ = pattern;
-}
-
-TempFolder::~TempFolder() {
-  if (native_.empty()) return;
-  std::error_code ignored;
-  std::filesystem::remove_all(native_, ignored);
-}
-
 std::optional<std::string> ReadNative(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
   if (!in) return std::nullopt;
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
+  return std::string(std::istreambuf_iterator<char>(in), {});
 }
 
 void WriteNative(const std::string& path, std::string_view contents) {

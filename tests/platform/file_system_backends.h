@@ -10,22 +10,9 @@
 #include <vector>
 
 #include "platform/file_system.h"
+#include "temp_folder.h"
 
 namespace tessaly::testing {
-
-// A folder under `parent` (the system's temporary folder by default) that
-// is removed with everything in it.
-class TempFolder {
- public:
-  explicit TempFolder(const std::string& parent = "");
-  ~TempFolder();
-  TempFolder(const TempFolder&) = delete;
-  TempFolder& operator=(const TempFolder&) = delete;
-  const std::string& native() const { return native_; }
-
- private:
-  std::string native_;
-};
 
 // Reads a whole native file; nothing if it cannot be opened.
 std::optional<std::string> ReadNative(const std::string& path);

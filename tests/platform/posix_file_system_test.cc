@@ -29,10 +29,10 @@ using testing::WriteNative;
 class PosixFileSystemTest : public ::testing::Test {
  protected:
   std::string Native(std::string_view name) const {
-    return folder_.native() + "/" + std::string(name);
+    return folder_.path() + "/" + std::string(name);
   }
   std::string Model(std::string_view name) const {
-    return ToModelPath(folder_.native()) + "\\" + std::string(name);
+    return ToModelPath(folder_.path()) + "\\" + std::string(name);
   }
 
   TempFolder folder_;
@@ -71,7 +71,7 @@ TEST_F(PosixFileSystemTest, NativeBackslashesAreSlashesInTheModel) {
   EXPECT_EQ(found[0].name, "AC/DC.mp3");
   EXPECT_EQ(fs_.Shown(Model("AC/DC.mp3")), Native("AC\\DC.mp3"));
   EXPECT_TRUE(fs_.Rename(Model("AC/DC.mp3"), Model("a/b.mp3")));
-  EXPECT_THAT(NamesIn(folder_.native()), ElementsAre("a\\b.mp3"));
+  EXPECT_THAT(NamesIn(folder_.path()), ElementsAre("a\\b.mp3"));
 }
 
 TEST_F(PosixFileSystemTest, ALinkThatPointsNowhereStillHoldsItsName) {
@@ -83,15 +83,15 @@ TEST_F(PosixFileSystemTest, ALinkThatPointsNowhereStillHoldsItsName) {
 
 TEST(NoReplaceRenameTest, NeitherWayReplacesATakenName) {
   TempFolder folder;
-  const std::string mine = folder.native() + "/mine";
-  const std::string theirs = folder.native() + "/theirs";
+  const std::string mine = folder.path() + "/mine";
+  const std::string theirs = folder.path() + "/theirs";
   WriteNative(mine, "mine");
   WriteNative(theirs, "theirs");
   EXPECT_EQ(RenameWithoutReplacing(mine, theirs), PlaceResult::kTaken);
   EXPECT_EQ(LinkThenUnlink(mine, theirs), PlaceResult::kTaken);
   EXPECT_EQ(ReadNative(theirs), "theirs");
-  EXPECT_EQ(LinkThenUnlink(mine, folder.native() + "/free"), PlaceResult::kDone);
-  EXPECT_THAT(NamesIn(folder.native()), ElementsAre("free", "theirs"));
+  EXPECT_EQ(LinkThenUnlink(mine, folder.path() + "/free"), PlaceResult::kDone);
+  EXPECT_THAT(NamesIn(folder.path()), ElementsAre("free", "theirs"));
 }
 
 // A second file system for moves between file systems: the shared memory
@@ -100,16 +100,16 @@ class CrossDeviceMoveTest : public ::testing::Test {
  protected:
   void SetUp() override {
     struct stat here {}, there {};
-    if (target_.native().empty() || stat(source_.native().c_str(), &here) != 0 ||
-        stat(target_.native().c_str(), &there) != 0 || here.st_dev == there.st_dev) {
+    if (target_.path().empty() || stat(source_.path().c_str(), &here) != 0 ||
+        stat(target_.path().c_str(), &there) != 0 || here.st_dev == there.st_dev) {
       GTEST_SKIP() << "no second file system to move to";
     }
     data_.resize(2'500'000);
     for (std::size_t i = 0; i < data_.size(); ++i) data_[i] = static_cast<char>(i * 7 % 251);
     WriteNative(From(), data_);
   }
-  std::string From() const { return source_.native() + "/big.bin"; }
-  std::string To() const { return target_.native() + "/big.bin"; }
+  std::string From() const { return source_.path() + "/big.bin"; }
+  std::string To() const { return target_.path() + "/big.bin"; }
 
   TempFolder source_;
   TempFolder target_{"/dev/shm"};
@@ -128,7 +128,7 @@ TEST_F(CrossDeviceMoveTest, MovesDataOwnerPermissionsTimesAndAttributes) {
   const bool tagged = setxattr(From().c_str(), "user.tessaly", "kept", 4, 0) == 0;
   ASSERT_TRUE(fs_.Rename(ToModelPath(From()), ToModelPath(To())));
   EXPECT_EQ(ReadNative(To()), data_);
-  EXPECT_THAT(NamesIn(source_.native()), ElementsAre());
+  EXPECT_THAT(NamesIn(source_.path()), ElementsAre());
   struct stat moved {};
   ASSERT_EQ(stat(To().c_str(), &moved), 0);
   EXPECT_EQ(moved.st_mode & 07777, 0640u);
@@ -147,19 +147,19 @@ TEST_F(CrossDeviceMoveTest, FailureAtAnyStageLeavesSourceWholeAndNoCopy) {
     fs_.SetMoveFaultForTesting([stage](MoveStage at) { return at == stage; });
     EXPECT_FALSE(fs_.Rename(ToModelPath(From()), ToModelPath(To())));
     EXPECT_EQ(ReadNative(From()), data_);
-    EXPECT_THAT(NamesIn(target_.native()), ElementsAre());
+    EXPECT_THAT(NamesIn(target_.path()), ElementsAre());
   }
 }
 
 TEST_F(CrossDeviceMoveTest, OnlyRegularFilesAreCopied) {
   // Opening a FIFO would wait for a writer for good: the alarm ends the test instead.
-  const std::string fifo = source_.native() + "/pipe";
+  const std::string fifo = source_.path() + "/pipe";
   ASSERT_EQ(mkfifo(fifo.c_str(), 0644), 0);
   alarm(10);
-  EXPECT_FALSE(fs_.Rename(ToModelPath(fifo), ToModelPath(target_.native() + "/pipe")));
+  EXPECT_FALSE(fs_.Rename(ToModelPath(fifo), ToModelPath(target_.path() + "/pipe")));
   alarm(0);
-  EXPECT_THAT(NamesIn(source_.native()), ElementsAre("big.bin", "pipe"));
-  EXPECT_THAT(NamesIn(target_.native()), ElementsAre());
+  EXPECT_THAT(NamesIn(source_.path()), ElementsAre("big.bin", "pipe"));
+  EXPECT_THAT(NamesIn(target_.path()), ElementsAre());
 }
 
 TEST_F(CrossDeviceMoveTest, TargetAppearingDuringTheCopyIsNeverOverwritten) {
@@ -170,7 +170,7 @@ TEST_F(CrossDeviceMoveTest, TargetAppearingDuringTheCopyIsNeverOverwritten) {
   EXPECT_FALSE(fs_.Rename(ToModelPath(From()), ToModelPath(To())));
   EXPECT_EQ(ReadNative(To()), "theirs");
   EXPECT_EQ(ReadNative(From()), data_);
-  EXPECT_THAT(NamesIn(target_.native()), ElementsAre("big.bin"));
+  EXPECT_THAT(NamesIn(target_.path()), ElementsAre("big.bin"));
 }
 
 }  // namespace

@@ -50,7 +50,7 @@ class RegistryContract : public ::testing::TestWithParam<Backend> {
     return disposition;
   }
 
-  testing::ScratchFolder folder_;
+  testing::TempFolder folder_;
   std::unique_ptr<Registry> registry_;
 };
 
@@ -77,38 +77,29 @@ TEST_P(RegistryContract, MalformedPathsAreRefused) {
 
 TEST_P(RegistryContract, SizesReadBackAsTheDesktopPlatformReportsThem) {
   const RegistryKey key = Create("K");
-  struct Case {
-    const char* label;
-    std::uint32_t type;
-    std::string written;   // passed with its own size
-    bool textRule;         // written as the store writes texts
-    std::string readBack;  // bytes with the size reported
+  // Label, type, bytes written with their own size (or, for "text", as the
+  // store writes texts), and the bytes read back with the size reported.
+  const std::tuple<const char*, std::uint32_t, std::string, std::string> cases[] = {
+      {"text", reg::kText, "abc", std::string("abc\0", 4)},
+      {"text, terminator counted", reg::kText, std::string("abc\0", 4), std::string("abc\0", 4)},
+      {"text", reg::kText, "", ""},
+      {"text", reg::kExpandText, "%HOME%", std::string("%HOME%\0", 7)},
+      {"multi text", reg::kMultiText, std::string("a\0b\0\0", 5), std::string("a\0b\0\0", 5)},
+      {"binary keeps zero bytes", reg::kBinary, std::string("\0\1\0", 3), std::string("\0\1\0", 3)},
+      {"empty binary", reg::kBinary, "", ""},
+      {"dword", reg::kDword, "\xff\xff\xff\xff", "\xff\xff\xff\xff"},
+      {"short dword kept as written", reg::kDword, std::string("\5", 1), std::string("\5", 1)},
   };
-  const Case cases[] = {
-      {"text, terminator left out", reg::kText, "abc", true, std::string("abc\0", 4)},
-      {"text, terminator counted", reg::kText, std::string("abc\0", 4), false,
-       std::string("abc\0", 4)},
-      {"empty text, size 0", reg::kText, "", true, ""},
-      {"expandable text", reg::kExpandText, "%HOME%", true, std::string("%HOME%\0", 7)},
-      {"multi text", reg::kMultiText, std::string("a\0b\0\0", 5), false,
-       std::string("a\0b\0\0", 5)},
-      {"binary keeps zero bytes", reg::kBinary, std::string("\0\1\0", 3), false,
-       std::string("\0\1\0", 3)},
-      {"empty binary", reg::kBinary, "", false, ""},
-      {"dword", reg::kDword, std::string("\xff\xff\xff\xff", 4), false,
-       std::string("\xff\xff\xff\xff", 4)},
-      {"short dword kept as written", reg::kDword, std::string("\5", 1), false,
-       std::string("\5", 1)},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.label);
-    const long written = c.textRule ? SetText(*registry_, key, c.label, c.written, c.type)
-                                    : SetBytes(*registry_, key, c.label, c.type, c.written);
-    ASSERT_EQ(written, reg::kSuccess);
-    const auto read = Query(*registry_, key, c.label);
-    EXPECT_EQ(read.answer, reg::kSuccess);
-    EXPECT_EQ(read.type, c.type);
-    EXPECT_EQ(read.bytes, c.readBack);
+  int i = 0;
+  for (const auto& [label, type, written, readBack] : cases) {
+    const std::string name = label + std::to_string(i++);
+    ASSERT_EQ(std::string_view(label) == "text" ? SetText(*registry_, key, name, written, type)
+                                                : SetBytes(*registry_, key, name, type, written),
+              reg::kSuccess);
+    const auto read = Query(*registry_, key, name);
+    EXPECT_EQ(read.answer, reg::kSuccess) << name;
+    EXPECT_EQ(read.type, type) << name;
+    EXPECT_EQ(read.bytes, readBack) << name;
   }
   registry_->CloseKey(key);
 }
@@ -137,10 +128,9 @@ TEST_P(RegistryContract, ShortBufferAnswersWithTheSizeNeeded) {
 TEST_P(RegistryContract, ValueNamesIgnoreCaseAndRewritesReplaceTypeAndBytes) {
   const RegistryKey key = Create("K");
   ASSERT_EQ(SetText(*registry_, key, "Mode", "1"), reg::kSuccess);
-  ASSERT_EQ(SetBytes(*registry_, key, "MODE", reg::kDword, std::string("\2\0\0\0", 4)),
-            reg::kSuccess);
-  ASSERT_EQ(SetBytes(*registry_, key, "mode", reg::kDword, std::string("\2\0\0\0", 4)),
-            reg::kSuccess);
+  for (const char* name : {"MODE", "mode"}) {
+    ASSERT_EQ(SetBytes(*registry_, key, name, reg::kDword, std::string("\2\0\0\0", 4)), reg::kSuccess);
+  }
   const auto read = Query(*registry_, key, "mOdE");
   EXPECT_EQ(read.type, reg::kDword);
   EXPECT_EQ(read.bytes, std::string("\2\0\0\0", 4));
@@ -150,7 +140,9 @@ TEST_P(RegistryContract, ValueNamesIgnoreCaseAndRewritesReplaceTypeAndBytes) {
 }
 
 TEST_P(RegistryContract, HandlesCarryTheirAccess) {
-  registry_->CloseKey(Create("K"));
+  const RegistryKey writer = Create("K");
+  ASSERT_EQ(SetText(*registry_, writer, "v", "user"), reg::kSuccess);
+  registry_->CloseKey(writer);
   RegistryKey reader = 0;
   ASSERT_EQ(registry_->OpenKey(Hive::kCurrentUser, "K", reg::kRead, &reader), reg::kSuccess);
   EXPECT_EQ(SetText(*registry_, reader, "x", "1"), reg::kAccessDenied);
@@ -163,14 +155,9 @@ TEST_P(RegistryContract, HandlesCarryTheirAccess) {
   EXPECT_EQ(registry_->CloseKey(bare), reg::kInvalidHandle);
   EXPECT_EQ(Query(*registry_, bare, "x").answer, reg::kInvalidHandle);
   registry_->CloseKey(reader);
-}
-
-TEST_P(RegistryContract, HivesAreSeparate) {
-  const RegistryKey user = Create("Software\\K");
-  const RegistryKey machine = Create("Software\\K", Hive::kLocalMachine);
-  ASSERT_EQ(SetText(*registry_, user, "v", "user"), reg::kSuccess);
+  // Hives are separate.
+  const RegistryKey machine = Create("K", Hive::kLocalMachine);
   EXPECT_EQ(Query(*registry_, machine, "v").answer, reg::kNotFound);
-  registry_->CloseKey(user);
   registry_->CloseKey(machine);
 }
 

@@ -2,44 +2,25 @@
 #define TESSALY_TESTS_PLATFORM_REGISTRY_TEST_SUPPORT_H_
 
 #include <cstdint>
-#include <cstdlib>
-#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "platform/registry.h"
+#include "temp_folder.h"
 
 namespace tessaly::testing {
-
-// A fresh folder under the temporary folder, removed with everything in it.
-class ScratchFolder {
- public:
-  ScratchFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "tessaly-reg-XXXXXX").string();
-    path_ = mkdtemp(pattern.data()) != nullptr ? pattern : std::string();
-  }
-  ~ScratchFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
-  const std::string& path() const { return path_; }
-
- private:
-  std::string path_;
-};
-
-// Writes `text` as REG_SZ the way the settings store does: its length as the
-// size, the terminator behind it left out.
-inline long SetText(Registry& registry, RegistryKey key, std::string_view name,
-                    const std::string& text, std::uint32_t type = reg::kText) {
-  return registry.SetValue(key, name, type, reinterpret_cast<const std::uint8_t*>(text.c_str()),
-                           static_cast<std::uint32_t>(text.size()));
-}
 
 inline long SetBytes(Registry& registry, RegistryKey key, std::string_view name, std::uint32_t type,
                      const std::string& bytes) {
   return registry.SetValue(key, name, type, reinterpret_cast<const std::uint8_t*>(bytes.data()),
                            static_cast<std::uint32_t>(bytes.size()));
+}
+
+// Writes `text` as REG_SZ the way the settings store does: its length as the
+// size, the terminator behind it left out.
+inline long SetText(Registry& registry, RegistryKey key, std::string_view name,
+                    const std::string& text, std::uint32_t type = reg::kText) {
+  return SetBytes(registry, key, name, type, text);
 }
 
 // A value as read back: the answer, its type and its bytes.

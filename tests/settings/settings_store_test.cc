@@ -7,22 +7,16 @@
 namespace tessaly {
 namespace {
 
-constexpr std::string_view kSettingsKey = "Software\\Ostrelle\\Tessaly\\Settings";
+constexpr std::string_view kAppPaths = "Software\\Microsoft\\Windows\\CurrentVersion\\App Paths\\";
 
 class SettingsStoreTest : public ::testing::Test {
  protected:
   // No call may leave a key open.
   void TearDown() override { EXPECT_EQ(registry_.OpenKeyCount(), 0u); }
 
-  // Stores raw bytes of `type` as another program might have.
-  void Plant(std::string_view keyPath, std::string_view name, std::uint32_t type,
-             const std::string& bytes) {
-    RegistryKey key = 0;
-    ASSERT_EQ(registry_.CreateKey(Hive::kCurrentUser, keyPath, "", 0, reg::kWrite, &key, nullptr),
-              reg::kSuccess);
-    registry_.SetValue(key, name, type, reinterpret_cast<const std::uint8_t*>(bytes.data()),
-                       static_cast<std::uint32_t>(bytes.size()));
-    registry_.CloseKey(key);
+  SettingValue Get(std::string_view name) { return store_.GetProgramSetting("Settings", name, fallback_); }
+  OrRaised<bool> Save(std::string_view name, const SettingValue& value) {
+    return store_.SaveProgramSetting("Settings", name, value);
   }
 
   MemoryRegistry registry_;
@@ -31,156 +25,106 @@ class SettingsStoreTest : public ::testing::Test {
 };
 
 TEST_F(SettingsStoreTest, ValuesReadBackAsTheirStoredType) {
-  struct Case {
-    const char* name;
-    SettingValue written;
-    SettingValue readBack;
-  };
-  const Case cases[] = {
+  const std::tuple<const char*, SettingValue, SettingValue> cases[] = {
       {"Int16", SettingValue::FromInt16(-1), SettingValue::FromInt32(-1)},
-      {"Int16Max", SettingValue::FromInt16(32767), SettingValue::FromInt32(32767)},
       {"Int32", SettingValue::FromInt32(-2147483647 - 1), SettingValue::FromInt32(-2147483647 - 1)},
       {"Text", SettingValue::FromText("a|b%%c"), SettingValue::FromText("a|b%%c")},
-      {"Text1023", SettingValue::FromText(std::string(1023, 'a')),
-       SettingValue::FromText(std::string(1023, 'a'))},
-      {"Text1024", SettingValue::FromText(std::string(1024, 'b')),
-       SettingValue::FromText(std::string(1024, 'b'))},
-      {"Text100k", SettingValue::FromText(std::string(100000, 'c')),
-       SettingValue::FromText(std::string(100000, 'c'))},
+      {"Text1024", SettingValue::FromText(std::string(1024, 'b')), SettingValue::FromText(std::string(1024, 'b'))},
+      {"Text100k", SettingValue::FromText(std::string(100000, 'c')), SettingValue::FromText(std::string(100000, 'c'))},
       {"Bytes", SettingValue::FromBytes({0, 255, 0}), SettingValue::FromBytes({0, 255, 0})},
       {"NoBytes", SettingValue::FromBytes({}), SettingValue::FromBytes({})},
       // The registry reports size 0 for it, which reads as the default.
       {"EmptyText", SettingValue::FromText(""), SettingValue::FromText("fallback")},
   };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.name);
-    EXPECT_TRUE(store_.SaveProgramSetting("Settings", c.name, c.written).value);
-    EXPECT_EQ(store_.GetProgramSetting("Settings", c.name, fallback_), c.readBack);
+  for (const auto& [name, written, readBack] : cases) {
+    EXPECT_TRUE(Save(name, written).value) << name;
+    EXPECT_EQ(Get(name), readBack) << name;
   }
-}
-
-TEST_F(SettingsStoreTest, ReadsTakeOneQueryUpToTheFirstBufferAndTwoBeyond) {
-  store_.SaveProgramSetting("Settings", "Fits", SettingValue::FromText(std::string(1023, 'a')));
-  store_.SaveProgramSetting("Settings", "Over", SettingValue::FromText(std::string(1024, 'a')));
+  // One query up to the first buffer's size, two beyond.
+  Save("Fits", SettingValue::FromText(std::string(1023, 'a')));
   int before = registry_.QueryCount();
-  store_.GetProgramSetting("Settings", "Fits");
+  Get("Fits");
   EXPECT_EQ(registry_.QueryCount() - before, 1);
   before = registry_.QueryCount();
-  store_.GetProgramSetting("Settings", "Over");
+  Get("Text1024");
   EXPECT_EQ(registry_.QueryCount() - before, 2);
 }
 
 TEST_F(SettingsStoreTest, ValuesOfOtherProgramsAreReadByType) {
-  struct Case {
-    const char* name;
-    std::uint32_t type;
-    std::string stored;
-    SettingValue readBack;
-  };
-  const Case cases[] = {
-      {"NumberAsText", reg::kText, std::string("1\0", 2), SettingValue::FromText("1")},
-      {"Expandable", reg::kExpandText, std::string("%HOME%\\x\0", 9),
-       SettingValue::FromText("%HOME%\\x")},
-      {"Multi", reg::kMultiText, std::string("a\0b\0\0", 5),
-       SettingValue::FromText(std::string("a\0b", 3))},
-      {"TooShortMulti", reg::kMultiText, std::string("\0", 1), SettingValue::FromText("fallback")},
-      {"TextWithZeros", reg::kText, std::string("a\0b\0", 4),
-       SettingValue::FromText(std::string("a\0b", 3))},
-      {"Dword", reg::kDword, std::string("\xff\xff\xff\xff", 4), SettingValue::FromInt32(-1)},
+  const std::tuple<std::uint32_t, std::string, SettingValue> cases[] = {
+      {reg::kText, std::string("1\0", 2), SettingValue::FromText("1")},
+      {reg::kExpandText, std::string("%HOME%\\x\0", 9), SettingValue::FromText("%HOME%\\x")},
+      {reg::kMultiText, std::string("a\0b\0\0", 5), SettingValue::FromText(std::string("a\0b", 3))},
+      {reg::kMultiText, std::string("\0", 1), SettingValue::FromText("fallback")},  // too short
+      {reg::kText, std::string("a\0b\0", 4), SettingValue::FromText(std::string("a\0b", 3))},
+      {reg::kDword, std::string("\xff\xff\xff\xff", 4), SettingValue::FromInt32(-1)},
       // Hand-edited: the bytes that are there, the rest zero.
-      {"ShortDword", reg::kDword, std::string("\5\1", 2), SettingValue::FromInt32(261)},
-      {"EmptyDword", reg::kDword, "", SettingValue::FromInt32(0)},
-      {"BigEndian", reg::kDwordBigEndian, std::string("\0\0\0\1", 4),
-       SettingValue::FromText("fallback")},
-      {"Qword", reg::kQword, std::string(8, '\1'), SettingValue::FromText("fallback")},
-      {"NoType", reg::kNone, "x", SettingValue::FromText("fallback")},
+      {reg::kDword, std::string("\5\1", 2), SettingValue::FromInt32(261)},
+      {reg::kDword, "", SettingValue::FromInt32(0)},
+      {reg::kDwordBigEndian, std::string("\0\0\0\1", 4), SettingValue::FromText("fallback")},
+      {reg::kQword, std::string(8, '\1'), SettingValue::FromText("fallback")},
+      {reg::kNone, "x", SettingValue::FromText("fallback")},
   };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.name);
-    Plant(kSettingsKey, c.name, c.type, c.stored);
-    EXPECT_EQ(store_.GetProgramSetting("Settings", c.name, fallback_), c.readBack);
+  RegistryKey key = 0;
+  ASSERT_EQ(registry_.CreateKey(Hive::kCurrentUser, "Software\\Ostrelle\\Tessaly\\Settings", "", 0,
+                                reg::kWrite, &key, nullptr),
+            reg::kSuccess);
+  int i = 0;
+  for (const auto& [type, stored, readBack] : cases) {
+    const std::string name = "v" + std::to_string(i++);
+    registry_.SetValue(key, name, type, reinterpret_cast<const std::uint8_t*>(stored.data()),
+                       static_cast<std::uint32_t>(stored.size()));
+    EXPECT_EQ(Get(name), readBack) << name;
   }
+  registry_.CloseKey(key);
 }
 
-TEST_F(SettingsStoreTest, MissingKeysGiveTheDefaultAndCreateNothing) {
-  EXPECT_EQ(store_.GetProgramSetting("Settings", "chkX", fallback_), fallback_);
+TEST_F(SettingsStoreTest, KeysAreMadeByTheFirstSaveAndNeverByAReading) {
+  EXPECT_EQ(Get("chkX"), fallback_);
   EXPECT_TRUE(store_.GetSharedSetting("Common\\ProgramPaths", "Tessaly").IsNothing());
   EXPECT_FALSE(registry_.KeyExists(Hive::kCurrentUser, "Software"));
-}
-
-TEST_F(SettingsStoreTest, FirstSaveCreatesTheKeyWithItsParents) {
-  EXPECT_TRUE(store_.SaveProgramSetting("Settings", "chkX", SettingValue::FromInt16(1)).value);
-  for (const char* key : {"Software", "Software\\Ostrelle", "Software\\Ostrelle\\Tessaly",
-                          "software\\ostrelle\\tessaly\\settings"}) {
-    EXPECT_TRUE(registry_.KeyExists(Hive::kCurrentUser, key)) << key;
-  }
+  EXPECT_TRUE(Save("chkX", SettingValue::FromInt16(1)).value);
+  EXPECT_TRUE(registry_.KeyExists(Hive::kCurrentUser, "software\\ostrelle\\tessaly\\settings"));
   // Program and shared scopes meet in one tree.
   EXPECT_EQ(store_.GetSharedSetting("Tessaly\\Settings", "CHKX"), SettingValue::FromInt32(1));
-}
-
-TEST_F(SettingsStoreTest, CreateRegistryKeyTellsWhetherTheKeyExisted) {
-  EXPECT_FALSE(store_.CreateRegistryKey(Hive::kCurrentUser, "A\\B").value);
+  EXPECT_FALSE(store_.CreateRegistryKey(Hive::kCurrentUser, "A\\B").value);  // did not exist
   EXPECT_TRUE(store_.CreateRegistryKey(Hive::kCurrentUser, "a\\b").value);
-  EXPECT_TRUE(store_.CreateRegistryKey(Hive::kCurrentUser, "A").value);
-}
-
-TEST_F(SettingsStoreTest, NothingWritesNothingButStillMakesTheKey) {
-  const auto written = store_.SaveSharedSetting("Common\\X", "v", SettingValue());
-  EXPECT_FALSE(written.value);
-  EXPECT_FALSE(written.raised);
-  EXPECT_EQ(registry_.SetCount(), 0);
+  // Nothing writes nothing, but still makes the key.
+  const auto nothing = store_.SaveSharedSetting("Common\\X", "v", SettingValue());
+  EXPECT_FALSE(nothing.value || nothing.raised);
+  EXPECT_EQ(registry_.SetCount(), 1);
   EXPECT_TRUE(registry_.KeyExists(Hive::kCurrentUser, "Software\\Ostrelle\\Common\\X"));
+  registry_.SetHiveAccess(Hive::kCurrentUser, MemoryRegistry::Access::kNone);
+  EXPECT_EQ(Get("chkX"), fallback_);  // an unreadable hive gives the default
 }
 
-TEST_F(SettingsStoreTest, KeyThatCannotBeCreatedRaises1001AndWritesNothing) {
+TEST_F(SettingsStoreTest, AKeyThatCannotBeMadeRaises1001AFailedSetOnlyFails) {
   registry_.FailNextCreates(1);
-  const auto written = store_.SaveProgramSetting("Settings", "chkX", SettingValue::FromInt16(1));
-  EXPECT_FALSE(written.value);
-  ASSERT_TRUE(written.raised);
-  EXPECT_EQ(written.raised->number, 1001);
-  EXPECT_EQ(written.raised->description, "Unable to create the registry key");
+  const auto created = Save("chkX", SettingValue::FromInt16(1));
+  EXPECT_FALSE(created.value);
+  ASSERT_TRUE(created.raised);
+  EXPECT_EQ(created.raised->number, 1001);
+  EXPECT_EQ(created.raised->description, "Unable to create the registry key");
   EXPECT_EQ(registry_.SetCount(), 0);
-}
-
-TEST_F(SettingsStoreTest, FailedSetReturnsFalseWithoutRaising) {
   registry_.FailNextSets(1);
-  const auto written = store_.SaveProgramSetting("Settings", "chkX", SettingValue::FromInt16(1));
-  EXPECT_FALSE(written.value);
-  EXPECT_FALSE(written.raised);
-  EXPECT_EQ(store_.GetProgramSetting("Settings", "chkX", fallback_), fallback_);
+  const auto set = Save("chkX", SettingValue::FromInt16(1));
+  EXPECT_FALSE(set.value || set.raised);
+  EXPECT_EQ(Get("chkX"), fallback_);
 }
 
-TEST_F(SettingsStoreTest, AppPathGoesToTheMachineHive) {
-  EXPECT_TRUE(store_.RegisterAppPath("tessaly.exe", "C:\\Tools\\tessaly.exe").value);
-  EXPECT_EQ(store_.ReadRegistryValue(
-                Hive::kLocalMachine,
-                "Software\\Microsoft\\Windows\\CurrentVersion\\App Paths\\TESSALY.EXE", ""),
-            SettingValue::FromText("C:\\Tools\\tessaly.exe"));
+TEST_F(SettingsStoreTest, AppPathGoesToTheMachineHiveWhileItMayBeWritten) {
+  EXPECT_TRUE(store_.RegisterAppPath("old.exe", "C:\\old.exe").value);
   EXPECT_FALSE(registry_.KeyExists(Hive::kCurrentUser, "Software\\Microsoft"));
-}
-
-TEST_F(SettingsStoreTest, ReadOnlyMachineHiveRefusesOrRaises) {
-  store_.RegisterAppPath("old.exe", "C:\\old.exe");
   registry_.SetHiveAccess(Hive::kLocalMachine, MemoryRegistry::Access::kReadOnly);
   // The key is there but cannot be opened for writing: plain false.
   const auto existing = store_.RegisterAppPath("old.exe", "C:\\new.exe");
-  EXPECT_FALSE(existing.value);
-  EXPECT_FALSE(existing.raised);
+  EXPECT_FALSE(existing.value || existing.raised);
   // The key would have to be made: the creation error.
   const auto missing = store_.RegisterAppPath("tessaly.exe", "C:\\tessaly.exe");
   ASSERT_TRUE(missing.raised);
   EXPECT_EQ(missing.raised->number, 1001);
-  // Reading is still allowed.
-  EXPECT_EQ(store_.ReadRegistryValue(
-                Hive::kLocalMachine,
-                "Software\\Microsoft\\Windows\\CurrentVersion\\App Paths\\old.exe", ""),
+  EXPECT_EQ(store_.ReadRegistryValue(Hive::kLocalMachine, std::string(kAppPaths) + "OLD.EXE", ""),
             SettingValue::FromText("C:\\old.exe"));
-}
-
-TEST_F(SettingsStoreTest, UnreadableHiveGivesTheDefault) {
-  store_.SaveProgramSetting("Settings", "chkX", SettingValue::FromInt16(1));
-  registry_.SetHiveAccess(Hive::kCurrentUser, MemoryRegistry::Access::kNone);
-  EXPECT_EQ(store_.GetProgramSetting("Settings", "chkX", fallback_), fallback_);
 }
 
 }  // namespace

@@ -1,0 +1,224 @@
+// The console program's pieces: its options, the shell's words, its printers.
+#include <gtest/gtest.h>
+#include <chrono>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "cli_options.h"
+#include "log_printer.h"
+#include "platform/posix/shell_words.h"
+#include "progress_printer.h"
+
+namespace tessaly::cli {
+namespace {
+
+using Kind = Request::Kind;
+using Words = std::vector<std::string>;
+
+TEST(ReadArguments, OptionsAndWhatTheyLeave) {
+  struct Case {
+    Words words;
+    Kind kind;
+    Words left;  // files and switches
+    bool dryRun = false;
+    bool json = false;
+    bool nul = false;
+    const char* filesFrom = nullptr;
+  };
+  const Case cases[] = {
+      {{"--help"}, Kind::kHelp, {}},
+      {{"a.txt", "-h", "/exit"}, Kind::kHelp, {"a.txt"}},
+      {{"--version"}, Kind::kVersion, {}},
+      {{"-n", "a.txt", "/step:4"}, Kind::kRun, {"a.txt", "/step:4"}, true},
+      {{"a.txt", "--dry-run", "--json"}, Kind::kRun, {"a.txt"}, true, true},
+      {{"-n0", "--files-from", "-"}, Kind::kRun, {}, true, false, true, "-"},
+      {{"--null", "--files-from=list", "/step:4"}, Kind::kRun, {"/step:4"}, false, false, true, "list"},
+      // "--" ends the options, and stays to end the switches too.
+      {{"--", "-n", "--odd.txt", "/exit"}, Kind::kRun, {"--", "-n", "--odd.txt", "/exit"}},
+      {{"-x"}, Kind::kError, {}},
+      {{"--bogus"}, Kind::kError, {}},
+      {{"--files-from"}, Kind::kError, {}},
+      {{"--command-line", "x", "/exit"}, Kind::kError, {}},
+      {{"a.txt", "--command-line", "x"}, Kind::kError, {}},
+  };
+  for (const Case& c : cases) {
+    const Request request = ReadArguments(c.words);
+    const std::string first = c.words.front();
+    EXPECT_EQ(request.kind, c.kind) << first;
+    if (c.kind != Kind::kRun) continue;
+    EXPECT_EQ(request.words, c.left) << first;
+    EXPECT_EQ(request.dryRun, c.dryRun) << first;
+    EXPECT_EQ(request.json, c.json) << first;
+    EXPECT_EQ(request.nulSeparated, c.nul) << first;
+    EXPECT_EQ(request.filesFrom.value_or("(none)"), c.filesFrom ? c.filesFrom : "(none)") << first;
+  }
+}
+
+TEST(ReadArguments, RawCommandLinePassesThroughUnchanged) {
+  const std::string raw = R"q("c:\a b.txt";rel.txt /placement2:"(none)" /step:4)q";
+  const Request request = ReadArguments({"-n", "--command-line", raw});
+  EXPECT_EQ(request.kind, Kind::kRun);
+  EXPECT_EQ(request.commandLine, raw);
+  EXPECT_TRUE(request.dryRun);
+}
+
+TEST(ReadArguments, AnErrorNamesTheWordAndTheWayOut) {
+  EXPECT_EQ(ReadArguments({"--lower"}).error,
+            "unknown option '--lower' (for a file of that name, write ./--lower or put it behind "
+            "--)");
+}
+
+TEST(ReadFileNames, KeepsEveryByteButTheSeparator) {
+  std::istringstream lines("a;b.txt\n\nsay \"hi\"\\n.txt\n");
+  EXPECT_EQ(ReadFileNames(lines, false), (Words{"a;b.txt", "say \"hi\"\\n.txt"}));
+  std::istringstream nul(std::string("new\nline.txt\0\0tab\t.txt", 22));
+  EXPECT_EQ(ReadFileNames(nul, true), (Words{"new\nline.txt", "tab\t.txt"}));
+}
+
+
+TEST(SortShellWords, SwitchesOnlyInFullTheRestFiles) {
+  struct Case {
+    Words words;
+    Words files;
+    std::string switches;
+    std::string badSwitch = "";
+  };
+  const Case cases[] = {
+      // Files: made absolute, cleaned, model form, every byte kept.
+      {{"a.txt", "/tmp/b  c.JPG"}, {R"(\home\ann\work\a.txt)", R"(\tmp\b  c.JPG)"}, ""},
+      {{"./sub/../c.txt", "../up.txt"}, {R"(\home\ann\work\c.txt)", R"(\home\ann\up.txt)"}, ""},
+      {{"one;two.txt", R"(x\step:4.txt)", R"(say "hi".TXT)", "new\nline"},
+       {R"(\home\ann\work\one;two.txt)", R"(\home\ann\work\x/step:4.txt)",
+        R"(\home\ann\work\say "hi".TXT)", "\\home\\ann\\work\\new\nline"},
+       ""},
+      // A path from the root that only begins like a switch.
+      {{"/showwiz/Photo.JPG", "/home/ann/exit.txt"},
+       {R"(\showwiz\Photo.JPG)", R"(\home\ann\exit.txt)"}, ""},
+      // Switches, in their order, placement values quoted again.
+      {{"/exit", "a.txt", "/settings:Capitalize", "/step:4", "/hide", "/show"},
+       {R"(\home\ann\work\a.txt)"}, "/exit /settings:Capitalize /step:4 /hide /show"},
+      {{"/DefineUnwantedFormatting", "/placement2:(none)", "/placement1:My Name", "/placement6:"},
+       {}, R"q(/DefineUnwantedFormatting /placement2:"(none)" /placement1:"My Name" /placement6:"")q"},
+      {{R"(/placement3:" - ")", R"(/placement4:a/b\)"}, {}, R"q(/placement3:" - " /placement4:"a/b\")q"},
+      // "--" ends the switches; empty words are dropped.
+      {{"", "/step:3", "--", "/exit", "--", "-n"},
+       {R"(\exit)", R"(\home\ann\work\--)", R"(\home\ann\work\-n)"}, "/step:3"},
+      // Written like a switch but none: refused.
+      {{"a.txt", "/stpe:4"}, {}, "", "/stpe:4"},
+      {{"/settings:Bogus"}, {}, "", "/settings:Bogus"},
+      {{"/placement9:x"}, {}, "", "/placement9:x"},
+      {{"/placement1:a\"b"}, {}, "", "/placement1:a\"b"},
+      {{"/placement1:x /exit"}, {}, "", "/placement1:x /exit"},
+      {{"/Exit"}, {}, "", "/Exit"},
+      {{"/settings:UpperCase/x"}, {}, "", "/settings:UpperCase/x"},
+      // ... unless something of that name exists.
+      {{"/tmp"}, {R"(\tmp)"}, ""},
+  };
+  for (const Case& c : cases) {
+    const ShellWords sorted = SortShellWords(c.words, "/home/ann/work");
+    const std::string last = c.words.back();
+    EXPECT_EQ(sorted.badSwitch, c.badSwitch) << last;
+    if (!c.badSwitch.empty()) continue;
+    EXPECT_EQ(sorted.files, c.files) << last;
+    EXPECT_EQ(sorted.switches, c.switches) << last;
+  }
+}
+
+constexpr Rgb kBlue{0, 0, 255};
+constexpr Rgb kRed{255, 0, 0};
+constexpr Rgb kBlack{0, 0, 0};
+
+// A log as the wizard writes it: head, one line per file coloured whole,
+// foot without a final line end.
+RichTextBox SampleLog() {
+  RichTextBox box;
+  box.SetText("Head\r\n");
+  box.SetSelStart(box.Length());
+  auto line = [&](std::string_view text, Rgb colour) {
+    const std::size_t start = box.selStart();
+    box.SetSelText(text);
+    const std::size_t end = box.selStart();
+    box.SetSelStart(start);
+    box.SetSelLength(end - start);
+    box.SetSelColor(colour);
+    box.SetSelStart(end);
+  };
+  line("Ünï > ä (Completed)\r\n", kBlue);
+  // A name may hold control characters; they must not reach the terminal.
+  line("x\x1b[8m\r > y\n (Failed! - Error Renaming File)\r\n", kRed);
+  line("z > z (No Change}\r\n", kBlack);
+  box.SetSelText("\r\nFoot");
+  return box;
+}
+
+std::string Printed(const RichTextBox& box, ColourMode mode) {
+  std::ostringstream out;
+  PrintRichText(box, out, mode);
+  return out.str();
+}
+
+TEST(PrintRichText, PlainTextHasUnixLineEndsAndEndsWithOne) {
+  EXPECT_EQ(Printed(SampleLog(), ColourMode::kNone),
+            "Head\n"
+            "Ünï > ä (Completed)\n"
+            "x\\x1b[8m\\r > y\\n (Failed! - Error Renaming File)\n"
+            "z > z (No Change}\n"
+            "\n"
+            "Foot\n");
+}
+
+TEST(PrintRichText, BasicColoursWrapEachColouredLineButNotBlackOnes) {
+  // Runs count characters; the escape must land behind the multi-byte
+  // letters, not inside them.
+  EXPECT_EQ(Printed(SampleLog(), ColourMode::kBasic),
+            "Head\n"
+            "\x1b[34mÜnï > ä (Completed)\n\x1b[0m"
+            "\x1b[31mx\\x1b[8m\\r > y\\n (Failed! - Error Renaming File)\n\x1b[0m"
+            "z > z (No Change}\n"
+            "\n"
+            "Foot\n");
+  const std::string printed = Printed(SampleLog(), ColourMode::kTrueColour);
+  EXPECT_NE(printed.find("\x1b[38;2;0;0;255mÜnï"), std::string::npos);
+  EXPECT_EQ(printed.find("38;2;0;0;0"), std::string::npos);
+  EXPECT_EQ(Printed(RichTextBox{}, ColourMode::kBasic), "");
+}
+
+TEST(ColourModeFor, FollowsTheTerminalAndTheUsualVariables) {
+  EXPECT_EQ(ColourModeFor(false, nullptr, "truecolor", "xterm"), ColourMode::kNone);
+  EXPECT_EQ(ColourModeFor(true, nullptr, nullptr, nullptr), ColourMode::kBasic);
+  EXPECT_EQ(ColourModeFor(true, "", "truecolor", "xterm"), ColourMode::kTrueColour);
+  EXPECT_EQ(ColourModeFor(true, "1", "truecolor", "xterm"), ColourMode::kNone);
+  EXPECT_EQ(ColourModeFor(true, nullptr, "yes", "xterm"), ColourMode::kBasic);
+  EXPECT_EQ(ColourModeFor(true, nullptr, "truecolor", "dumb"), ColourMode::kNone);
+}
+
+TEST(ProgressPrinter, PlainOutputKeepsOnlyEachWindowsLastState) {
+  std::ostringstream out;
+  ProgressPrinter printer(out, false);
+  printer.Begin();
+  printer.Draw(" Progress", "0%");
+  printer.Draw("Renaming and Moving Files...", "0%");
+  printer.Draw("Renaming and Moving Files...", "33.33%");
+  printer.Draw("Renaming and Moving Files...", "100%");
+  printer.End();
+  printer.Begin();
+  printer.End();  // a window that never drew prints nothing
+  EXPECT_EQ(out.str(), "Renaming and Moving Files...  100%\n");
+}
+
+TEST(ProgressPrinter, TerminalSkipsStatesBetweenDrawsButNeverTheLast) {
+  std::ostringstream out;
+  ProgressPrinter printer(out, true, std::chrono::hours(1));
+  printer.Begin();
+  printer.Draw("Run", "0%");
+  printer.Draw("Run", "12.5%");
+  printer.Draw("Run", "25%");
+  printer.BreakLine();  // a question breaks the line, and the line comes back
+  out << "Question?\n";
+  printer.End();
+  EXPECT_EQ(out.str(), "\rRun  0%\x1b[K\nQuestion?\n\rRun  25%\x1b[K\n");
+}
+
+}  // namespace
+}  // namespace tessaly::cli
