@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The crash-consistency check at length: tessaly-cli renaming, and a process
-# moving files to another file system, each killed with SIGKILL at random
+# The crash-consistency check at length: tessaly-cli renaming within a
+# folder and moving files to another file system, killed with SIGKILL at random
 # points (4 kills a round, ROUNDS rounds) of runs over COUNT files with unique
 # contents, the folders checked after every kill. Prints one line per kill
 # and the totals.

@@ -1,9 +1,8 @@
-// Runs killed at random moments, again and again: every file's content is
-// still there exactly once, under its old name, its new name or its
-// temporary name. tessaly-cli is killed while it renames within a folder; a
-// process of moves to another file system (which the console program cannot
-// be pointed at without placements) is killed between the steps of its
-// copies, where a whole copy beside the source is allowed, and nothing else.
+// Runs of tessaly-cli killed at random moments, again and again: every
+// file's content is still there exactly once, under its old name, its new
+// name or its temporary name. The runs rename within a folder, or move to a
+// folder on another file system, where a whole copy beside the source is
+// allowed too, and nothing else.
 //
 // TESSALY_CRASH_FILES and TESSALY_CRASH_KILLS (kills per run) change the
 // size; bench/crash_consistency.sh repeats larger runs and prints figures.
@@ -13,6 +12,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
@@ -27,8 +27,6 @@
 #include <vector>
 
 #include "cli_runner.h"
-#include "platform/posix/native_path.h"
-#include "platform/posix/posix_file_system.h"
 #include "temp_folder.h"
 
 namespace tessaly::cli {
@@ -94,28 +92,26 @@ class CrashConsistencyTest : public ::testing::Test {
     return false;
   }
 
-  // tessaly-cli over every file still under its old name.
-  pid_t StartRenames() const {
+  // tessaly-cli over every file still under its old name, with `switches`.
+  pid_t StartCliOnPending(std::vector<std::string> switches) const {
     std::vector<std::string> args;
     for (int i = 0; i < count_; ++i) {
       if (Pending(i)) args.push_back(OldName(i));
     }
-    args.push_back("/settings:UpperCase");
-    args.push_back("/step:4");
+    args.insert(args.end(), switches.begin(), switches.end());
     return StartCli(args, files_, registry_);
   }
 
-  // A process that moves every file still under its old name to `far_`.
+  pid_t StartRenames() const { return StartCliOnPending({"/settings:UpperCase", "/step:4"}); }
+
+  // The first placement leads from the files' folder to `far_`; upper-cased
+  // with the name, its folders are found again ignoring case.
   pid_t StartMoves() const {
-    const pid_t pid = fork();
-    if (pid != 0) return pid;
-    PosixFileSystem files;
-    for (int i = 0; i < count_; ++i) {
-      if (Pending(i)) {
-        files.Rename(ToModelPath(files_ + "/" + OldName(i)), ToModelPath(far_ + "/" + NewName(i)));
-      }
-    }
-    _exit(0);
+    std::string toFar = fs::relative(far_, files_).string() + "/";
+    std::replace(toFar.begin(), toFar.end(), '/', '\\');
+    return StartCliOnPending({"/placement1:" + toFar, "/placement2:Document Name",
+                              "/placement3:extension", "/placement4:(none)", "/placement5:(none)",
+                              "/placement6:(none)", "/settings:UpperCase", "/step:4"});
   }
 
   // Kills the process once a file picked at random among those still to go
