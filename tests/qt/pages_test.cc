@@ -1,13 +1,10 @@
-// The pages and windows of the wizard, worked by a person: step 1's drops
-// and selection, step 2's boxes and step 3's panel, the two list dialogs,
-// and the progress window beside the preview loop.
+// The pages and windows of the wizard, worked by a person: step 1's drops,
+// selection and file dialog, step 2's boxes, a list dialog, and Cancel
+// during the preview loop.
 
 #include <gmock/gmock.h>
 
-#include <QAbstractItemView>
 #include <QCheckBox>
-#include <QComboBox>
-#include <QDialog>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
@@ -17,7 +14,6 @@
 #include <QListView>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -52,19 +48,6 @@ TEST_F(FilePageTest, DroppedPathsArriveInModelFormFolderIncluded) {
   EXPECT_TRUE(DropText(list->viewport(), "just some words"));
   EXPECT_EQ(Rows().size(), 3);
   EXPECT_EQ(Find<QLabel>(window(), "lStat")->text(), "3 files.");
-}
-
-TEST_F(FilePageTest, EveryDropTargetOfThePageTakesFiles) {
-  int expected = 0;
-  for (const char* name : {"Frame2", "Label11", "lblText1", "pStep1"}) {
-    const QString path = QStringLiteral("/d/%1.txt").arg(QLatin1String(name));
-    // Near a corner: the frame's and the page's centres lie on their
-    // controls.
-    QWidget* target = Find<QWidget>(window(), name);
-    const QPoint corner(target->width() - 3, target->height() - 3);
-    EXPECT_TRUE(DropFiles(target, {path}, &corner)) << name;
-    EXPECT_EQ(list->model()->rowCount(), ++expected) << name;
-  }
 }
 
 TEST_F(FilePageTest, RemoveTakesExactlyTheRowsSelectedInTheView) {
@@ -103,131 +86,44 @@ TEST_F(FilePageTest, AddFilesTakesEveryFileChosenInTheDialog) {
   EXPECT_EQ(Rows(), (QStringList{model + "\\a.txt", model + "\\b.txt"}));
 }
 
-TEST_F(FilePageTest, OneChosenFileIsAnsweredAsTheDesktopDialogDoes) {
-  const OpenFileAnswer answer = ShapeOpenFileAnswer({"/d/photo.jpeg"});
-  EXPECT_EQ(answer.buffer.substr(0, 14), std::string("\\d\\photo.jpeg\0", 14));
-  EXPECT_EQ(answer.extensionOffset, 9);
-}
-
-class SettingsPageTest : public QtWizardTest {
- protected:
-  void SetUp() override {
-    Start();
-    Click(Find<QLabel>(window(), "lblStep2"));
-    example = Find<QPlainTextEdit>(window(), "txtExample");
-  }
-  QPlainTextEdit* example = nullptr;
-};
-
-TEST_F(SettingsPageTest, GreyedBoxIsDrawnPartlyCheckedAndAClickTicksIt) {
+// A greyed box is drawn partly checked; a click ticks it.
+TEST_F(QtWizardTest, BoxesFollowTheirControlsBothWays) {
+  Start();
+  Click(Find<QLabel>(window(), "lblStep2"));
   auto* underscores = Find<QCheckBox>(window(), "chkRemoveu");
   auto* spaces = Find<QCheckBox>(window(), "chkAllowSpaces");
-  EXPECT_EQ(spaces->checkState(), Qt::Checked);
   Click(underscores);
-  EXPECT_EQ(underscores->checkState(), Qt::Checked);
   Click(spaces);
   EXPECT_EQ(spaces->checkState(), Qt::Unchecked);
   EXPECT_EQ(underscores->checkState(), Qt::PartiallyChecked);
-  EXPECT_THAT(example->toPlainText().toStdString(), ::testing::HasSubstr("My_file_data"));
+  EXPECT_THAT(Find<QPlainTextEdit>(window(), "txtExample")->toPlainText().toStdString(),
+              ::testing::HasSubstr("My_file_data"));
   Click(underscores);
   EXPECT_EQ(underscores->checkState(), Qt::Checked);
   EXPECT_EQ(spaces->checkState(), Qt::Checked);
 }
 
-TEST_F(SettingsPageTest, IncludePathCoversTheDestinationWithItsNote) {
-  Click(Find<QCheckBox>(window(), "chkIncludePaths"));
-  EXPECT_THAT(example->toPlainText().toStdString(),
-              ::testing::StartsWith("c:\\graphics\\common\\myfile_"));
-  Click(Find<QPushButton>(window(), "cmdNext"));
-  auto* panel = Find<QWidget>(window(), "pFolderPath");
-  EXPECT_TRUE(panel->isVisible());
-  EXPECT_THAT(Find<QLabel>(panel, "lInfoPath")->text().toStdString(),
-              ::testing::StartsWith("You currently have selected to include the path"));
-  // The panel lies over the options: a click there reaches the panel.
-  auto* same = Find<QRadioButton>(window(), "optMoveSameFolder");
-  const QPoint centre = same->mapTo(window(), same->rect().center());
-  EXPECT_EQ(window()->childAt(centre)->objectName(), "lInfoPath");
-  SaveScreenshot(window(), "step3_include_path");
-}
-
-class DialogsTest : public QtWizardTest {
- protected:
-  void SetUp() override {
-    Start();
-    Click(Find<QLabel>(window(), "lblStep2"));
-  }
-  std::string Stored(const char* name) {
-    return store.GetProgramSetting("Settings", name, SettingValue::FromText("(none)")).AsText();
-  }
-  static QStringList Rows(QListView* list) {
-    QStringList rows;
-    for (int i = 0; i < list->model()->rowCount(); ++i) {
-      const QModelIndex row = list->model()->index(i, 0);
-      rows << row.data().toString() +
-                  (row.data(Qt::CheckStateRole).toInt() == Qt::Checked ? " [x]" : " [ ]");
-    }
-    return rows;
-  }
-  static void ClickRow(QListView* list, int row) {
+TEST_F(QtWizardTest, UnwantedFormattingEditsItsRowsAndSavesOnFinished) {
+  Start();
+  Click(Find<QLabel>(window(), "lblStep2"));
+  const auto clickRow = [](QListView* list, int row) {
     QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
                       list->visualRect(list->model()->index(row, 0)).center());
     Settle();
-  }
-};
-
-TEST_F(DialogsTest, AdvancedReplaceAddsRowsOnTopAndStoresTheirMarks) {
-  bool worked = false;
-  WhenModalOpens([&](QWidget* dialog) {
-    EXPECT_EQ(dialog->windowTitle(), "Advanced Replace");
-    EXPECT_EQ(Find<QComboBox>(window(), "cboBatch6")->currentText(), "(Advanced)");
-    EXPECT_FALSE(Find<QPushButton>(window(), "cmdReplaceAdv2")->isHidden());
-    auto* list = Find<QListView>(dialog, "lstReplace");
-    TypeOver(Find<QComboBox>(dialog, "cboBatch0"), "Copy of ");
-    Click(Find<QPushButton>(dialog, "cmdAdd"));
-    TypeOver(Find<QComboBox>(dialog, "cboBatch0"), "_");
-    TypeOver(Find<QComboBox>(dialog, "cboBatch1"), " ");
-    Click(Find<QPushButton>(dialog, "cmdAdd"));
-    EXPECT_EQ(Rows(list), (QStringList{"_ >>   [x]", "Copy of  >>  [x]"}));
-    // The mark of the second row goes off with the keyboard's space.
-    ClickRow(list, 1);
-    QTest::keyClick(list, Qt::Key_Space);
-    Settle();
-    EXPECT_EQ(Rows(list), (QStringList{"_ >>   [x]", "Copy of  >>  [ ]"}));
-    SaveScreenshot(dialog, "dialog_advanced_replace");
-    Click(Find<QPushButton>(dialog, "cmdAccept"));
-    worked = true;
-  });
-  // Picking "(Advanced)" in the With box fills both boxes and opens the dialog.
-  auto* with = Find<QComboBox>(window(), "cboBatch7");
-  with->showPopup();
-  QAbstractItemView* items = with->view();
-  QTest::mouseClick(items->viewport(), Qt::LeftButton, Qt::NoModifier,
-                    items->visualRect(items->model()->index(0, 0)).center());
-  Settle();
-  EXPECT_TRUE(worked);
-  EXPECT_EQ(with->currentText(), "(Advanced)");
-  EXPECT_EQ(Stored("ReplaceList"), "_ >>  %%1|Copy of  >> %%0|");
-}
-
-TEST_F(DialogsTest, UnwantedFormattingEditsItsRowsAndSavesOnFinished) {
+  };
   bool worked = false;
   WhenModalOpens([&](QWidget* dialog) {
     auto* list = Find<QListView>(dialog, "lstRemove");
-    ASSERT_EQ(list->model()->rowCount(), 7);
-    EXPECT_EQ(Rows(list).first(), "Copy Of [ ]");
-
-    ClickRow(list, 2);
+    clickRow(list, 2);
     auto* edit = Find<QLineEdit>(dialog, "txtEdit");
     EXPECT_EQ(edit->text(), "Shortcut To");
     TypeOver(edit, "Shortcut to");
     Click(Find<QPushButton>(dialog, "cmdUpdate"));
     TypeOver(Find<QLineEdit>(dialog, "txtAdd"), "Copy ");
     Click(Find<QPushButton>(dialog, "cmdAdd"));
-    EXPECT_EQ(Rows(list).mid(0, 4),
-              (QStringList{"Copy  [x]", "Copy Of [ ]", "Copy (##) Of [ ]", "Shortcut to [ ]"}));
-    SaveScreenshot(dialog, "dialog_unwanted_formatting");
+    EXPECT_EQ(list->model()->index(0, 0).data(Qt::CheckStateRole).toInt(), Qt::Checked);
     // The edit box takes the row's text selected with the focus.
-    ClickRow(list, 1);
+    clickRow(list, 1);
     QTest::mouseClick(edit, Qt::LeftButton);
     Settle();
     EXPECT_EQ(edit->selectedText(), "Copy Of");
@@ -236,43 +132,11 @@ TEST_F(DialogsTest, UnwantedFormattingEditsItsRowsAndSavesOnFinished) {
   });
   Click(Find<QPushButton>(window(), "cmdUnwantedFormat"));
   EXPECT_TRUE(worked);
-  EXPECT_THAT(Stored("FormattingList"),
+  EXPECT_THAT(store.GetProgramSetting("Settings", "FormattingList").AsText(),
               ::testing::StartsWith("Copy %%1|Copy Of%%0|Copy (##) Of%%0|Shortcut to%%0|"));
 }
 
-class ProgressWindowTest : public QtWizardTest {
- protected:
-  // Lists `count` files and enters step 3, whose preview shows the window.
-  void PreviewOf(int count) {
-    Start();
-    DropData drop;
-    for (int i = 0; i < count; ++i) drop.files.push_back("c:\\p\\" + std::to_string(i) + ".jpg");
-    form->AddDroppedFiles(drop);
-    form->lblStep[3].Click();
-    Settle();
-  }
-};
-
-TEST_F(ProgressWindowTest, StandsCentredOnTheWizardWithoutHoldingIt) {
-  bool looked = false;
-  ui.onPendingEvents = [&] {
-    ProgressWindow* progress = ui.progressWindow();
-    if (looked || progress == nullptr || progress->percentText() != "50%") return;
-    looked = true;
-      EXPECT_TRUE(progress->windowFlags().testFlag(Qt::Tool));  // no task-bar entry
-    EXPECT_FALSE(progress->isModal());
-    EXPECT_EQ(progress->parentWidget(), ui.wizardWindow());
-    const QPoint offset = progress->frameGeometry().center() - ui.wizardWindow()->frameGeometry().center();
-    EXPECT_LE(offset.manhattanLength(), 4);
-    // The wizard stays live: its buttons take clicks while the loop runs.
-    EXPECT_TRUE(ui.wizardWindow()->isEnabled());
-    SaveScreenshot(progress, "progress_window");
-  };
-  PreviewOf(4);
-  EXPECT_TRUE(looked);
-}
-
-TEST_F(ProgressWindowTest, CancelDuringTheLoopEndsTheProgramAtOnce) {
+TEST_F(QtWizardTest, CancelDuringTheLoopEndsTheProgramAtOnce) {
   bool ended = false;
   int runsAfterCancel = 0;
   ui.onPendingEvents = [&] {

@@ -4,7 +4,6 @@
 #include <QComboBox>
 #include <QRadioButton>
 #include <QDialog>
-#include <QDir>
 #include <QDropEvent>
 #include <QElapsedTimer>
 #include <QLineEdit>
@@ -22,7 +21,6 @@ void WatchingUi::LetPendingEventsRun() {
   if (ProgressWindow* window = progressWindow()) {
     if (progressTexts.isEmpty() || progressTexts.constLast() != window->percentText()) {
       progressTexts << window->percentText();
-      barShares.push_back(window->barShare());
     }
     if (!progressTitles.contains(window->windowTitle())) progressTitles << window->windowTitle();
   }
@@ -131,14 +129,6 @@ void WhenModalOpens(std::function<void(QWidget*)> action) {
     CloseIfStillOpen(answered);
   });
   timer->start();
-}
-
-void SaveScreenshot(QWidget* widget, const QString& name) {
-  const QString folder = QStringLiteral(TESSALY_SCREENSHOT_DIR);
-  QDir().mkpath(folder);
-  // Text views hold their painting for a moment while text pours in.
-  QTest::qWait(60);
-  EXPECT_TRUE(widget->grab().save(folder + QLatin1Char('/') + name + QStringLiteral(".png")));
 }
 
 QtWizardTest::~QtWizardTest() {

@@ -25,7 +25,6 @@ class WatchingUi : public QtUi {
  public:
   void LetPendingEventsRun() override;
   QStringList progressTexts;  // consecutive repeats left out
-  std::vector<double> barShares;
   QStringList progressTitles;
   // Runs each time a loop lets events run.
   std::function<void()> onPendingEvents;
@@ -59,9 +58,6 @@ bool DropText(QWidget* target, const QString& text);
 // then closes it so the test goes on.
 void WhenModalOpens(std::function<void(QWidget*)> action);
 
-// Saves a picture of `widget` as build/screenshots/<name>.png.
-void SaveScreenshot(QWidget* widget, const QString& name);
-
 // The wizard in a world of memory backends, on 18 November 2026 at
 // 14:02:09, drawn by the Qt views.
 class QtWizardTest : public ::testing::Test {
@@ -74,7 +70,6 @@ class QtWizardTest : public ::testing::Test {
   BasicMemoryWorld<WatchingUi> world{files};
   SettingsStore& store = world.store;
   WatchingUi& ui = world.ui;
-  FixedClock& clock = world.clock;
   std::unique_ptr<fTessaly>& form = world.form;
 };
 
