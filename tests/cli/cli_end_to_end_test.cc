@@ -208,7 +208,6 @@ TEST_F(CliEndToEnd, ShortRuns) {
        {"Draft_Copy.TXT"}, 0, "Rename Files Preview:\n    FILES/Draft Copy.txt",
        "Generating Renamed Files Preview...  100%\n"},
       {{}, {"/DefineUnwantedFormatting", "/exit"}, {}, 0, "\n  [ ] Copy Of\n", ""},
-      {{}, {"--help"}, {}, 0, "usage: tessaly-cli", ""},
       {{}, {}, {}, 2, "", "usage: tessaly-cli"},
       {{}, {"--version"}, {}, 0, "tessaly-cli (Tessaly) 1.0.14\n", ""},
   };
@@ -274,30 +273,6 @@ TEST_F(CliEndToEnd, EveryWordIsOneFileWhateverItHolds) {
   // without a switch the wizard opens on File Selection.
   EXPECT_THAT(Run({"/showwiz/Photo.JPG", "A.TXT"}).err,
               HasSubstr("stopped on step 1 with 1 files listed"));
-}
-
-TEST_F(CliEndToEnd, BadUsageIsRefusedWithExitTwoAndNothingDone) {
-  MakeFile("A.TXT");
-  struct Case {
-    std::vector<std::string> args;
-    std::string said;
-  };
-  const Case cases[] = {
-      {{"-x", "A.TXT", "/step:4"}, "unknown option '-x'"},
-      {{"A.TXT", "/stpe:4"}, "'/stpe:4' is not a switch"},
-      {{"A.TXT", "/settings:Bogus", "/step:4"}, "'/settings:Bogus' is not a switch"},
-      {{"--files-from", "missing.list", "/step:4"}, "cannot read the list of files"},
-  };
-  for (const Case& c : cases) {
-    const CliResult result = Run(c.args);
-    EXPECT_EQ(result.exitCode, 2) << c.said;
-    EXPECT_THAT(result.err, HasSubstr("tessaly-cli: " + c.said)) << result.err;
-    EXPECT_EQ(result.out, "") << c.said;
-  }
-  EXPECT_EQ(Names(), (std::set<std::string>{"A.TXT"}));
-  EXPECT_EQ(Names(registry), (std::set<std::string>{}));
-  // The raw text keeps its forgiving reading.
-  EXPECT_EQ(Run({"--command-line", ModelPath("A.TXT") + " /stpe:4 /settings:Bogus"}).exitCode, 0);
 }
 
 TEST_F(CliEndToEnd, DryRunShowsEachFileAndTouchesNothing) {

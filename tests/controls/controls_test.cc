@@ -18,24 +18,6 @@ std::vector<std::string> Texts(const ListBox& list) {
   return texts;
 }
 
-TEST(ListBox, SortedListInsertsIgnoringCaseAndKeepsTheCurrentRow) {
-  ListBox list(/*sorted=*/true);
-  list.AddItem("b.txt");
-  list.SetListIndex(0);
-  list.AddItem("A.txt");
-  EXPECT_EQ(list.NewIndex(), 0u);
-  list.AddItem("c.txt");
-  list.AddItem("ä.txt");
-  EXPECT_THAT(Texts(list), ::testing::ElementsAre("A.txt", "b.txt", "c.txt", "ä.txt"));
-  EXPECT_EQ(list.ListIndex(), 1);  // still b.txt
-  list.RemoveItem(0);
-  EXPECT_EQ(list.ListIndex(), 0);
-  list.RemoveItem(0);
-  EXPECT_EQ(list.ListIndex(), -1);  // the current row itself went
-  list.AddItemAt("z", 0);           // no placing by hand in a sorted list
-  EXPECT_EQ(list.ListCount(), 2u);
-}
-
 bool Before(const std::string& a, const std::string& b) {
   return text::CompareIgnoreCase(a, b) < 0;
 }
@@ -112,24 +94,6 @@ TEST(ListBox, DeferredSortingAndRemovingAgreeWithDoingEachAtOnce) {
   }
 }
 
-// Texts equal ignoring case stand in the order they came, old before new,
-// however many of them wait to be merged at once.
-TEST(ListBox, RowsEqualIgnoringCaseKeepTheirArrivalOrder) {
-  std::vector<std::string> spellings;
-  for (int bits = 0; bits < 64; ++bits) {
-    std::string word = "abcdef";
-    for (int i = 0; i < 6; ++i)
-      word[i] = ((bits >> i) & 1) ? static_cast<char>(word[i] - 32) : word[i];
-    spellings.push_back(word);
-  }
-  std::shuffle(spellings.begin(), spellings.end(), std::mt19937(3));
-  ListBox list(/*sorted=*/true);
-  for (std::size_t i = 0; i < 10; ++i) list.AddItem(spellings[i]);
-  EXPECT_EQ(list.List(0), spellings[0]);  // merges the first ten
-  for (std::size_t i = 10; i < spellings.size(); ++i) list.AddItem(spellings[i]);
-  EXPECT_EQ(Texts(list), spellings);
-}
-
 // Changing a text keeps a sorted list sorted, so its look-ups stay right.
 TEST(ListBox, ChangedTextMovesToItsSortedPlace) {
   ListBox list(/*sorted=*/true);
@@ -140,19 +104,6 @@ TEST(ListBox, ChangedTextMovesToItsSortedPlace) {
   EXPECT_EQ(list.ListIndex(), 1);
   EXPECT_EQ(list.FindExact("b"), -1);
   EXPECT_EQ(list.FindExact("e"), 1);
-}
-
-TEST(ListBox, CheckBoxClickTogglesAndMakesTheRowCurrent) {
-  ListBox list;
-  int clicks = 0;
-  list.onClick = [&] { ++clicks; };
-  list.AddItem("x");
-  list.AddItemAt("y", 0);
-  list.ClickCheckBox(1);
-  list.SetListIndex(7);  // out of range: ignored
-  EXPECT_TRUE(list.Checked(1));
-  EXPECT_EQ(list.ListIndex(), 1);
-  EXPECT_EQ(clicks, 1);
 }
 
 TEST(Controls, RulesRunOnlyWhenTheStateChanges) {

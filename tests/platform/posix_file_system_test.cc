@@ -74,13 +74,6 @@ TEST_F(PosixFileSystemTest, NativeBackslashesAreSlashesInTheModel) {
   EXPECT_THAT(NamesIn(folder_.path()), ElementsAre("a\\b.mp3"));
 }
 
-TEST_F(PosixFileSystemTest, ALinkThatPointsNowhereStillHoldsItsName) {
-  ASSERT_EQ(symlink("nowhere", Native("link").c_str()), 0);
-  WriteNative(Native("a.txt"), "a");
-  EXPECT_EQ(fs_.GetAttributes(Model("link")), attr::kSystem);
-  EXPECT_FALSE(fs_.Rename(Model("a.txt"), Model("link")));
-}
-
 TEST(NoReplaceRenameTest, NeitherWayReplacesATakenName) {
   TempFolder folder;
   const std::string mine = folder.path() + "/mine";

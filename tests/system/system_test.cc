@@ -8,7 +8,6 @@
 #include "platform/memory/memory_registry.h"
 #include "platform/memory/memory_short_paths.h"
 #include "platform/memory/recording_shell.h"
-#include "system/connection_state.h"
 #include "system/product_record.h"
 #include "system/product_site.h"
 #include "system/shared_keys.h"
@@ -87,12 +86,6 @@ TEST_F(RecordProductTest, ALaterStartInAnotherFolderKeepsSiteAndInstallDate) {
   EXPECT_EQ(Shared(kProductRecordKey, "Tessaly install"), Text("March 05, 2024"));
 }
 
-TEST_F(RecordProductTest, PatternsAndExtensionComeFromTheCaller) {
-  RecordProduct(store_, program_, shortPaths_, clock_, "*.jpg;*.png", "");
-  EXPECT_EQ(Shared(kFileSupportKey, "Tessaly"), Text("*.jpg;*.png"));
-  EXPECT_EQ(Shared(kProgramPathsKey, "Tessaly"), Text("C:\\Program Files\\Tessaly\\Tessaly"));
-}
-
 TEST_F(RecordProductTest, AReadOnlyMachineHiveOrAFailedStepStopsNothingElse) {
   registry_.SetHiveAccess(Hive::kLocalMachine, MemoryRegistry::Access::kReadOnly);
   Record();
@@ -142,11 +135,6 @@ TEST(ShortPathOfTest, GivesTheShortFormThatFitsOrNothing) {
   EXPECT_EQ(ShortPathOf(shortPaths, "C:\\gone.exe"), "");
   EXPECT_EQ(ShortPathOf(shortPaths, "fits"), fits);
   EXPECT_EQ(ShortPathOf(shortPaths, "long"), "");
-}
-
-TEST(WeekMarkTest, TheWeekNumberThenTheYear) {
-  EXPECT_EQ(WeekMark({2024, 1, 6}), "12024");
-  EXPECT_EQ(WeekMark({2021, 12, 31}), "532021");
 }
 
 class CheckForUpdatesTest : public ::testing::Test {
@@ -220,20 +208,6 @@ TEST_F(CheckForUpdatesTest, AnUpdaterThatIsNoFileIsNotStartedAndTriedNextTime) {
   }
 }
 
-TEST_F(CheckForUpdatesTest, ARefusedMarkStillStartsTheUpdaterButAKeyErrorEndsTheCheck) {
-  registry_.FailNextSets(1);
-  Check();
-  EXPECT_EQ(shell_.requests().size(), 1u);
-  EXPECT_TRUE(LastCheck().IsNothing());
-  MemoryRegistry registry;  // the program's key does not exist yet, and cannot be made
-  SettingsStore store(registry);
-  store.SaveSharedSetting(kShortPathsKey, "AutoUpdate", Text(kUpdater));
-  registry.FailNextCreates(1);
-  RecordingShell shell;
-  CheckForUpdates(store, network_, shell, clock_, program_, files_);
-  EXPECT_TRUE(shell.requests().empty());
-}
-
 TEST(ShellOpenTest, ShowCommandAndPartsPassedOn) {
   const struct {
     const char *file;
@@ -282,21 +256,6 @@ TEST(ShellOpenTest, AnswersUpTo32FailWithTheirReport) {
     ShellFailure failure{-5, "untouched", "untouched"};
     EXPECT_TRUE(ShellOpen(shell, program, "C:\\a.txt", 1, "", "", "open", 0, &failure));
     EXPECT_EQ(failure.source, "untouched");
-  }
-}
-
-TEST(ConnectionStateTest, FlagsBecomeItemsInFixedOrder) {
-  using namespace connection;
-  const std::pair<std::optional<std::uint32_t>, const char*> cases[] = {
-      {std::nullopt, "Not Connected"},
-      {kModemBusy | kModem, "Modem;ModemBusy;"},
-      {kModem | kLan | kProxy | kModemBusy, "Modem;LAN;Proxy;ModemBusy;"},
-      {0x20 | kLan, "LAN;"},  // flags beyond the four are not told of
-  };
-  for (const auto& [flags, state] : cases) {
-    FixedNetworkStatus network;
-    network.Set(flags);
-    EXPECT_EQ(ConnectionState(network), state);
   }
 }
 

@@ -54,20 +54,6 @@ TEST_F(StepMachineTest, OnlyTheCurrentLabelIsBoldAndLabelsJumpBothWays) {
   EXPECT_EQ(wizard.CurrentStep, 1);
 }
 
-TEST_F(StepMachineTest, SecondEntryToStep2DoesNotRefillTheDropDowns) {
-  fTessaly& wizard = Start();
-  wizard.lblStep[2].Click();
-  wizard.cboBatch[2].SetText("yyyy (date)");
-  wizard.lblStep[1].Click();
-  wizard.lblStep[2].Click();
-  EXPECT_EQ(wizard.cboBatch[6].items().size(), 21u);
-  EXPECT_EQ(wizard.cboBatch[6].items().front(), "(Advanced)");
-  EXPECT_EQ(wizard.cboBatch[0].text(), "Document Name");
-  EXPECT_EQ(wizard.cboBatch[1].text(), "extension");
-  EXPECT_EQ(wizard.cboBatch[2].text(), "yyyy (date)");  // placements survive
-  EXPECT_EQ(wizard.cboBatch[3].text(), "");
-}
-
 TEST_F(StepMachineTest, AnOptionNotCarriedThroughStep3IsReloadedAway) {
   fTessaly& wizard = Start();
   wizard.lblStep[2].Click();
@@ -102,16 +88,6 @@ TEST_F(StepMachineTest, LabelJumpToStep3BeforeStep2FillsPlacementsAndSavesDefaul
     const CheckState expected = box.name == "chkRealFiles" ? kGrayed : box.defaultState;
     EXPECT_EQ(StoredState(box.name), expected) << box.name;
   }
-}
-
-TEST_F(StepMachineTest, ClickOnTheShownStepLabelRunsItsEntryAgain) {
-  fTessaly& wizard = Start();
-  AddFiles({"C:\\a\\x.txt"});
-  wizard.lblStep[3].Click();
-  store.SaveProgramSetting("Settings", "chkExtra", SettingValue::FromInt32(1));
-  wizard.lblStep[3].Click();
-  EXPECT_EQ(StoredState("chkExtra"), 0);  // saved again from the controls
-  EXPECT_EQ(wizard.tOutput.text(), "Rename Files Preview:\r\n    C:\\a\\x.txt\r\n");
 }
 
 TEST_F(StepMachineTest, NavigationDuringAPreviewLoopIsIgnored) {
