@@ -23,15 +23,10 @@ namespace {
 
 namespace fs = std::filesystem;
 using ::testing::Contains;
-using ::testing::ContainsRegex;
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::Not;
-
-// Any regex metacharacter of `text` taken literally.
-std::string Literal(std::string_view text) {
-  static const std::regex special(R"([.^$|()\[\]{}*+?\\])");
-  return std::regex_replace(std::string(text), special, R"(\$&)");
-}
+using ::testing::StartsWith;
 
 std::vector<std::string> Lines(const std::string& text) {
   std::vector<std::string> lines;
@@ -65,32 +60,11 @@ class CliEndToEnd : public ::testing::Test {
   std::string ModelPath(const std::string& name) { return ToModelPath(files + "/" + name); }
 
   CliResult Run(const std::vector<std::string>& args) { return RunCli(args, files, registry); }
-  // The contents of every file under `folder`, however named.
-  std::multiset<std::string> Contents(const std::string& folder) {
-    std::multiset<std::string> contents;
-    for (const auto& entry : fs::directory_iterator(folder)) {
-      if (!entry.is_regular_file()) continue;
-      std::ifstream in(entry.path());
-      contents.insert(std::string(std::istreambuf_iterator<char>(in), {}));
-    }
-    return contents;
-  }
-
-  // The line of one file in the change log, the time left open.
-  std::string FileLine(const std::string& oldName, const std::string& newName,
-                       const std::string& outcome) {
-    const std::string folder6 = Literal((files + "/").substr(0, 6)) + R"(\.\.\./)";
-    return R"(^[0-9]{2}:[0-9]{2}:[0-9]{2} - )" + folder6 + Literal(oldName) + " > " + folder6 +
-           Literal(newName) + " " + Literal(outcome) + "$";
-  }
 
   testing::TempFolder root;
   std::string files = root.path() + "/files";
   std::string registry = root.path() + "/registry";
 };
-
-// POSIX extended expressions, as the matchers read them: no "\d".
-const std::string kStamp = "[0-9]{2}/[0-9]{2}/[0-9]{4} - [0-9]{2}:[0-9]{2}:[0-9]{2}";
 
 TEST_F(CliEndToEnd, UnattendedRunRenamesToTheLowerCaseDocumentName) {
   MakeFile("Alpha One.TXT");
@@ -107,10 +81,11 @@ TEST_F(CliEndToEnd, UnattendedRunRenamesToTheLowerCaseDocumentName) {
   const std::vector<std::string> lines = Lines(result.out);
   // The log's layout is the wizard's own (tested there), with Unix line ends.
   ASSERT_EQ(lines.size(), 13u) << result.out;
-  EXPECT_THAT(lines[0], ContainsRegex("^Renaming Started at: " + kStamp + "$"));
-  EXPECT_THAT(lines[5], ContainsRegex(FileLine("Alpha One.TXT", "alpha one", "(Completed)")));
+  EXPECT_THAT(lines[0], StartsWith("Renaming Started at: "));
+  EXPECT_THAT(lines[5],
+              EndsWith("/Alpha One.TXT > " + files.substr(0, 6) + ".../alpha one (Completed)"));
   EXPECT_EQ(lines[10], "3 files where renamed successfully.");
-  EXPECT_THAT(lines[12], ContainsRegex("^Renaming Completed at: " + kStamp + "$"));
+  EXPECT_THAT(lines[12], StartsWith("Renaming Completed at: "));
   // Output that is no terminal gets no colour and one progress line per window.
   EXPECT_THAT(result.out, Not(HasSubstr("\x1b[")));
   EXPECT_THAT(result.err, HasSubstr("Generating Renamed Files Preview...  100%\n"));
@@ -137,7 +112,7 @@ TEST_F(CliEndToEnd, CaseOnlyRenameGoesThroughWithoutAQuestion) {
   if (traced) EXPECT_EQ(Lines(Content("../registry/renames")).size(), 1u) << Content("../registry/renames");
   EXPECT_EQ(Content("a.txt"), "mine");
   EXPECT_THAT(Lines(result.out),
-              Contains(ContainsRegex(FileLine("a.TXT", "a.txt", "(Completed)"))));
+              Contains(EndsWith("/a.TXT > " + files.substr(0, 6) + ".../a.txt (Completed)")));
   EXPECT_THAT(result.err, Not(HasSubstr("Confirm Overwrite")));
   const CliResult unchanged = Run({"a.txt", "/step:4"});
   EXPECT_EQ(unchanged.exitCode, 0);
@@ -162,8 +137,7 @@ TEST_F(CliEndToEnd, CaseTwinsAreOtherFilesAndNothingIsLost) {
   const CliResult listed = Run({"Foo.txt", "foo.txt", "FOO.txt"});
   EXPECT_THAT(listed.err, HasSubstr("with 3 files listed"));
   Run({"Foo.txt", "foo.txt", "FOO.txt", "/settings:LowerCase", "/step:4"});
-  EXPECT_EQ(Contents(files), (std::multiset<std::string>{"FOO.txt", "Foo.txt", "foo.txt"}));
-  EXPECT_EQ(Content("foo.txt"), "foo.txt");
+  for (const char* name : {"Foo.txt", "foo.txt", "FOO.txt"}) EXPECT_EQ(Content(name), name);
 }
 
 // A conversion may change a folder's letter case: with "Include Path" the

@@ -53,36 +53,22 @@ void TypeOver(QWidget* box, const QString& text) {
   Settle();
 }
 
-namespace {
-
-bool Drop(QWidget* target, QMimeData& data, const QPoint* where) {
-  const QPointF at = where != nullptr ? QPointF(*where) : QPointF(target->rect().center());
-  QDragEnterEvent enter(at.toPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-  QCoreApplication::sendEvent(target, &enter);
-  if (!enter.isAccepted()) return false;
-  QDragMoveEvent move(at.toPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-  QCoreApplication::sendEvent(target, &move);
-  if (!move.isAccepted()) return false;
-  QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-  QCoreApplication::sendEvent(target, &drop);
-  Settle();
-  return drop.isAccepted();
-}
-
-}  // namespace
-
-bool DropFiles(QWidget* target, const QStringList& nativePaths, const QPoint* where) {
+bool DropFiles(QWidget* target, const QStringList& nativePaths) {
   QMimeData data;
   QList<QUrl> urls;
   for (const QString& path : nativePaths) urls << QUrl::fromLocalFile(path);
   data.setUrls(urls);
-  return Drop(target, data, where);
-}
-
-bool DropText(QWidget* target, const QString& text) {
-  QMimeData data;
-  data.setText(text);
-  return Drop(target, data, nullptr);
+  const QPoint at = target->rect().center();
+  QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(target, &enter);
+  if (!enter.isAccepted()) return false;
+  QDragMoveEvent move(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(target, &move);
+  if (!move.isAccepted()) return false;
+  QDropEvent drop(QPointF(at), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(target, &drop);
+  Settle();
+  return drop.isAccepted();
 }
 
 namespace {
