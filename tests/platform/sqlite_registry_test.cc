@@ -168,17 +168,14 @@ TEST_F(SqliteRegistryTest, ReadOnlyFileAndAdministratorsFolderRefuseWrites) {
   chmod(location_.machine.folder.c_str(), 0555);
   const int failed = RunUnprivileged([this] {
     SqliteRegistry registry(location_);
-    if (Read(registry, "K", "v") != "kept") return 1;
-    if (Write(registry, "K", "v", "changed") != reg::kAccessDenied) return 2;
-    if (Write(registry, "New", "v", "1") != reg::kAccessDenied) return 3;
     RegistryKey key = 0;
-    if (registry.OpenKey(Hive::kCurrentUser, "K", reg::kWrite, &key) != reg::kAccessDenied)
-      return 4;
-    if (registry.CreateKey(Hive::kLocalMachine, "K", "0", 0, 0, &key, nullptr) !=
-        reg::kAccessDenied) {
-      return 5;
-    }
-    return Read(registry, "K", "v") == "kept" ? 0 : 6;
+    const bool refused =
+        Write(registry, "K", "v", "changed") == reg::kAccessDenied &&
+        Write(registry, "New", "v", "1") == reg::kAccessDenied &&
+        registry.OpenKey(Hive::kCurrentUser, "K", reg::kWrite, &key) == reg::kAccessDenied &&
+        registry.CreateKey(Hive::kLocalMachine, "K", "0", 0, 0, &key, nullptr) ==
+            reg::kAccessDenied;
+    return refused && Read(registry, "K", "v") == "kept" ? 0 : 1;
   });
   EXPECT_EQ(failed, 0);
   chmod(location_.user.folder.c_str(), 0700);

@@ -14,14 +14,6 @@ class ExampleOutputTest : public WizardTest {
   }
 };
 
-TEST_F(ExampleOutputTest, EveryRefreshCountsSerialsFromOne) {
-  fTessaly& wizard = AtStep2();
-  wizard.cboBatch[0].SetText("3 Digit Serial Number");
-  EXPECT_EQ(wizard.txtExample.text(), "001.jpeg\r\n002.jpg\r\n003.mp3");
-  wizard.chkCapitalize.SetValue(1);
-  EXPECT_EQ(wizard.txtExample.text(), "001.jpeg\r\n002.jpg\r\n003.mp3");
-}
-
 TEST_F(ExampleOutputTest, TypingNoneEmptiesTheBoxAtTheClosingBracket) {
   fTessaly& wizard = AtStep2();
   std::string typed;

@@ -40,20 +40,6 @@ TEST_F(StepMachineTest, ButtonsFollowTheStepTable) {
   EXPECT_EQ(wizard.CurrentStep, 4);
 }
 
-TEST_F(StepMachineTest, OnlyTheCurrentLabelIsBoldAndLabelsJumpBothWays) {
-  fTessaly& wizard = Start();
-  wizard.lblStep[2].Click();
-  EXPECT_EQ(wizard.CurrentStep, 2);
-  wizard.lblStep[1].Click();
-  EXPECT_EQ(wizard.CurrentStep, 1);
-  for (int i = 0; i < fTessaly::kStepCount; ++i) {
-    EXPECT_EQ(wizard.lblStep[i].bold(), i == 1) << i;
-    EXPECT_EQ(wizard.pStep[i].visible(), i == 1) << i;
-  }
-  wizard.lblStep[4].Click();
-  EXPECT_EQ(wizard.CurrentStep, 1);
-}
-
 TEST_F(StepMachineTest, AnOptionNotCarriedThroughStep3IsReloadedAway) {
   fTessaly& wizard = Start();
   wizard.lblStep[2].Click();
