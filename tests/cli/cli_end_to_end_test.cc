@@ -109,7 +109,9 @@ TEST_F(CliEndToEnd, CaseOnlyRenameGoesThroughWithoutAQuestion) {
              : Run({"a.TXT", "/step:4", "/exit"});
   EXPECT_EQ(Names(), (std::set<std::string>{"a.txt"}));
   // Where the disk tells letter case apart, the name is free: one rename.
-  if (traced) EXPECT_EQ(Lines(Content("../registry/renames")).size(), 1u) << Content("../registry/renames");
+  if (traced) {
+    EXPECT_EQ(Lines(Content("../registry/renames")).size(), 1u) << Content("../registry/renames");
+  }
   EXPECT_EQ(Content("a.txt"), "mine");
   EXPECT_THAT(Lines(result.out),
               Contains(EndsWith("/a.TXT > " + files.substr(0, 6) + ".../a.txt (Completed)")));
@@ -137,7 +139,11 @@ TEST_F(CliEndToEnd, CaseTwinsAreOtherFilesAndNothingIsLost) {
   const CliResult listed = Run({"Foo.txt", "foo.txt", "FOO.txt"});
   EXPECT_THAT(listed.err, HasSubstr("with 3 files listed"));
   Run({"Foo.txt", "foo.txt", "FOO.txt", "/settings:LowerCase", "/step:4"});
-  for (const char* name : {"Foo.txt", "foo.txt", "FOO.txt"}) EXPECT_EQ(Content(name), name);
+  // Every content still there, whatever name it ended under.
+  std::multiset<std::string> contents;
+  for (const std::string& name : Names()) contents.insert(Content(name));
+  EXPECT_EQ(contents, (std::multiset<std::string>{"FOO.txt", "Foo.txt", "foo.txt"}));
+  EXPECT_EQ(Content("foo.txt"), "foo.txt");
 }
 
 // A conversion may change a folder's letter case: with "Include Path" the
@@ -277,12 +283,19 @@ TEST_F(CliEndToEnd, FilesFromANulSeparatedListAndTheLogAsJson) {
   const CliResult result =
       Run({"-0", "--files-from", ".list", "--json", "/settings:LowerCase", "/step:4"});
   EXPECT_EQ(result.exitCode, 0) << result.err;
-  EXPECT_EQ(Lines(result.out),
-            (std::vector<std::string>{
-                R"({"old":")" + files + R"(/NEW\nLINE.TXT","new":")" + files +
-                    R"(/new\nline.txt","outcome":"(Completed)","code":"completed"})",
-                R"({"old":")" + files + R"(/SAY \"HI\".TXT","new":")" + files +
-                    R"(/say \"hi\".txt","outcome":"(Completed)","code":"completed"})"}));
+  // One object a line; the name's newline and quotes escaped.
+  const std::string line = R"j({"old":"F/NEW\nLINE.TXT","new":"F/new\nline.txt",)j"
+                           R"j("outcome":"(Completed)","code":"completed"})j";
+  const std::string quoted = R"j({"old":"F/SAY \"HI\".TXT","new":"F/say \"hi\".txt",)j"
+                             R"j("outcome":"(Completed)","code":"completed"})j";
+  const auto inFiles = [&](std::string text) {
+    for (std::size_t at = 0; (at = text.find("F/", at)) != std::string::npos;) {
+      text.replace(at, 1, files);
+      at += files.size();
+    }
+    return text;
+  };
+  EXPECT_EQ(Lines(result.out), (std::vector<std::string>{inFiles(line), inFiles(quoted)}));
 }
 
 }  // namespace
