@@ -94,6 +94,24 @@ TEST(ListBox, DeferredSortingAndRemovingAgreeWithDoingEachAtOnce) {
   }
 }
 
+// Texts equal ignoring case stand in the order they came, old before new,
+// however many of them wait to be merged at once.
+TEST(ListBox, RowsEqualIgnoringCaseKeepTheirArrivalOrder) {
+  std::vector<std::string> spellings;
+  for (int bits = 0; bits < 64; ++bits) {
+    std::string word = "abcdef";
+    for (int i = 0; i < 6; ++i)
+      word[i] = ((bits >> i) & 1) ? static_cast<char>(word[i] - 32) : word[i];
+    spellings.push_back(word);
+  }
+  std::shuffle(spellings.begin(), spellings.end(), std::mt19937(3));
+  ListBox list(/*sorted=*/true);
+  for (std::size_t i = 0; i < 10; ++i) list.AddItem(spellings[i]);
+  EXPECT_EQ(list.List(0), spellings[0]);  // merges the first ten
+  for (std::size_t i = 10; i < spellings.size(); ++i) list.AddItem(spellings[i]);
+  EXPECT_EQ(Texts(list), spellings);
+}
+
 // Changing a text keeps a sorted list sorted, so its look-ups stay right.
 TEST(ListBox, ChangedTextMovesToItsSortedPlace) {
   ListBox list(/*sorted=*/true);
@@ -104,6 +122,12 @@ TEST(ListBox, ChangedTextMovesToItsSortedPlace) {
   EXPECT_EQ(list.ListIndex(), 1);
   EXPECT_EQ(list.FindExact("b"), -1);
   EXPECT_EQ(list.FindExact("e"), 1);
+  // A check box click makes its row current; rows are not placed by hand.
+  list.ClickCheckBox(2);
+  list.AddItemAt("a", 0);
+  EXPECT_TRUE(list.Checked(2));
+  EXPECT_EQ(list.ListIndex(), 2);
+  EXPECT_THAT(Texts(list), ::testing::ElementsAre("d", "E", "f"));
 }
 
 TEST(Controls, RulesRunOnlyWhenTheStateChanges) {
