@@ -107,6 +107,20 @@ TEST_F(SqliteRegistryTest, ReadsCreateNothingAndWritesMakeOwnerOnlyFiles) {
   EXPECT_FALSE(fs::exists(location_.machine.path));
 }
 
+TEST_F(SqliteRegistryTest, OpenRegistriesSeeEachOthersWrites) {
+  location_.user.freshness = std::chrono::microseconds(0);  // ask at every read
+  SqliteRegistry first(location_);
+  SqliteRegistry second(location_);
+  ASSERT_EQ(Write(first, "K", "v", "one"), reg::kSuccess);
+  // Reads that each registry may remember: a value, a missing key.
+  EXPECT_EQ(Read(first, "K", "v"), "one");
+  EXPECT_EQ(Read(first, "New", "v"), "error 2");
+  ASSERT_EQ(Write(second, "K", "v", "two"), reg::kSuccess);
+  ASSERT_EQ(Write(second, "New", "v", "new"), reg::kSuccess);
+  EXPECT_EQ(Read(first, "K", "v"), "two");
+  EXPECT_EQ(Read(first, "New", "v"), "new");
+}
+
 TEST_F(SqliteRegistryTest, DamagedFilesFailEveryCallWithoutCrashing) {
   {
     SqliteRegistry registry(location_);

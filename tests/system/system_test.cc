@@ -166,7 +166,7 @@ TEST_F(CheckForUpdatesTest, OnlySwitchValueOneAndAPlainConnectionAllowTheCheck) 
       {SettingValue::FromInt32(1), kLan, true},  {Text("1"), kModem, true},
       {SettingValue::FromInt32(2), kLan, false}, {SettingValue::FromBytes({1}), kLan, false},
       {Text("1"), kLan | kProxy, false},         {Text("1"), kModemBusy, false},
-      {Text("1"), std::nullopt, false},
+      {Text("1"), std::nullopt, false},          {Text("yes"), kLan, false},
   };
   for (const auto& c : cases) {
     MemoryRegistry registry;
@@ -188,6 +188,20 @@ TEST_F(CheckForUpdatesTest, AnUpdaterThatIsNoFileIsNotStartedAndTriedNextTime) {
     EXPECT_TRUE(shell_.requests().empty()) << path;
     EXPECT_TRUE(LastCheck().IsNothing()) << path;
   }
+}
+
+TEST_F(CheckForUpdatesTest, ARefusedMarkStillStartsTheUpdaterButAKeyErrorEndsTheCheck) {
+  registry_.FailNextSets(1);
+  Check();
+  EXPECT_EQ(shell_.requests().size(), 1u);
+  EXPECT_TRUE(LastCheck().IsNothing());
+  MemoryRegistry registry;  // the program's key does not exist yet, and cannot be made
+  SettingsStore store(registry);
+  store.SaveSharedSetting(kShortPathsKey, "AutoUpdate", Text(kUpdater));
+  registry.FailNextCreates(1);
+  RecordingShell shell;
+  CheckForUpdates(store, network_, shell, clock_, program_, files_);
+  EXPECT_TRUE(shell.requests().empty());
 }
 
 TEST(ShellOpenTest, ShowCommandAndPartsPassedOn) {
