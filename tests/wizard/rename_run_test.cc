@@ -168,6 +168,19 @@ TEST_F(RenameRunTest, TwoFilesWithOneNewNameAskAtStageTwo) {
   EXPECT_EQ(files.forgets(), 1);
 }
 
+TEST_F(RenameRunTest, MoveToANewFolderAsksForItFirst) {
+  files.AddDirectory("D:\\Sorted");
+  fTessaly& wizard = Start();
+  AddFiles({"C:\\one\\a.txt"});
+  wizard.lblStep[3].Click();
+  ui.QueueFolder("D:\\Sorted");
+  wizard.optMoveNewFolder.SetValue(true);  // no folder yet: the browser opens
+  EXPECT_EQ(wizard.lFolder.caption(), "D:\\Sorted");
+  wizard.cmdNext.Click();
+  EXPECT_TRUE(Exists("D:\\Sorted\\a.txt"));
+  EXPECT_EQ(wizard.progress(), nullptr);  // unloaded at the end
+}
+
 // The case-only rename on both kinds of file system.
 class CaseOnlyRenameTest : public RenameRunTest,
                            public ::testing::WithParamInterface<LetterCase> {

@@ -40,6 +40,19 @@ TEST_F(StepMachineTest, ButtonsFollowTheStepTable) {
   EXPECT_EQ(wizard.CurrentStep, 4);
 }
 
+TEST_F(StepMachineTest, LabelsJumpBothWaysAndStep2FillsItsBoxesOnce) {
+  fTessaly& wizard = Start();
+  wizard.lblStep[2].Click();
+  wizard.cboBatch[2].SetText("yyyy (date)");
+  wizard.lblStep[1].Click();
+  wizard.lblStep[4].Click();  // the run is reached by Next alone
+  EXPECT_EQ(wizard.CurrentStep, 1);
+  for (int i = 0; i < fTessaly::kStepCount; ++i) EXPECT_EQ(wizard.lblStep[i].bold(), i == 1) << i;
+  wizard.lblStep[2].Click();
+  EXPECT_EQ(wizard.cboBatch[0].text(), "Document Name");
+  EXPECT_EQ(wizard.cboBatch[2].text(), "yyyy (date)");  // placements survive
+}
+
 TEST_F(StepMachineTest, AnOptionNotCarriedThroughStep3IsReloadedAway) {
   fTessaly& wizard = Start();
   wizard.lblStep[2].Click();
