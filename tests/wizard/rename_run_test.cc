@@ -176,9 +176,9 @@ TEST_F(RenameRunTest, MoveToANewFolderAsksForItFirst) {
   ui.QueueFolder("D:\\Sorted");
   wizard.optMoveNewFolder.SetValue(true);  // no folder yet: the browser opens
   EXPECT_EQ(wizard.lFolder.caption(), "D:\\Sorted");
+  EXPECT_EQ(wizard.progress(), nullptr);  // the preview's, unloaded at its end
   wizard.cmdNext.Click();
   EXPECT_TRUE(Exists("D:\\Sorted\\a.txt"));
-  EXPECT_EQ(wizard.progress(), nullptr);  // unloaded at the end
 }
 
 // The case-only rename on both kinds of file system.
