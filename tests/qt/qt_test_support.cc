@@ -53,12 +53,12 @@ void TypeOver(QWidget* box, const QString& text) {
   Settle();
 }
 
-bool DropFiles(QWidget* target, const QStringList& nativePaths) {
+bool DropFiles(QWidget* target, const QStringList& nativePaths, const QPoint* where) {
   QMimeData data;
   QList<QUrl> urls;
   for (const QString& path : nativePaths) urls << QUrl::fromLocalFile(path);
   data.setUrls(urls);
-  const QPoint at = target->rect().center();
+  const QPoint at = where != nullptr ? *where : target->rect().center();
   QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
   QCoreApplication::sendEvent(target, &enter);
   if (!enter.isAccepted()) return false;

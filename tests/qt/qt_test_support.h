@@ -46,9 +46,9 @@ void Click(QWidget* widget);
 // key by key.
 void TypeOver(QWidget* box, const QString& text);
 
-// Drags a text/uri-list of `nativePaths` onto the centre of `target` and
-// drops it there. True when the target took the drop.
-bool DropFiles(QWidget* target, const QStringList& nativePaths);
+// Drags a text/uri-list of `nativePaths` onto `target` and drops it at
+// `where` (the centre when null). True when the target took the drop.
+bool DropFiles(QWidget* target, const QStringList& nativePaths, const QPoint* where = nullptr);
 
 // Runs `action` on the next modal window once it is open (a dialog or a
 // message box opened by the step that follows). Fails the test if none opens

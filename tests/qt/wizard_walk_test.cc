@@ -173,6 +173,18 @@ TEST_F(FilePageTest, DroppedPathsArriveInModelFormFolderIncluded) {
   EXPECT_EQ(Rows(), (QStringList{"\\srv\\a b/c.jpg", "\\srv\\photos", "\\srv\\photos\\b.jpg"}));
 }
 
+TEST_F(FilePageTest, EveryDropTargetOfThePageTakesFiles) {
+  int expected = 0;
+  for (const char* name : {"Frame2", "Label11", "lblText1", "pStep1"}) {
+    // Near a corner: the frame's and the page's centres lie on their
+    // controls.
+    QWidget* target = Find<QWidget>(window(), name);
+    const QPoint corner(target->width() - 3, target->height() - 3);
+    EXPECT_TRUE(DropFiles(target, {QStringLiteral("/d/%1").arg(name)}, &corner)) << name;
+    EXPECT_EQ(list->model()->rowCount(), ++expected) << name;
+  }
+}
+
 TEST_F(FilePageTest, RemoveTakesExactlyTheRowsSelectedInTheView) {
   ASSERT_TRUE(DropFiles(list->viewport(), {"/d/e", "/d/d", "/d/c", "/d/b", "/d/a"}));
   // A click, then control-clicks at the far end and in the middle.
@@ -224,6 +236,19 @@ TEST_F(QtWizardTest, BoxesFollowTheirControlsBothWays) {
   Click(underscores);
   EXPECT_EQ(underscores->checkState(), Qt::Checked);
   EXPECT_EQ(spaces->checkState(), Qt::Checked);
+}
+
+// The note on included paths lies over the destination options.
+TEST_F(QtWizardTest, IncludePathCoversTheDestinationWithItsNote) {
+  Start();
+  Click(Find<QLabel>(window(), "lblStep3"));
+  QWidget* same = Find<QWidget>(window(), "optMoveSameFolder");
+  const QPoint centre = same->mapTo(window(), same->rect().center());
+  EXPECT_EQ(window()->childAt(centre), same);
+  Click(Find<QLabel>(window(), "lblStep2"));
+  Click(Find<QCheckBox>(window(), "chkIncludePaths"));
+  Click(Find<QPushButton>(window(), "cmdNext"));
+  EXPECT_EQ(window()->childAt(centre)->objectName(), "lInfoPath");
 }
 
 TEST_F(QtWizardTest, UnwantedFormattingShowsItsRowsAndSavesOnClose) {
