@@ -189,6 +189,9 @@ TEST_F(CliEndToEnd, ShortRuns) {
        "Generating Renamed Files Preview...  100%\n"},
       {{}, {"/DefineUnwantedFormatting", "/exit"}, {}, 0, "\n  [ ] Copy Of\n", ""},
       {{}, {}, {}, 2, "", "usage: tessaly-cli"},
+      // Bad usage does nothing and ends with 2.
+      {{"A.TXT"}, {"A.TXT", "/stpe:4"}, {"A.TXT"}, 2, "", "'/stpe:4' is not a switch"},
+      {{}, {"--files-from", "missing.list", "/step:4"}, {}, 2, "", "cannot read the list"},
       {{}, {"--version"}, {}, 0, "tessaly-cli (Tessaly) 1.0.14\n", ""},
   };
   for (const Row& row : rows) {
