@@ -101,6 +101,16 @@ TEST_F(ListsTest, ReplaceCheckBoxClicksRemovalAndClearReachTheRecord) {
   EXPECT_EQ(OpenReplace().lstReplace.ListCount(), 0u);
 }
 
+TEST_F(ListsTest, DamagedReplaceTextLoadsWhatCanBeReadAndIsWrittenBackCanonical) {
+  Store("ReplaceList", "A >> B%%1|C|D >> E%%x|x >> y >> z%%1|  pad  >>  q %%1|F >> G%%1");
+  fReplaceAdvanced& form = OpenReplace();
+  EXPECT_THAT(form.Rows(), ElementsAre(ReplaceEntry{"A", "B", true}, ReplaceEntry{"C", "", false},
+                                       ReplaceEntry{"D", "E", false}, ReplaceEntry{"x", "y", true},
+                                       ReplaceEntry{"  pad ", " q ", true}));
+  form.Unload();
+  EXPECT_EQ(Stored("ReplaceList"), "A >> B%%1|C >> %%0|D >> E%%0|x >> y%%1|  pad  >>  q %%1|");
+}
+
 TEST_F(ListsTest, FormattingDefaultsComeBackWhenTheListIsEmptied) {
   fUnwantedFormatting& form = OpenFormatting();
   std::vector<FormattingEntry> defaults;
