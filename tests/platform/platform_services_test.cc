@@ -34,6 +34,14 @@ TEST(PosixLocaleTest, SeparatorIsTheTextBetweenTheFirstTwoFields) {
   }
 }
 
+TEST(PosixLocaleTest, TheCLocaleGivesSlashColonAndPeriod) {
+  setenv("LC_ALL", "C", 1);
+  const PosixLocale locale;
+  unsetenv("LC_ALL");
+  EXPECT_EQ(locale.DateSeparator() + locale.TimeSeparator() + locale.DecimalSeparator(), "/:.");
+  EXPECT_EQ(locale.MonthAndWeekdayNames().months, EnglishDateNames().months);
+}
+
 TEST(PosixLocaleTest, DateNamesAreThoseOfTheTimeLocaleInUtf8) {
   // This machine may have no locale but C, so one is built for the test:
   // the legacy de_DE, whose names are in ISO-8859-1, set for LC_TIME alone
@@ -66,6 +74,26 @@ TEST(PosixProgramTest, LocationIsTheModelFolderAndTheNameWithoutExtension) {
   const ProgramLocation atRoot = LocationOfProgram("/tessaly.bin");
   EXPECT_EQ(atRoot.folder, "\\");
   EXPECT_EQ(atRoot.fileName, "tessaly");
+}
+
+TEST(StandardRandomTest, ASeedRepeatsItsSequenceOfFractionsBelowOne) {
+  StandardRandom random;
+  random.Randomize(12);
+  std::vector<double> first;
+  for (int i = 0; i < 1000; ++i) first.push_back(random.Rnd());
+  random.Randomize(12);
+  for (double expected : first) ASSERT_EQ(random.Rnd(), expected);
+  EXPECT_TRUE(std::ranges::all_of(first, [](double d) { return d >= 0.0 && d < 1.0; }));
+}
+
+TEST(ExistingShortPathsTest, AnExistingPathIsItsOwnShortForm) {
+  MemoryFileSystem fs;
+  fs.AddFile("C:\\Program Files\\Tessaly\\Tessaly.exe");
+  ExistingShortPaths shortPaths(fs);
+  EXPECT_EQ(shortPaths.ShortPathOf("C:\\Program Files\\Tessaly\\Tessaly.exe"),
+            "C:\\Program Files\\Tessaly\\Tessaly.exe");
+  EXPECT_EQ(shortPaths.ShortPathOf("C:\\Program Files\\Tessaly\\Gone.exe"), "");
+  EXPECT_EQ(shortPaths.ShortPathOf(""), "");
 }
 
 // The rest of the answers' shape is read back by the open dialog's tests.
