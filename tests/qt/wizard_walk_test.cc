@@ -5,6 +5,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
@@ -280,6 +281,50 @@ TEST_F(QtWizardTest, UnwantedFormattingShowsItsRowsAndSavesOnClose) {
               ::testing::StartsWith("Copy %%1|Copy Of%%0|"));
 }
 
+TEST_F(QtWizardTest, PickingAdvancedInTheWithBoxOpensItsDialog) {
+  Start();
+  Click(Find<QLabel>(window(), "lblStep2"));
+  QString opened;
+  WhenModalOpens([&](QWidget* dialog) {
+    opened = dialog->windowTitle();
+    Click(Find<QPushButton>(dialog, "cmdAccept"));
+  });
+  auto* with = Find<QComboBox>(window(), "cboBatch7");
+  with->showPopup();
+  QAbstractItemView* items = with->view();
+  QTest::mouseClick(items->viewport(), Qt::LeftButton, Qt::NoModifier,
+                    items->visualRect(items->model()->index(0, 0)).center());
+  Settle();
+  EXPECT_EQ(opened, "Advanced Replace");
+  EXPECT_EQ(Find<QComboBox>(window(), "cboBatch6")->currentText(), "(Advanced)");
+}
+
+// Lists `count` files and enters step 3, whose preview loop shows the
+// progress window.
+void PreviewOf(fTessaly& form, int count) {
+  DropData drop;
+  for (int i = 0; i < count; ++i) drop.files.push_back("c:\\p\\" + std::to_string(i) + ".jpg");
+  form.AddDroppedFiles(drop);
+  form.lblStep[3].Click();
+  Settle();
+}
+
+TEST_F(QtWizardTest, ProgressStandsCentredOnTheWizardWithoutHoldingIt) {
+  bool looked = false;
+  ui.onPendingEvents = [&] {
+    ProgressWindow* progress = ui.progressWindow();
+    if (looked || progress == nullptr || progress->percentText() != "50%") return;
+    looked = true;
+    EXPECT_TRUE(progress->windowFlags().testFlag(Qt::Tool));  // no task-bar entry
+    EXPECT_FALSE(progress->isModal());
+    const QPoint offset = progress->frameGeometry().center() - window()->frameGeometry().center();
+    EXPECT_LE(offset.manhattanLength(), 4);
+    EXPECT_TRUE(window()->isEnabled());  // its buttons take clicks while the loop runs
+  };
+  PreviewOf(Start(), 4);
+  EXPECT_TRUE(looked);
+}
+
 TEST_F(QtWizardTest, CancelDuringTheLoopEndsTheProgramAtOnce) {
   bool ended = false;
   int runsAfterCancel = 0;
@@ -293,13 +338,8 @@ TEST_F(QtWizardTest, CancelDuringTheLoopEndsTheProgramAtOnce) {
       QTest::mouseClick(Find<QPushButton>(window(), "cmdCancel"), Qt::LeftButton);
     }
   };
-  Start();
-  form->programEnded.Connect([&ended] { ended = true; });
-  DropData drop;
-  for (int i = 0; i < 8; ++i) drop.files.push_back("c:\\p\\" + std::to_string(i) + ".jpg");
-  form->AddDroppedFiles(drop);
-  form->lblStep[3].Click();
-  Settle();
+  Start().programEnded.Connect([&ended] { ended = true; });
+  PreviewOf(*form, 8);
   EXPECT_TRUE(ended);
   EXPECT_EQ(runsAfterCancel, 0);  // no further file was looked at
   EXPECT_FALSE(ui.progressTexts.contains("37.5%"));
