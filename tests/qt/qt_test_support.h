@@ -25,7 +25,6 @@ class WatchingUi : public QtUi {
  public:
   void LetPendingEventsRun() override;
   QStringList progressTexts;  // consecutive repeats left out
-  std::vector<double> barShares;
   QStringList progressTitles;
   // Runs each time a loop lets events run.
   std::function<void()> onPendingEvents;
@@ -50,17 +49,12 @@ void TypeOver(QWidget* box, const QString& text);
 // Drags a text/uri-list of `nativePaths` onto `target` and drops it at
 // `where` (the centre when null). True when the target took the drop.
 bool DropFiles(QWidget* target, const QStringList& nativePaths, const QPoint* where = nullptr);
-// Drags plain text, with no file list, onto `target` and drops it.
-bool DropText(QWidget* target, const QString& text);
 
 // Runs `action` on the next modal window once it is open (a dialog or a
 // message box opened by the step that follows). Fails the test if none opens
 // within seconds, or if the window is still open seconds after `action`, and
 // then closes it so the test goes on.
 void WhenModalOpens(std::function<void(QWidget*)> action);
-
-// Saves a picture of `widget` as build/screenshots/<name>.png.
-void SaveScreenshot(QWidget* widget, const QString& name);
 
 // The wizard in a world of memory backends, on 18 November 2026 at
 // 14:02:09, drawn by the Qt views.
@@ -74,7 +68,6 @@ class QtWizardTest : public ::testing::Test {
   BasicMemoryWorld<WatchingUi> world{files};
   SettingsStore& store = world.store;
   WatchingUi& ui = world.ui;
-  FixedClock& clock = world.clock;
   std::unique_ptr<fTessaly>& form = world.form;
 };
 

@@ -123,21 +123,5 @@ TEST_F(CommandLineTest, ShowAndHideDecideWhetherTheWizardAppears) {
   }
 }
 
-TEST_F(CommandLineTest, StepCountAboveFourRunsTheStepsThereAre) {
-  MakeFiles({"C:\\n\\A.txt"});
-  fTessaly& wizard = Start(R"x(C:\n\A.txt /settings:LowerCase /step:7)x");
-  EXPECT_EQ(wizard.CurrentStep, 4);
-  EXPECT_EQ(wizard.cmdCancel.caption(), "Finished");
-}
-
-TEST_F(CommandLineTest, UnwantedFormattingDialogOpensBeforeTheSteps) {
-  std::vector<std::string> order;
-  ui.OnModal("fUnwantedFormatting", [&](Form&) { order.push_back("dialog"); });
-  fTessaly& wizard = Start("/DefineUnwantedFormatting /step:1");
-  EXPECT_THAT(ui.modalDialogs(), ElementsAre("fUnwantedFormatting"));
-  EXPECT_EQ(wizard.CurrentStep, 1);
-  EXPECT_EQ(order.size(), 1u);
-}
-
 }  // namespace
 }  // namespace tessaly

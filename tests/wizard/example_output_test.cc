@@ -14,25 +14,6 @@ class ExampleOutputTest : public WizardTest {
   }
 };
 
-TEST_F(ExampleOutputTest, FreshWizardShowsTheBuiltInSamples) {
-  fTessaly& wizard = AtStep2();
-  EXPECT_EQ(wizard.txtExample.text(),
-            "myfile_(1).tmd.jpg.jpeg\r\nCopy of MYFILE -    SPACE - 04 - Oddy.jpg\r\n"
-            "MyFile - My file data HeadEr .mp3");
-  EXPECT_FALSE(wizard.pFolderPath.visible());
-  wizard.chkIncludePaths.SetValue(1);
-  EXPECT_THAT(wizard.txtExample.text(), ::testing::StartsWith("c:\\graphics\\common\\myfile_"));
-  EXPECT_TRUE(wizard.pFolderPath.visible());
-}
-
-TEST_F(ExampleOutputTest, EveryRefreshCountsSerialsFromOne) {
-  fTessaly& wizard = AtStep2();
-  wizard.cboBatch[0].SetText("3 Digit Serial Number");
-  EXPECT_EQ(wizard.txtExample.text(), "001.jpeg\r\n002.jpg\r\n003.mp3");
-  wizard.chkCapitalize.SetValue(1);
-  EXPECT_EQ(wizard.txtExample.text(), "001.jpeg\r\n002.jpg\r\n003.mp3");
-}
-
 TEST_F(ExampleOutputTest, TypingNoneEmptiesTheBoxAtTheClosingBracket) {
   fTessaly& wizard = AtStep2();
   std::string typed;
