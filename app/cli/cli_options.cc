@@ -1,5 +1,6 @@
 #include "cli_options.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace tessaly::cli {
@@ -98,6 +99,28 @@ Request ReadArguments(const std::vector<std::string>& words) {
   }
   if (request.commandLine && (!request.words.empty() || request.filesFrom)) {
     return Error("--command-line takes the whole command line: give no files or switches beside it");
+  }
+  return request;
+}
+
+Request ReadWholeCommandLine(std::string_view text) {
+  constexpr std::string_view kBlanks = " \t";
+  std::vector<std::string> options;
+  std::size_t at = text.find_first_not_of(kBlanks);
+  while (at != std::string_view::npos && text[at] == '-') {
+    const std::size_t end = std::min(text.find_first_of(kBlanks, at), text.size());
+    const std::string word(text.substr(at, end - at));
+    if (word == "-") break;  // a name, as ReadArguments takes it
+    at = text.find_first_not_of(kBlanks, end);
+    if (word == "--") break;
+    if (word.starts_with("--files-from") || word == "--command-line") {
+      return Error(word + " is not needed here: the command line goes to the wizard as it is");
+    }
+    options.push_back(word);
+  }
+  Request request = ReadArguments(options);
+  if (request.kind == Request::Kind::kRun) {
+    request.commandLine = std::string(at == std::string_view::npos ? "" : text.substr(at));
   }
   return request;
 }

@@ -2,8 +2,8 @@
 #define TESSALY_TESTS_PLATFORM_REGISTRY_TEST_SUPPORT_H_
 
 #include <cstdint>
-#include <cstdlib>
 #include <filesystem>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -15,8 +15,13 @@ namespace tessaly::testing {
 class ScratchFolder {
  public:
   ScratchFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "tessaly-reg-XXXXXX").string();
-    path_ = mkdtemp(pattern.data()) != nullptr ? pattern : std::string();
+    std::random_device random;
+    for (int tries = 0; tries < 100 && path_.empty(); ++tries) {
+      const auto folder =
+          std::filesystem::temp_directory_path() / ("tessaly-reg-" + std::to_string(random()));
+      std::error_code error;
+      if (std::filesystem::create_directory(folder, error)) path_ = folder.string();
+    }
   }
   ~ScratchFolder() {
     std::error_code ignored;
