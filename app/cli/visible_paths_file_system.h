@@ -5,13 +5,16 @@
 #include <string_view>
 
 #include "platform/file_system.h"
+#include "platform/machine.h"
 #include "text/visible_text.h"
 
 namespace tessaly::cli {
 
 // The machine's file system, with every path a person reads shown so that
 // no name can act on the terminal or pass for layout: control characters
-// escaped, a backslash doubled so an escape in a name is told apart.
+// escaped, a backslash doubled so an escape in a name is told apart. Where
+// names cannot hold a backslash, a path with nothing to escape shows as it
+// is, its separators single.
 class VisiblePathsFileSystem : public FileSystem {
  public:
   explicit VisiblePathsFileSystem(FileSystem& real) : real_(real) {}
@@ -31,7 +34,12 @@ class VisiblePathsFileSystem : public FileSystem {
   }
   std::string SameNameKey(std::string_view path) const override { return real_.SameNameKey(path); }
   std::string Shown(std::string_view path) const override {
-    return text::Visible(real_.Shown(path), text::Layout::kNone);
+    std::string shown = real_.Shown(path);
+    if (!machine::NamesMayHoldBackslash() &&
+        text::Visible(shown, text::Layout::kLineEnds) == shown) {
+      return shown;
+    }
+    return text::Visible(shown, text::Layout::kNone);
   }
   void ForgetAnswers() override { real_.ForgetAnswers(); }
 

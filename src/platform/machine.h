@@ -46,6 +46,10 @@ std::unique_ptr<ShortPaths> MakeShortPaths(FileSystem& fileSystem);
 std::string NativePath(std::string_view modelPath);
 std::string ModelPath(std::string_view nativePath);
 
+// Whether a file name may hold a backslash (POSIX). Where it may not
+// (Windows), every backslash in a path is a separator.
+bool NamesMayHoldBackslash();
+
 // The command line as the one text the system keeps behind the program's
 // name, where it keeps one (Windows): that text is the wizard's command
 // line. Nothing where a shell hands the program separate words (POSIX).

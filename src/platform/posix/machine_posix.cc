@@ -32,6 +32,8 @@ std::string NativePath(std::string_view modelPath) { return ToNativePath(modelPa
 
 std::string ModelPath(std::string_view nativePath) { return ToModelPath(nativePath); }
 
+bool NamesMayHoldBackslash() { return true; }
+
 std::optional<std::string> WholeCommandLine() { return std::nullopt; }
 
 }  // namespace tessaly::machine

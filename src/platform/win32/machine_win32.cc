@@ -28,6 +28,8 @@ std::string NativePath(std::string_view modelPath) { return std::string(modelPat
 
 std::string ModelPath(std::string_view nativePath) { return std::string(nativePath); }
 
+bool NamesMayHoldBackslash() { return false; }
+
 std::optional<std::string> WholeCommandLine() { return CommandLineBehindProgramName(); }
 
 }  // namespace tessaly::machine
