@@ -107,16 +107,26 @@ Request ReadWholeCommandLine(std::string_view text) {
   constexpr std::string_view kBlanks = " \t";
   std::vector<std::string> options;
   std::size_t at = text.find_first_not_of(kBlanks);
-  while (at != std::string_view::npos && text[at] == '-') {
-    const std::size_t end = std::min(text.find_first_of(kBlanks, at), text.size());
-    const std::string word(text.substr(at, end - at));
-    if (word == "-") break;  // a name, as ReadArguments takes it
+  // The next word from `at`; a word that opens with a quote runs to the
+  // closing one, so a list's path may hold blanks.
+  const auto nextWord = [&]() {
+    const bool quoted = text[at] == '"';
+    const std::size_t start = quoted ? at + 1 : at;
+    std::size_t end = std::min(text.find_first_of(quoted ? "\"" : kBlanks, start), text.size());
+    std::string word(text.substr(start, end - start));
+    if (quoted && end < text.size()) ++end;
     at = text.find_first_not_of(kBlanks, end);
+    return word;
+  };
+  while (at != std::string_view::npos && text[at] == '-') {
+    if (text.substr(at).starts_with("- ") || text.substr(at) == "-") break;  // a name
+    const std::string word = nextWord();
     if (word == "--") break;
-    if (word.starts_with("--files-from") || word == "--command-line") {
-      return Error(word + " is not needed here: the command line goes to the wizard as it is");
+    if (word == "--command-line") {
+      return Error("--command-line is not needed here: the command line goes to the wizard as it is");
     }
     options.push_back(word);
+    if (word == "--files-from" && at != std::string_view::npos) options.push_back(nextWord());
   }
   Request request = ReadArguments(options);
   if (request.kind == Request::Kind::kRun) {

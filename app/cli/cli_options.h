@@ -32,9 +32,9 @@ Request ReadArguments(const std::vector<std::string>& words);
 // Reads the options at the front of a command line that arrives as one
 // text (Windows): words up to the first blank, each read as ReadArguments
 // reads it, until the first word that does not begin with "-" or behind
-// "--". The text from there on is the wizard's command line, unchanged;
-// --files-from and --command-line are refused, since the text is that
-// command line already.
+// "--"; the value of --files-from may be quoted. The text from there on is
+// the wizard's command line, unchanged; --command-line is refused, since
+// the text is that command line already.
 Request ReadWholeCommandLine(std::string_view text);
 
 // The names of a --files-from list: one a line, or each ended by a NUL

@@ -46,6 +46,10 @@ std::unique_ptr<ShortPaths> MakeShortPaths(FileSystem& fileSystem);
 std::string NativePath(std::string_view modelPath);
 std::string ModelPath(std::string_view nativePath);
 
+// `name`, a path as the system's own programs write it, made absolute
+// against the current folder, in model form.
+std::string AbsolutePath(std::string_view name);
+
 // Whether a file name may hold a backslash (POSIX). Where it may not
 // (Windows), every backslash in a path is a separator.
 bool NamesMayHoldBackslash();

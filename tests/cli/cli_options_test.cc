@@ -86,7 +86,7 @@ TEST(ReadWholeCommandLine, OptionsComeOffTheFrontAndTheRestStaysAsItIs) {
       {"--version C:\\a.txt", Kind::kVersion, ""},
       {"-h", Kind::kHelp, ""},
       {"-x a.txt", Kind::kError, ""},
-      {"--files-from list", Kind::kError, ""},
+      {"-0 --files-from \"C:\\my list\" /step:4", Kind::kRun, "/step:4"},
       {"--command-line a.txt", Kind::kError, ""},
   };
   for (const Case& c : cases) {
@@ -97,6 +97,8 @@ TEST(ReadWholeCommandLine, OptionsComeOffTheFrontAndTheRestStaysAsItIs) {
     EXPECT_EQ(request.dryRun, c.dryRun) << c.text;
     EXPECT_EQ(request.json, c.json) << c.text;
   }
+  EXPECT_EQ(ReadWholeCommandLine("-0 --files-from \"C:\\my list\" /step:4").filesFrom,
+            "C:\\my list");
 }
 
 TEST(ReadFileNames, KeepsEveryByteButTheSeparator) {

@@ -32,9 +32,12 @@ folder() {
 }
 
 # Runs the program with the command line $1 and no terminal; sets out, err
-# and status. The log's line ends and its clock times are taken off.
+# and status. The log's line ends and its clock times are taken off. The
+# program's name is quoted, as Windows writes it, unless $2 says "bare".
 run() {
-  printf '@%s %s\r\n' "$(windows "$exe")" "$1" >"$work/run.bat"
+  local program="\"$(windows "$exe")\""
+  [ "${2:-}" = bare ] && program=$(windows "$exe")
+  printf '@%s %s\r\n' "$program" "$1" >"$work/run.bat"
   setsid wine cmd /c "$(windows "$work/run.bat")" >"$work/out" 2>"$work/err" </dev/null
   status=$?
   out=$(tr -d '\r' <"$work/out" | sed -E 's/^[0-9]{2}:[0-9]{2}:[0-9]{2} - //')
@@ -59,7 +62,7 @@ check "log sums up" 'logged "3 files where renamed successfully."'
 # A second run without switches takes the options the first one stored:
 # the name in lower case (left alone by the options a new user starts with).
 folder "Delta.TXT=4"
-run "$W\\Delta.TXT /step:4 /exit"
+run "$W\\Delta.TXT /step:4 /exit" bare
 check "options remembered in the registry" '[ "$(names)" = "delta.txt|" ]'
 
 # A change of letter case alone: the disk ignores case, so the new name is

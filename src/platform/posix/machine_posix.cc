@@ -7,6 +7,7 @@
 #include "platform/posix/posix_network_status.h"
 #include "platform/posix/posix_program.h"
 #include "platform/posix/posix_shell.h"
+#include "platform/posix/shell_words.h"
 #include "platform/posix/sqlite_registry.h"
 #include "platform/posix/system_clock.h"
 #include "platform/standard_random.h"
@@ -31,6 +32,8 @@ std::unique_ptr<ShortPaths> MakeShortPaths(FileSystem& fileSystem) {
 std::string NativePath(std::string_view modelPath) { return ToNativePath(modelPath); }
 
 std::string ModelPath(std::string_view nativePath) { return ToModelPath(nativePath); }
+
+std::string AbsolutePath(std::string_view name) { return AbsoluteModelPath(name, CurrentFolder()); }
 
 bool NamesMayHoldBackslash() { return true; }
 

@@ -28,6 +28,8 @@ std::string NativePath(std::string_view modelPath) { return std::string(modelPat
 
 std::string ModelPath(std::string_view nativePath) { return std::string(nativePath); }
 
+std::string AbsolutePath(std::string_view name) { return FullPathOf(name); }
+
 bool NamesMayHoldBackslash() { return false; }
 
 std::optional<std::string> WholeCommandLine() { return CommandLineBehindProgramName(); }

@@ -73,6 +73,17 @@ Win32Program::Win32Program(std::string commandLine) : commandLine_(std::move(com
   }
 }
 
+std::string FullPathOf(std::string_view path) {
+  const std::wstring wide = Widen(path);
+  const DWORD needed = GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr);
+  if (needed == 0) return std::string(path);
+  std::wstring full(needed, L'\0');
+  const DWORD length = GetFullPathNameW(wide.c_str(), needed, full.data(), nullptr);
+  if (length == 0 || length >= needed) return std::string(path);
+  full.resize(length);
+  return Narrow(full);
+}
+
 std::string CommandLineBehindProgramName() {
   return std::string(TextBehindProgramName(Narrow(GetCommandLineW())));
 }

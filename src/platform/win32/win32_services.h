@@ -47,6 +47,10 @@ class Win32Program : public RunningProgram {
   std::string commandLine_;
 };
 
+// GetFullPathNameW: `path` made absolute against the current folder; the
+// path itself if that fails.
+std::string FullPathOf(std::string_view path);
+
 // The text GetCommandLineW holds behind the program's name.
 std::string CommandLineBehindProgramName();
 
