@@ -82,7 +82,7 @@ TEST(ReadWholeCommandLine, OptionsComeOffTheFrontAndTheRestStaysAsItIs) {
       {"  -n\t--json C:\\a.txt /step:4", Kind::kRun, "C:\\a.txt /step:4", true, true},
       {"-- -n.txt /exit", Kind::kRun, "-n.txt /exit"},
       {"- a.txt", Kind::kRun, "- a.txt"},
-      {"--dry-run", Kind::kRun, ""},
+      {"--dry-run", Kind::kRun, "", true},
       {"--version C:\\a.txt", Kind::kVersion, ""},
       {"-h", Kind::kHelp, ""},
       {"-x a.txt", Kind::kError, ""},
