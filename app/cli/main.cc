@@ -92,12 +92,12 @@ int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
   const std::optional<cli::Request> request = cli::ReadRequest(argc, argv);
   if (!request) {
-    std::cerr << cli::UsageText();
+    std::cerr << cli::CommandLineUsage();
     return kBadUsage;
   }
   switch (request->kind) {
     case cli::Request::Kind::kHelp:
-      std::cout << cli::UsageText();
+      std::cout << cli::CommandLineUsage();
       return 0;
     case cli::Request::Kind::kVersion:
       std::cout << cli::VersionText();

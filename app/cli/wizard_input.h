@@ -21,6 +21,9 @@ struct WizardInput {
   bool wouldRename = false;  // for a dry run: the steps were to reach the run
 };
 
+// What --help prints: how the command line is written here.
+std::string CommandLineUsage();
+
 // The program's options and what they leave for the wizard; nothing when
 // the command line is empty.
 std::optional<Request> ReadRequest(int argc, char** argv);

@@ -5,6 +5,7 @@
 #include <iostream>
 
 #include "platform/posix/shell_words.h"
+#include "usage_text.h"
 #include "wizard_input.h"
 
 namespace tessaly::cli {
@@ -26,6 +27,8 @@ bool AddFilesFrom(const Request& request, const std::string& here, WizardInput& 
 }
 
 }  // namespace
+
+std::string CommandLineUsage() { return UsageText(); }
 
 std::optional<Request> ReadRequest(int argc, char** argv) {
   // The bytes as given, not decoded: a name need not be in the locale's

@@ -8,6 +8,7 @@
 #include <iostream>
 
 #include "platform/machine.h"
+#include "usage_text.h"
 #include "wizard_input.h"
 
 namespace tessaly::cli {
@@ -32,6 +33,8 @@ bool AddFilesFrom(const Request& request, WizardInput& input) {
 }
 
 }  // namespace
+
+std::string CommandLineUsage() { return WholeCommandLineUsageText(); }
 
 std::optional<Request> ReadRequest(int, char**) {
   const std::string text = machine::WholeCommandLine().value_or("");
