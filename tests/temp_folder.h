@@ -1,9 +1,8 @@
 #ifndef TESSALY_TESTS_TEMP_FOLDER_H_
 #define TESSALY_TESTS_TEMP_FOLDER_H_
 
-#include <stdlib.h>
-
 #include <filesystem>
+#include <random>
 #include <string>
 
 namespace tessaly::testing {
@@ -13,9 +12,14 @@ namespace tessaly::testing {
 class TempFolder {
  public:
   explicit TempFolder(const std::string& parent = "") {
-    std::string pattern =
-        (parent.empty() ? std::filesystem::temp_directory_path().string() : parent) + "/tessaly-XXXXXX";
-    if (mkdtemp(pattern.data()) != nullptr) path_ = pattern;
+    namespace fs = std::filesystem;
+    const fs::path base = parent.empty() ? fs::temp_directory_path() : fs::path(parent);
+    std::random_device random;  // a name nobody else holds; portable, unlike mkdtemp
+    for (int tries = 0; tries < 100 && path_.empty(); ++tries) {
+      const fs::path folder = base / ("tessaly-" + std::to_string(random()));
+      std::error_code error;
+      if (fs::create_directory(folder, error)) path_ = folder.string();
+    }
   }
   ~TempFolder() {
     std::error_code ignored;

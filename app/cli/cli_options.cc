@@ -1,5 +1,6 @@
 #include "cli_options.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace tessaly::cli {
@@ -98,6 +99,38 @@ Request ReadArguments(const std::vector<std::string>& words) {
   }
   if (request.commandLine && (!request.words.empty() || request.filesFrom)) {
     return Error("--command-line takes the whole command line: give no files or switches beside it");
+  }
+  return request;
+}
+
+Request ReadWholeCommandLine(std::string_view text) {
+  constexpr std::string_view kBlanks = " \t";
+  std::vector<std::string> options;
+  std::size_t at = text.find_first_not_of(kBlanks);
+  // The next word from `at`; a word that opens with a quote runs to the
+  // closing one, so a list's path may hold blanks.
+  const auto nextWord = [&]() {
+    const bool quoted = text[at] == '"';
+    const std::size_t start = quoted ? at + 1 : at;
+    std::size_t end = std::min(text.find_first_of(quoted ? "\"" : kBlanks, start), text.size());
+    std::string word(text.substr(start, end - start));
+    if (quoted && end < text.size()) ++end;
+    at = text.find_first_not_of(kBlanks, end);
+    return word;
+  };
+  while (at != std::string_view::npos && text[at] == '-') {
+    if (text.substr(at).starts_with("- ") || text.substr(at) == "-") break;  // a name
+    const std::string word = nextWord();
+    if (word == "--") break;
+    if (word == "--command-line") {
+      return Error("--command-line is not needed here: the command line goes to the wizard as it is");
+    }
+    options.push_back(word);
+    if (word == "--files-from" && at != std::string_view::npos) options.push_back(nextWord());
+  }
+  Request request = ReadArguments(options);
+  if (request.kind == Request::Kind::kRun) {
+    request.commandLine = std::string(at == std::string_view::npos ? "" : text.substr(at));
   }
   return request;
 }

@@ -4,6 +4,7 @@
 #include <istream>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tessaly::cli {
@@ -27,6 +28,14 @@ struct Request {
 // before "--" is an error, so is "--command-line" beside files or
 // switches. Every other word goes to `words`.
 Request ReadArguments(const std::vector<std::string>& words);
+
+// Reads the options at the front of a command line that arrives as one
+// text (Windows): words up to the first blank, each read as ReadArguments
+// reads it, until the first word that does not begin with "-" or behind
+// "--"; the value of --files-from may be quoted. The text from there on is
+// the wizard's command line, unchanged; --command-line is refused, since
+// the text is that command line already.
+Request ReadWholeCommandLine(std::string_view text);
 
 // The names of a --files-from list: one a line, or each ended by a NUL
 // byte; empty ones are skipped, every other byte is kept.

@@ -3,7 +3,7 @@
 #include <unordered_map>
 
 #include "json_lines.h"
-#include "platform/posix/native_path.h"
+#include "platform/machine.h"
 #include "wizard/change_log.h"
 
 namespace tessaly::cli {
@@ -63,7 +63,7 @@ void PrintPlan(const std::vector<PlannedRename>& plan, const FileSystem& files, 
 void PrintPlanJson(const std::vector<PlannedRename>& plan, std::ostream& out) {
   for (const PlannedRename& rename : plan) {
     const bool same = rename.newPath == rename.oldPath;
-    WriteJsonLine(out, ToNativePath(rename.oldPath), ToNativePath(rename.newPath),
+    WriteJsonLine(out, machine::NativePath(rename.oldPath), machine::NativePath(rename.newPath),
                   same ? OutcomeText(Outcome::kNoChange)
                        : (rename.clash ? "(Would Clash)" : "(Would Rename)"),
                   same ? "no-change" : (rename.clash ? "would-clash" : "would-rename"));

@@ -8,8 +8,18 @@
 
 namespace tessaly::cli {
 
+// The standard streams' descriptors, alike on every platform.
+inline constexpr int kStandardInput = 0;
+inline constexpr int kStandardOutput = 1;
+inline constexpr int kStandardError = 2;
+
 // True when `fd` is a terminal.
 bool IsTerminal(int fd);
+
+// Readies the terminal behind `fd` for the colour escapes and the UTF-8
+// the printers write (a Windows console needs both switched on); false
+// where it cannot show colour escapes.
+bool PrepareForColour(int fd);
 
 // The person at the terminal, if there is one, who answers questions.
 class Person {
@@ -23,8 +33,9 @@ class Person {
 };
 
 // Asks on standard input when it is a terminal (the prompt goes to standard
-// error), else on the controlling terminal (/dev/tty), so a question still
-// reaches the person when input and output are piped. Without either, no
+// error), else on the controlling terminal (/dev/tty, or the console on
+// Windows), so a question still reaches the person when input and output
+// are piped. Without either, no
 // one is reachable. The terminal is opened at the first question.
 class TerminalPerson : public Person {
  public:

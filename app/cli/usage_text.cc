@@ -52,6 +52,37 @@ std::string UsageText() {
          "bad usage, and then nothing is done.\n";
 }
 
+std::string WholeCommandLineUsageText() {
+  return "usage: tessaly-cli.exe [OPTION]... [FILE;FILE...] [SWITCH]...\n"
+         "\n"
+         "Renames files without a window. Everything behind the options goes to\n"
+         "the wizard as it is, as its command line: the files joined by \";\"\n"
+         "(blanks need no quotes; double quotes are dropped), then the switches:\n"
+         "  /settings:NAME       tick an option (LowerCase, Capitalize, ...)\n"
+         "  /placementN:VALUE    placement N (1 to 6), e.g. /placement2:\"(none)\"\n"
+         "  /step:N              run the wizard's steps 1 to N (3 previews, 4 renames)\n"
+         "  /DefineUnwantedFormatting, /show, /hide, /exit\n"
+         "\n"
+         "Options, before the command line:\n"
+         "  -n, --dry-run        show what would be renamed; rename nothing, store\n"
+         "                       no setting\n"
+         "      --json           write the change log as JSON Lines\n"
+         "      --files-from F   take files from F, one a line (\"-\": standard\n"
+         "                       input), for more than a command line holds; the\n"
+         "                       command line then holds the switches only\n"
+         "  -0, --null           names in --files-from end with a NUL byte\n"
+         "  --                   the command line starts behind it\n"
+         "  -h, --help           this text\n"
+         "      --version        the program's name and version\n"
+         "\n"
+         "The change log is printed when the work is done, coloured on a console\n"
+         "unless NO_COLOR is set. An overwrite question is asked on the console;\n"
+         "with none it is answered No. Settings live in the registry.\n"
+         "\n"
+         "Exit status: 0 when every file ended well (or nothing was renamed), 1\n"
+         "when any file failed or ended with an error, 2 for bad usage.\n";
+}
+
 std::string VersionText() {
   return "tessaly-cli (" + std::string(kProgramTitle) + ") " +
          std::to_string(kProgramVersion.major) + "." + std::to_string(kProgramVersion.minor) +

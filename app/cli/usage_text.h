@@ -5,8 +5,11 @@
 
 namespace tessaly::cli {
 
-// What --help prints.
+// What --help prints where a shell hands the program words (POSIX).
 std::string UsageText();
+
+// What --help prints where the command line is one text (Windows).
+std::string WholeCommandLineUsageText();
 
 // What --version prints: the program's name and version.
 std::string VersionText();

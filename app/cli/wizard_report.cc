@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "json_lines.h"
-#include "platform/posix/native_path.h"
+#include "platform/machine.h"
 #include "wizard/wizard_texts.h"
 
 namespace tessaly::cli {
@@ -47,7 +47,7 @@ void ReportWizardJson(const fTessaly& form, std::ostream& out, std::ostream& mes
   ReportListFull(form, messages);
   if (form.outcomes().empty()) ReportNoRun(form, messages);
   for (const fTessaly::FileOutcome& file : form.outcomes()) {
-    WriteJsonLine(out, ToNativePath(file.oldPath), ToNativePath(file.newPath),
+    WriteJsonLine(out, machine::NativePath(file.oldPath), machine::NativePath(file.newPath),
                   OutcomeText(file.outcome), OutcomeCode(file.outcome));
   }
   out << std::flush;

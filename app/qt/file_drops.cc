@@ -9,7 +9,7 @@
 #include <QUrl>
 #include <QWidget>
 
-#include "platform/posix/native_path.h"
+#include "platform/machine.h"
 
 namespace tessaly::qt {
 
@@ -20,7 +20,7 @@ DropData ReadDrop(const QMimeData& mime) {
     QString native = url.toLocalFile();
     // A folder may come with a closing slash; the list holds it without.
     while (native.size() > 1 && native.endsWith(QLatin1Char('/'))) native.chop(1);
-    data.files.push_back(ToModelPath(native.toStdString()));
+    data.files.push_back(machine::ModelPath(native.toStdString()));
   }
   data.hasFiles = !data.files.empty();
   return data;

@@ -1,22 +1,16 @@
-// tessaly: the wizard in a window. Builds the POSIX services, sorts the
+// tessaly: the wizard in a window. Takes the machine's services, sorts the
 // words the shell split into files and switches, and hands them to the
 // wizard apart; then runs the event loop until the wizard ends the program.
+// (Qt is built on POSIX only for now: on Windows the command line would be
+// machine::WholeCommandLine(), handed over raw as the console program does.)
 #include <QApplication>
 #include <iostream>
 #include <string>
 #include <vector>
 
 #include "desktop_identity.h"
-#include "platform/posix/existing_short_paths.h"
-#include "platform/posix/posix_file_system.h"
-#include "platform/posix/posix_locale.h"
-#include "platform/posix/posix_network_status.h"
-#include "platform/posix/posix_program.h"
-#include "platform/posix/posix_shell.h"
+#include "platform/machine.h"
 #include "platform/posix/shell_words.h"
-#include "platform/posix/sqlite_registry.h"
-#include "platform/posix/standard_random.h"
-#include "platform/posix/system_clock.h"
 #include "person_acts.h"
 #include "qt_ui.h"
 #include "settings/settings_store.h"
@@ -46,21 +40,17 @@ int main(int argc, char** argv) {
     return 2;
   }
 
-  PosixFileSystem fileSystem;
+  machine::Services machine = machine::MakeServices();
+  FileSystem& fileSystem = *machine.fileSystem;
   app.installEventFilter(new qt::ForgetAnswersWhenAPersonActs(fileSystem, &app));
-  SqliteRegistry registry;
-  SettingsStore store(registry);
+  SettingsStore store(*machine.registry);
   qt::QtUi ui;
-  SystemClock clock;
-  PosixLocale locale;
-  StandardRandom random;
-  PosixProgram program(sorted.switches);
-  PosixShell shell;
-  PosixNetworkStatus network;
-  ExistingShortPaths shortPaths(fileSystem);
+  const std::unique_ptr<RunningProgram> program = machine::MakeProgram(sorted.switches);
+  const std::unique_ptr<ShortPaths> shortPaths = machine::MakeShortPaths(fileSystem);
 
-  fTessaly form(WizardServices{fileSystem, store, ui, clock, locale, random, program, shell,
-                               network, shortPaths});
+  fTessaly form(WizardServices{fileSystem, store, ui, *machine.clock, *machine.locale,
+                               *machine.random, *program, *machine.shell, *machine.network,
+                               *shortPaths});
   // Cancel, the close box or "/exit" end the program at once, also in the
   // middle of a loop: the loop stops at its next file, and the event loop
   // it runs under returns.

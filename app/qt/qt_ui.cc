@@ -9,7 +9,7 @@
 #include "bindings.h"
 #include "list_dialogs.h"
 #include "platform/open_file_answer.h"
-#include "platform/posix/native_path.h"
+#include "platform/machine.h"
 #include "progress_window.h"
 #include "text/visible_text.h"
 #include "wizard/progress_form.h"
@@ -103,15 +103,15 @@ void QtUi::Show(Form& form) {
 }
 
 std::string QtUi::BrowseForFolder(std::string_view title, std::string_view startFolder) {
-  QFileDialog dialog(Owner(), ToQt(title), QString::fromStdString(ToNativePath(startFolder)));
+  QFileDialog dialog(Owner(), ToQt(title), QString::fromStdString(machine::NativePath(startFolder)));
   dialog.setFileMode(QFileDialog::Directory);
   dialog.setOption(QFileDialog::ShowDirsOnly);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return "";
-  return ToModelPath(dialog.selectedFiles().constFirst().toStdString());
+  return machine::ModelPath(dialog.selectedFiles().constFirst().toStdString());
 }
 
 OpenFileAnswer QtUi::ShowOpenFileDialog(const OpenFileRequest& request) {
-  QFileDialog dialog(Owner(), QString(), QString::fromStdString(ToNativePath(request.initialDirectory)));
+  QFileDialog dialog(Owner(), QString(), QString::fromStdString(machine::NativePath(request.initialDirectory)));
   dialog.setFileMode(QFileDialog::ExistingFiles);
   dialog.setNameFilters(NameFilters(request.filter));
   if (dialog.exec() != QDialog::Accepted) return {};
@@ -121,12 +121,12 @@ OpenFileAnswer QtUi::ShowOpenFileDialog(const OpenFileRequest& request) {
 OpenFileAnswer ShapeOpenFileAnswer(const QStringList& nativePaths) {
   if (nativePaths.isEmpty()) return {};
   if (nativePaths.size() == 1) {
-    return SingleFileAnswer(ToModelPath(nativePaths.constFirst().toStdString()));
+    return SingleFileAnswer(machine::ModelPath(nativePaths.constFirst().toStdString()));
   }
   const QString folder = QFileInfo(nativePaths.constFirst()).absolutePath();
   std::vector<std::string> names;
   for (const QString& path : nativePaths) names.push_back(QFileInfo(path).fileName().toStdString());
-  return MultipleFilesAnswer(ToModelPath(folder.toStdString()), names);
+  return MultipleFilesAnswer(machine::ModelPath(folder.toStdString()), names);
 }
 
 void QtUi::LetPendingEventsRun() { QCoreApplication::processEvents(); }

@@ -69,6 +69,40 @@ TEST(ReadArguments, AnErrorNamesTheWordAndTheWayOut) {
             "--)");
 }
 
+// On Windows the command line is one text: the options come off its front
+// and the rest reaches the wizard byte for byte.
+TEST(ReadWholeCommandLine, OptionsComeOffTheFrontAndTheRestStaysAsItIs) {
+  struct Case {
+    const char* text;
+    Kind kind;
+    const char* left;
+    bool dryRun = false;
+    bool json = false;
+  };
+  const Case cases[] = {
+      {R"q(C:\a b.txt;"C:\c.txt"  /step:4 -n)q", Kind::kRun, R"q(C:\a b.txt;"C:\c.txt"  /step:4 -n)q"},
+      {"  -n\t--json C:\\a.txt /step:4", Kind::kRun, "C:\\a.txt /step:4", true, true},
+      {"-- -n.txt /exit", Kind::kRun, "-n.txt /exit"},
+      {"- a.txt", Kind::kRun, "- a.txt"},
+      {"--dry-run", Kind::kRun, "", true},
+      {"--version C:\\a.txt", Kind::kVersion, ""},
+      {"-h", Kind::kHelp, ""},
+      {"-x a.txt", Kind::kError, ""},
+      {"-0 --files-from \"C:\\my list\" /step:4", Kind::kRun, "/step:4"},
+      {"--command-line a.txt", Kind::kError, ""},
+  };
+  for (const Case& c : cases) {
+    const Request request = ReadWholeCommandLine(c.text);
+    EXPECT_EQ(request.kind, c.kind) << c.text;
+    if (c.kind != Kind::kRun) continue;
+    EXPECT_EQ(request.commandLine, c.left) << c.text;
+    EXPECT_EQ(request.dryRun, c.dryRun) << c.text;
+    EXPECT_EQ(request.json, c.json) << c.text;
+  }
+  EXPECT_EQ(ReadWholeCommandLine("-0 --files-from \"C:\\my list\" /step:4").filesFrom,
+            "C:\\my list");
+}
+
 TEST(ReadFileNames, KeepsEveryByteButTheSeparator) {
   std::istringstream lines("a;b.txt\n\nsay \"hi\"\\n.txt\n");
   EXPECT_EQ(ReadFileNames(lines, false), (Words{"a;b.txt", "say \"hi\"\\n.txt"}));

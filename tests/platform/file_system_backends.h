@@ -49,9 +49,13 @@ struct BackendKind {
 inline void PrintTo(const BackendKind& kind, std::ostream* out) { *out << kind.name; }
 
 std::unique_ptr<FileSystemBackend> MakeMemoryBackend(bool ignoreCase);
+#ifdef _WIN32
+std::unique_ptr<FileSystemBackend> MakeWin32Backend();
+#else
 std::unique_ptr<FileSystemBackend> MakePosixBackend();
 // Null where no case-folding file system can be made on this machine.
 std::unique_ptr<FileSystemBackend> MakeCaseFoldingPosixBackend();
+#endif
 
 }  // namespace tessaly::testing
 

@@ -18,7 +18,7 @@
 #include "platform/posix/posix_locale.h"
 #include "platform/posix/posix_network_status.h"
 #include "platform/posix/posix_program.h"
-#include "platform/posix/standard_random.h"
+#include "platform/standard_random.h"
 #include "registry_test_support.h"
 
 namespace tessaly {

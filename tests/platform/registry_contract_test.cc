@@ -5,8 +5,12 @@
 #include <memory>
 
 #include "platform/memory/memory_registry.h"
-#include "platform/posix/sqlite_registry.h"
 #include "registry_test_support.h"
+#ifdef _WIN32
+#include "platform/win32/win32_registry.h"
+#else
+#include "platform/posix/sqlite_registry.h"
+#endif
 
 namespace tessaly {
 namespace {
@@ -164,13 +168,54 @@ TEST_P(RegistryContract, HandlesCarryTheirAccess) {
 std::unique_ptr<Registry> MakeMemory(const std::string&) {
   return std::make_unique<MemoryRegistry>();
 }
+#ifdef _WIN32
+// The real registry, each hive's part under a key of the test's own, named
+// after its scratch folder and removed with everything in it at the end.
+class ScratchWin32Registry : public Win32Registry {
+ public:
+  explicit ScratchWin32Registry(const std::wstring& name)
+      : ScratchWin32Registry(name, Scratch(HKEY_CURRENT_USER, name),
+                             Scratch(HKEY_LOCAL_MACHINE, name)) {}
+  ~ScratchWin32Registry() override {
+    for (HKEY hive : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE}) {
+      RegDeleteTreeW(hive, (kParent + name_).c_str());
+    }
+    RegCloseKey(user_);
+    RegCloseKey(machine_);
+  }
+
+ private:
+  static inline const std::wstring kParent = L"Software\\Tessaly tests\\";
+  ScratchWin32Registry(const std::wstring& name, HKEY user, HKEY machine)
+      : Win32Registry(user, machine), name_(name), user_(user), machine_(machine) {}
+  static HKEY Scratch(HKEY hive, const std::wstring& name) {
+    HKEY key = nullptr;
+    RegCreateKeyExW(hive, (kParent + name).c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key,
+                    nullptr);
+    return key;
+  }
+
+  std::wstring name_;
+  HKEY user_;
+  HKEY machine_;
+};
+
+std::unique_ptr<Registry> MakeWin32(const std::string& folder) {
+  const std::string name = std::filesystem::path(folder).filename().string();
+  return std::make_unique<ScratchWin32Registry>(std::wstring(name.begin(), name.end()));
+}
+
+const Backend kPlatformBackend{"Win32", MakeWin32};
+#else
 std::unique_ptr<Registry> MakeSqlite(const std::string& folder) {
   return std::make_unique<SqliteRegistry>(RegistryLocationIn(folder));
 }
 
+const Backend kPlatformBackend{"Sqlite", MakeSqlite};
+#endif
+
 INSTANTIATE_TEST_SUITE_P(Backends, RegistryContract,
-                         ::testing::Values(Backend{"Memory", MakeMemory},
-                                           Backend{"Sqlite", MakeSqlite}),
+                         ::testing::Values(Backend{"Memory", MakeMemory}, kPlatformBackend),
                          [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace

@@ -1,5 +1,5 @@
-#ifndef TESSALY_PLATFORM_POSIX_STANDARD_RANDOM_H_
-#define TESSALY_PLATFORM_POSIX_STANDARD_RANDOM_H_
+#ifndef TESSALY_PLATFORM_STANDARD_RANDOM_H_
+#define TESSALY_PLATFORM_STANDARD_RANDOM_H_
 
 #include <cstdint>
 #include <random>
@@ -26,4 +26,4 @@ class StandardRandom : public RandomGenerator {
 
 }  // namespace tessaly
 
-#endif  // TESSALY_PLATFORM_POSIX_STANDARD_RANDOM_H_
+#endif  // TESSALY_PLATFORM_STANDARD_RANDOM_H_

@@ -1,0 +1,64 @@
+#ifndef TESSALY_PLATFORM_MACHINE_H_
+#define TESSALY_PLATFORM_MACHINE_H_
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/clock.h"
+#include "platform/file_system.h"
+#include "platform/locale.h"
+#include "platform/network_status.h"
+#include "platform/program_info.h"
+#include "platform/random.h"
+#include "platform/registry.h"
+#include "platform/shell.h"
+#include "platform/short_path.h"
+
+// The real backends of the machine the program is built for. Front-ends
+// make them here and nowhere else; CMake compiles the one machine_*.cc of
+// the platform (posix/ or win32/).
+namespace tessaly::machine {
+
+// What the wizard needs of the machine besides the person's Ui, the
+// program facts and the short paths, which depend on what the front-end
+// makes of these.
+struct Services {
+  std::unique_ptr<FileSystem> fileSystem;
+  std::unique_ptr<Registry> registry;
+  std::unique_ptr<Clock> clock;
+  std::unique_ptr<Locale> locale;
+  std::unique_ptr<RandomGenerator> random;
+  std::unique_ptr<Shell> shell;
+  std::unique_ptr<NetworkStatus> network;
+};
+Services MakeServices();
+
+// The running program, with the command line the wizard is given.
+std::unique_ptr<RunningProgram> MakeProgram(std::string commandLine);
+
+// Short paths of `fileSystem`, which must outlive them.
+std::unique_ptr<ShortPaths> MakeShortPaths(FileSystem& fileSystem);
+
+// A model path as the system's own programs write it, and back: the model
+// form itself on Windows.
+std::string NativePath(std::string_view modelPath);
+std::string ModelPath(std::string_view nativePath);
+
+// `name`, a path as the system's own programs write it, made absolute
+// against the current folder, in model form.
+std::string AbsolutePath(std::string_view name);
+
+// Whether a file name may hold a backslash (POSIX). Where it may not
+// (Windows), every backslash in a path is a separator.
+bool NamesMayHoldBackslash();
+
+// The command line as the one text the system keeps behind the program's
+// name, where it keeps one (Windows): that text is the wizard's command
+// line. Nothing where a shell hands the program separate words (POSIX).
+std::optional<std::string> WholeCommandLine();
+
+}  // namespace tessaly::machine
+
+#endif  // TESSALY_PLATFORM_MACHINE_H_
