@@ -93,6 +93,16 @@ DateNames UserDateNames() {
   return names;
 }
 
+SettledLocale UserSettings() {
+  const locale_t user = newlocale(LC_ALL_MASK, "", static_cast<locale_t>(nullptr));
+  const locale_t locale = user != nullptr ? user : newlocale(LC_ALL_MASK, "C", nullptr);
+  SettledLocale settings(SeparatorOfFormat(Langinfo(D_FMT, locale, "%m/%d/%y"), "/"),
+                         SeparatorOfFormat(Langinfo(T_FMT, locale, "%H:%M:%S"), ":"),
+                         Langinfo(RADIXCHAR, locale, "."), UserDateNames());
+  if (locale != nullptr) freelocale(locale);
+  return settings;
+}
+
 }  // namespace
 
 std::string SeparatorOfFormat(std::string_view format, std::string_view fallback) {
@@ -108,14 +118,6 @@ std::string SeparatorOfFormat(std::string_view format, std::string_view fallback
   return std::string(format.substr(behind, next - behind));
 }
 
-PosixLocale::PosixLocale() {
-  const locale_t user = newlocale(LC_ALL_MASK, "", static_cast<locale_t>(nullptr));
-  const locale_t locale = user != nullptr ? user : newlocale(LC_ALL_MASK, "C", nullptr);
-  date_ = SeparatorOfFormat(Langinfo(D_FMT, locale, "%m/%d/%y"), "/");
-  time_ = SeparatorOfFormat(Langinfo(T_FMT, locale, "%H:%M:%S"), ":");
-  decimal_ = Langinfo(RADIXCHAR, locale, ".");
-  names_ = UserDateNames();
-  if (locale != nullptr) freelocale(locale);
-}
+PosixLocale::PosixLocale() : SettledLocale(UserSettings()) {}
 
 }  // namespace tessaly

@@ -11,20 +11,9 @@ namespace tessaly {
 // The separators and date names of the user's locale (LC_ALL, LC_TIME,
 // LC_NUMERIC and LANG, as the C library reads them), taken once at
 // construction. The process's own locale is neither read nor changed.
-class PosixLocale : public Locale {
+class PosixLocale : public SettledLocale {
  public:
   PosixLocale();
-
-  std::string DateSeparator() const override { return date_; }
-  std::string TimeSeparator() const override { return time_; }
-  std::string DecimalSeparator() const override { return decimal_; }
-  const DateNames& MonthAndWeekdayNames() const override { return names_; }
-
- private:
-  std::string date_;
-  std::string time_;
-  std::string decimal_;
-  DateNames names_;
 };
 
 // The text between the first two fields of a strftime format, such as "/"

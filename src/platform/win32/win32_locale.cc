@@ -46,9 +46,7 @@ DateNames UserDateNames() {
 }  // namespace
 
 Win32Locale::Win32Locale()
-    : date_(LocaleText(LOCALE_SDATE).value_or("/")),
-      time_(LocaleText(LOCALE_STIME).value_or(":")),
-      decimal_(LocaleText(LOCALE_SDECIMAL).value_or(".")),
-      names_(UserDateNames()) {}
+    : SettledLocale(LocaleText(LOCALE_SDATE).value_or("/"), LocaleText(LOCALE_STIME).value_or(":"),
+                    LocaleText(LOCALE_SDECIMAL).value_or("."), UserDateNames()) {}
 
 }  // namespace tessaly

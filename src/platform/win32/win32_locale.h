@@ -9,20 +9,9 @@ namespace tessaly {
 
 // The separators and date names of the user's regional settings, taken
 // once at construction.
-class Win32Locale : public Locale {
+class Win32Locale : public SettledLocale {
  public:
   Win32Locale();
-
-  std::string DateSeparator() const override { return date_; }
-  std::string TimeSeparator() const override { return time_; }
-  std::string DecimalSeparator() const override { return decimal_; }
-  const DateNames& MonthAndWeekdayNames() const override { return names_; }
-
- private:
-  std::string date_;
-  std::string time_;
-  std::string decimal_;
-  DateNames names_;
 };
 
 }  // namespace tessaly
