@@ -4,7 +4,6 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,12 +12,6 @@
 #include "temp_folder.h"
 
 namespace tessaly::testing {
-
-// Reads a whole native file; nothing if it cannot be opened.
-std::optional<std::string> ReadNative(const std::string& path);
-void WriteNative(const std::string& path, std::string_view contents);
-// The names a native folder holds, sorted.
-std::vector<std::string> NamesIn(const std::string& folder);
 
 // A file system under test, with the means to set a scene on it behind its
 // back. Paths are model paths under Root().
@@ -42,19 +35,15 @@ class FileSystemBackend {
   virtual void BeforeNextRename(std::function<void()> hook) = 0;
 };
 
-struct BackendKind {
-  const char* name;
-  std::function<std::unique_ptr<FileSystemBackend>()> make;
-};
-inline void PrintTo(const BackendKind& kind, std::ostream* out) { *out << kind.name; }
-
-std::unique_ptr<FileSystemBackend> MakeMemoryBackend(bool ignoreCase);
 #ifdef _WIN32
 std::unique_ptr<FileSystemBackend> MakeWin32Backend();
 #else
 std::unique_ptr<FileSystemBackend> MakePosixBackend();
-// Null where no case-folding file system can be made on this machine.
-std::unique_ptr<FileSystemBackend> MakeCaseFoldingPosixBackend();
+// Reads a whole native file; nothing if it cannot be opened.
+std::optional<std::string> ReadNative(const std::string& path);
+void WriteNative(const std::string& path, std::string_view contents);
+// The names a native folder holds, sorted.
+std::vector<std::string> NamesIn(const std::string& folder);
 #endif
 
 }  // namespace tessaly::testing

@@ -1,28 +1,38 @@
 // The small platform services: locale separators and names, the program's location,
-// the random generator, short paths, the network state and the scripted dialogs.
+// the random generator, short paths, the dialogs' answers, the network state and the shell.
 #include <arpa/inet.h>
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <net/if.h>
 #include <netinet/in.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <chrono>
 #include <clocale>
 #include <cstdlib>
-#include <deque>
 #include <filesystem>
+#include <fstream>
+#include <optional>
+#include <thread>
 
 #include "platform/memory/memory_file_system.h"
 #include "platform/open_file_answer.h"
 #include "platform/posix/existing_short_paths.h"
+#include "platform/posix/native_path.h"
 #include "platform/posix/posix_locale.h"
 #include "platform/posix/posix_network_status.h"
 #include "platform/posix/posix_program.h"
+#include "platform/posix/posix_shell.h"
 #include "platform/standard_random.h"
-#include "registry_test_support.h"
+#include "temp_folder.h"
 
 namespace tessaly {
 namespace {
+
+namespace fs = std::filesystem;
 
 TEST(PosixLocaleTest, SeparatorIsTheTextBetweenTheFirstTwoFields) {
   const std::pair<const char*, const char*> cases[] = {
@@ -59,21 +69,18 @@ TEST(PosixLocaleTest, DateNamesAreThoseOfTheTimeLocaleInUtf8) {
   const PosixLocale locale;
   for (const char* name : {"LOCPATH", "LANG", "LC_TIME"}) unsetenv(name);
   const DateNames& names = locale.MonthAndWeekdayNames();
-  EXPECT_EQ(names.months[2], "März");
-  EXPECT_EQ(names.monthsShort[2], "Mär");
-  EXPECT_EQ(names.weekdays[0], "Sonntag");
-  EXPECT_EQ(names.weekdaysShort[0], "So");
+  EXPECT_EQ(names.months[2] + names.monthsShort[2], "MärzMär");
+  EXPECT_EQ(names.weekdays[0] + names.weekdaysShort[0], "SonntagSo");
   // Read without touching the process's own locale.
   EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), "C");
 }
 
 TEST(PosixProgramTest, LocationIsTheModelFolderAndTheNameWithoutExtension) {
-  const ProgramLocation plain = LocationOfProgram("/usr/bin/tessaly");
-  EXPECT_EQ(plain.folder, "\\usr\\bin");
-  EXPECT_EQ(plain.fileName, "tessaly");
-  const ProgramLocation atRoot = LocationOfProgram("/tessaly.bin");
-  EXPECT_EQ(atRoot.folder, "\\");
-  EXPECT_EQ(atRoot.fileName, "tessaly");
+  for (const auto& [path, folder, name] : {std::tuple{"/usr/bin/tessaly", "\\usr\\bin", "tessaly"},
+                                           std::tuple{"/tessaly.bin", "\\", "tessaly"}}) {
+    const ProgramLocation location = LocationOfProgram(path);
+    EXPECT_EQ(location.folder + "|" + location.fileName, std::string(folder) + "|" + name);
+  }
 }
 
 TEST(StandardRandomTest, ASeedRepeatsItsSequenceOfFractionsBelowOne) {
@@ -87,11 +94,11 @@ TEST(StandardRandomTest, ASeedRepeatsItsSequenceOfFractionsBelowOne) {
 }
 
 TEST(ExistingShortPathsTest, AnExistingPathIsItsOwnShortForm) {
+  const std::string program = "C:\\Program Files\\Tessaly\\Tessaly.exe";
   MemoryFileSystem fs;
-  fs.AddFile("C:\\Program Files\\Tessaly\\Tessaly.exe");
+  fs.AddFile(program);
   ExistingShortPaths shortPaths(fs);
-  EXPECT_EQ(shortPaths.ShortPathOf("C:\\Program Files\\Tessaly\\Tessaly.exe"),
-            "C:\\Program Files\\Tessaly\\Tessaly.exe");
+  EXPECT_EQ(shortPaths.ShortPathOf(program), program);
   EXPECT_EQ(shortPaths.ShortPathOf("C:\\Program Files\\Tessaly\\Gone.exe"), "");
   EXPECT_EQ(shortPaths.ShortPathOf(""), "");
 }
@@ -106,45 +113,29 @@ TEST(OpenFileAnswerTest, OffsetsAndTheBufferAreShapedLikeTheDesktopDialogs) {
   EXPECT_EQ(many.buffer[18], ' ');  // behind the closing pair of zeros
 }
 
-constexpr unsigned kUpRunning = IFF_UP | IFF_RUNNING;
-
-// Builds interface lists the way getifaddrs links them.
-class InterfaceList {
- public:
-  InterfaceList& Add(const char* name, unsigned flags, const char* address) {
-    ifaddrs& entry = entries_.emplace_back();
-    entry.ifa_name = const_cast<char*>(name);
+// One interface as getifaddrs lists it. `address` is IPv4 or IPv6, null
+// for none, or anything else for a link-layer entry.
+struct Interface {
+  Interface(unsigned flags, const char* address, const Interface* next = nullptr) {
+    entry.ifa_name = const_cast<char*>("if0");
     entry.ifa_flags = flags;
-    sockaddr_storage& storage = addresses_.emplace_back();
-    if (address == nullptr) {
-      entry.ifa_addr = nullptr;
-    } else if (inet_pton(AF_INET, address, &reinterpret_cast<sockaddr_in&>(storage).sin_addr)) {
+    entry.ifa_next = next == nullptr ? nullptr : const_cast<ifaddrs*>(&next->entry);
+    if (address == nullptr) return;
+    entry.ifa_addr = reinterpret_cast<sockaddr*>(&storage);
+    if (inet_pton(AF_INET, address, &reinterpret_cast<sockaddr_in&>(storage).sin_addr) == 1) {
       storage.ss_family = AF_INET;
-      entry.ifa_addr = reinterpret_cast<sockaddr*>(&storage);
     } else if (inet_pton(AF_INET6, address, &reinterpret_cast<sockaddr_in6&>(storage).sin6_addr)) {
       storage.ss_family = AF_INET6;
-      entry.ifa_addr = reinterpret_cast<sockaddr*>(&storage);
-    } else {
-      storage.ss_family = AF_UNSPEC;  // a link-layer entry
-      entry.ifa_addr = reinterpret_cast<sockaddr*>(&storage);
     }
-    if (entries_.size() > 1) entries_[entries_.size() - 2].ifa_next = &entry;
-    return *this;
   }
-  const ifaddrs* head() const { return entries_.empty() ? nullptr : &entries_.front(); }
-
- private:
-  std::deque<ifaddrs> entries_;  // a deque keeps the links valid
-  std::deque<sockaddr_storage> addresses_;
+  Interface(const Interface&) = delete;  // the entry points into the storage
+  sockaddr_storage storage{};            // AF_UNSPEC: a link-layer entry
+  ifaddrs entry{};
 };
 
 TEST(PosixNetworkStatusTest, OnlyAnUpNonLoopbackInterfaceWithARealAddressIsLan) {
-  const struct {
-    const char* what;
-    unsigned flags;
-    const char* address;
-    bool lan;
-  } cases[] = {
+  constexpr unsigned kUpRunning = IFF_UP | IFF_RUNNING;
+  const std::tuple<const char*, unsigned, const char*, bool> cases[] = {
       {"ethernet with IPv4", kUpRunning, "192.168.1.5", true},
       {"loopback", kUpRunning | IFF_LOOPBACK, "127.0.0.1", false},
       {"down", IFF_RUNNING, "192.168.1.5", false},
@@ -154,17 +145,123 @@ TEST(PosixNetworkStatusTest, OnlyAnUpNonLoopbackInterfaceWithARealAddressIsLan) 
       {"link layer entry", kUpRunning, "link", false},
       {"link-local IPv6 only", kUpRunning, "fe80::2", false},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.what);
-    InterfaceList list;
-    list.Add("if0", c.flags, c.address);
-    EXPECT_EQ(ConnectionFlagsOf(list.head()),
-              c.lan ? std::optional<std::uint32_t>(connection::kLan) : std::nullopt);
+  for (const auto& [what, flags, address, lan] : cases) {
+    const Interface one(flags, address);
+    EXPECT_EQ(ConnectionFlagsOf(&one.entry),
+              lan ? std::optional<std::uint32_t>(connection::kLan) : std::nullopt)
+        << what;
   }
   // Any interface of the list counts.
-  InterfaceList list;
-  list.Add("lo", kUpRunning | IFF_LOOPBACK, "127.0.0.1").Add("eth0", kUpRunning, "10.0.0.3");
-  EXPECT_EQ(ConnectionFlagsOf(list.head()), connection::kLan);
+  const Interface ethernet(kUpRunning, "10.0.0.3");
+  const Interface loopback(kUpRunning | IFF_LOOPBACK, "127.0.0.1", &ethernet);
+  EXPECT_EQ(ConnectionFlagsOf(&loopback.entry), connection::kLan);
+}
+
+// The shell's answers, as the desktop platform numbers them.
+constexpr std::int32_t kFileNotFound = 2, kPathNotFound = 3, kAccessDenied = 5,
+                       kBadProgramFile = 11, kNoAssociation = 31;
+
+class PosixShellTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    // The recorder writes how many arguments it got, the first one and its
+    // working folder, and makes the answer appear at once.
+    WriteFile(recorder_,
+              "#!/bin/sh\n"
+              "printf '%s\\n%s\\n%s' \"$#\" \"$1\" \"$(pwd)\" > '" + Answer() + ".part'\n"
+              "mv '" + Answer() + ".part' '" + Answer() + "'\n",
+              0755);
+  }
+
+  std::string Answer() const { return root_ + "/answer"; }
+
+  static void WriteFile(const std::string& path, const std::string& contents, mode_t mode) {
+    std::ofstream(path) << contents;
+    chmod(path.c_str(), mode);
+  }
+
+  // What the recorder wrote, once it has; nothing after five seconds.
+  std::optional<std::string> AwaitAnswer() const {
+    for (int i = 0; i < 500; ++i) {
+      std::ifstream in(Answer());
+      if (in) return std::string(std::istreambuf_iterator<char>(in), {});
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return std::nullopt;
+  }
+
+  static std::int32_t Open(PosixShell& shell, const std::string& nativeFile,
+                           const std::string& parameters, const std::string& nativeDirectory,
+                           const std::string& verb = "open") {
+    return shell.Execute({0, verb, ToModelPath(nativeFile), parameters,
+                          nativeDirectory.empty() ? "" : ToModelPath(nativeDirectory), 1});
+  }
+
+  testing::TempFolder folder_{"/tmp"};
+  std::string root_ = folder_.path();
+  std::string recorder_ = root_ + "/Record.sh";
+  PosixShell shell_;
+};
+
+// A document goes to the opener alone: the parameters belong to no program
+// there and are not passed on. Nothing started is left as a child to reap.
+TEST_F(PosixShellTest, AProgramGetsItsParameterTextAsOneArgumentInItsDirectory) {
+  const std::string parameters = "Tessaly,1.0.14 two  words \"quoted\" 'single' $HOME;|* \\x";
+  const std::string folder = root_ + "/work folder";
+  const std::string here = fs::current_path().string();
+  const std::string document = root_ + "/my letter.txt";
+  fs::create_directory(folder);
+  WriteFile(document, "hello", 0644);
+  PosixShell opener(recorder_);
+  const std::tuple<PosixShell&, std::string, std::string, std::string, std::string> cases[] = {
+      {shell_, recorder_, parameters, "", "1\n" + parameters + "\n" + here},
+      {shell_, recorder_, "", "", "0\n\n" + here},
+      {shell_, recorder_, "x", folder, "1\nx\n" + folder},
+      {opener, document, "--print", "", "1\n" + document + "\n" + here},
+  };
+  for (const auto& [shell, file, given, directory, expected] : cases) {
+    fs::remove(Answer());
+    EXPECT_GT(Open(shell, file, given, directory), 32);
+    EXPECT_EQ(AwaitAnswer(), expected);
+  }
+  errno = 0;
+  EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
+  EXPECT_EQ(errno, ECHILD);
+}
+
+TEST_F(PosixShellTest, FailuresAnswerWithTheShellsCodes) {
+  const std::string document = root_ + "/notes.txt";
+  WriteFile(document, "hello", 0644);
+  const std::string noScript = root_ + "/plain";
+  WriteFile(noScript, "not a program\n", 0755);
+  const std::string locked = root_ + "/locked";
+  fs::create_directory(locked);
+  WriteFile(locked + "/x.sh", "#!/bin/sh\n", 0755);
+  chmod(locked.c_str(), 0);
+  PosixShell noOpener(root_ + "/no-such-opener");
+  const struct {
+    const char* what;
+    PosixShell& shell;
+    std::string file, directory, verb;
+    std::int32_t answer;
+  } cases[] = {
+      {"missing file", shell_, root_ + "/gone.sh", "", "open", kFileNotFound},
+      {"missing folder", shell_, root_ + "/gone/x.sh", "", "open", kPathNotFound},
+      {"missing directory", shell_, recorder_, root_ + "/gone", "open", kPathNotFound},
+      {"directory is a file", shell_, recorder_, document, "open", kPathNotFound},
+      {"unknown verb", shell_, recorder_, "", "print", kNoAssociation},
+      {"no opener", noOpener, document, "", "open", kNoAssociation},
+      // Never handed to a command shell instead.
+      {"no program format", shell_, noScript, "", "open", kBadProgramFile},
+      // The administrator may search any folder.
+      {"folder that may not be searched", shell_, geteuid() == 0 ? "" : locked + "/x.sh", "",
+       "open", geteuid() == 0 ? kFileNotFound : kAccessDenied},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(Open(c.shell, c.file, "x", c.directory, c.verb), c.answer) << c.what;
+  }
+  EXPECT_FALSE(fs::exists(Answer()));
+  chmod(locked.c_str(), 0700);  // for the folder's removal
 }
 
 }  // namespace

@@ -7,9 +7,7 @@
 #include <sys/xattr.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <filesystem>
-#include <thread>
 
 #include "file_system_backends.h"
 #include "platform/posix/cross_device_move.h"
@@ -21,6 +19,7 @@ namespace tessaly {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 using testing::NamesIn;
 using testing::ReadNative;
 using testing::TempFolder;
@@ -28,11 +27,9 @@ using testing::WriteNative;
 
 class PosixFileSystemTest : public ::testing::Test {
  protected:
-  std::string Native(std::string_view name) const {
-    return folder_.path() + "/" + std::string(name);
-  }
+  std::string Native(std::string_view name) const { return folder_.path() + "/" += name; }
   std::string Model(std::string_view name) const {
-    return ToModelPath(folder_.path()) + "\\" + std::string(name);
+    return ToModelPath(folder_.path()) + "\\" += name;
   }
 
   TempFolder folder_;
@@ -68,17 +65,16 @@ TEST_F(PosixFileSystemTest, NativeBackslashesAreSlashesInTheModel) {
   EXPECT_THAT(NamesIn(folder_.path()), ElementsAre("a\\b.mp3"));
 }
 
-TEST(NoReplaceRenameTest, NeitherWayReplacesATakenName) {
-  TempFolder folder;
-  const std::string mine = folder.path() + "/mine";
-  const std::string theirs = folder.path() + "/theirs";
-  WriteNative(mine, "mine");
-  WriteNative(theirs, "theirs");
-  EXPECT_EQ(RenameWithoutReplacing(mine, theirs), PlaceResult::kTaken);
-  EXPECT_EQ(LinkThenUnlink(mine, theirs), PlaceResult::kTaken);
-  EXPECT_EQ(ReadNative(theirs), "theirs");
-  EXPECT_EQ(LinkThenUnlink(mine, folder.path() + "/free"), PlaceResult::kDone);
-  EXPECT_THAT(NamesIn(folder.path()), ElementsAre("free", "theirs"));
+// Linking then unlinking stands in where the kernel cannot rename without
+// replacing.
+TEST_F(PosixFileSystemTest, NeitherWayOfPlacingReplacesATakenName) {
+  WriteNative(Native("mine"), "mine");
+  WriteNative(Native("theirs"), "theirs");
+  EXPECT_EQ(RenameWithoutReplacing(Native("mine"), Native("theirs")), PlaceResult::kTaken);
+  EXPECT_EQ(LinkThenUnlink(Native("mine"), Native("theirs")), PlaceResult::kTaken);
+  EXPECT_EQ(ReadNative(Native("theirs")), "theirs");
+  EXPECT_EQ(LinkThenUnlink(Native("mine"), Native("free")), PlaceResult::kDone);
+  EXPECT_THAT(NamesIn(folder_.path()), ElementsAre("free", "theirs"));
 }
 
 // A second file system for moves between file systems: the shared memory
@@ -97,6 +93,9 @@ class CrossDeviceMoveTest : public ::testing::Test {
   }
   std::string From() const { return source_.path() + "/big.bin"; }
   std::string To() const { return target_.path() + "/big.bin"; }
+  bool Move(const std::string& from, const std::string& to) {
+    return fs_.Rename(ToModelPath(from), ToModelPath(to));
+  }
 
   TempFolder source_;
   TempFolder target_{"/dev/shm"};
@@ -113,9 +112,9 @@ TEST_F(CrossDeviceMoveTest, MovesDataOwnerPermissionsTimesAndAttributes) {
   const struct timespec times[2] = {{1'000'000'000, 0}, {1'200'000'000, 0}};
   utimensat(AT_FDCWD, From().c_str(), times, 0);
   const bool tagged = setxattr(From().c_str(), "user.tessaly", "kept", 4, 0) == 0;
-  ASSERT_TRUE(fs_.Rename(ToModelPath(From()), ToModelPath(To())));
+  ASSERT_TRUE(Move(From(), To()));
   EXPECT_EQ(ReadNative(To()), data_);
-  EXPECT_THAT(NamesIn(source_.path()), ElementsAre());
+  EXPECT_THAT(NamesIn(source_.path()), IsEmpty());
   struct stat moved {};
   ASSERT_EQ(stat(To().c_str(), &moved), 0);
   EXPECT_EQ(moved.st_mode & 07777, 0640u);
@@ -129,32 +128,29 @@ TEST_F(CrossDeviceMoveTest, MovesDataOwnerPermissionsTimesAndAttributes) {
   EXPECT_EQ(moved.st_gid, 5678u);
 }
 
-TEST_F(CrossDeviceMoveTest, FailureAtAnyStageLeavesSourceWholeAndNoCopy) {
+// A failure at any stage, a FIFO (whose copy would wait for a writer for
+// good), or a target that appears during the copy: the source stays whole,
+// and nothing of the copy is left.
+TEST_F(CrossDeviceMoveTest, FailuresLeaveTheSourceWholeAndNoCopy) {
   for (const MoveStage stage : {MoveStage::kCopy, MoveStage::kSync, MoveStage::kPlace}) {
     fs_.SetMoveFaultForTesting([stage](MoveStage at) { return at == stage; });
-    EXPECT_FALSE(fs_.Rename(ToModelPath(From()), ToModelPath(To())));
+    EXPECT_FALSE(Move(From(), To()));
     EXPECT_EQ(ReadNative(From()), data_);
-    EXPECT_THAT(NamesIn(target_.path()), ElementsAre());
+    EXPECT_THAT(NamesIn(target_.path()), IsEmpty());
   }
-}
-
-TEST_F(CrossDeviceMoveTest, OnlyRegularFilesAreCopied) {
-  // Opening a FIFO would wait for a writer for good: the alarm ends the test instead.
+  fs_.SetMoveFaultForTesting(nullptr);
   const std::string fifo = source_.path() + "/pipe";
   ASSERT_EQ(mkfifo(fifo.c_str(), 0644), 0);
-  alarm(10);
-  EXPECT_FALSE(fs_.Rename(ToModelPath(fifo), ToModelPath(target_.path() + "/pipe")));
+  alarm(10);  // ends the test should the open wait after all
+  EXPECT_FALSE(Move(fifo, target_.path() + "/pipe"));
   alarm(0);
   EXPECT_THAT(NamesIn(source_.path()), ElementsAre("big.bin", "pipe"));
-  EXPECT_THAT(NamesIn(target_.path()), ElementsAre());
-}
-
-TEST_F(CrossDeviceMoveTest, TargetAppearingDuringTheCopyIsNeverOverwritten) {
+  EXPECT_THAT(NamesIn(target_.path()), IsEmpty());
   fs_.SetMoveFaultForTesting([this](MoveStage at) {
     if (at == MoveStage::kPlace) WriteNative(To(), "theirs");
     return false;
   });
-  EXPECT_FALSE(fs_.Rename(ToModelPath(From()), ToModelPath(To())));
+  EXPECT_FALSE(Move(From(), To()));
   EXPECT_EQ(ReadNative(To()), "theirs");
   EXPECT_EQ(ReadNative(From()), data_);
   EXPECT_THAT(NamesIn(target_.path()), ElementsAre("big.bin"));

@@ -16,8 +16,8 @@ namespace tessaly {
 namespace {
 
 using testing::Query;
-using testing::SetBytes;
-using testing::SetText;
+using testing::ReadBack;
+using testing::Set;
 
 struct Backend {
   const char* name;
@@ -30,144 +30,112 @@ class RegistryContract : public ::testing::TestWithParam<Backend> {
  protected:
   void SetUp() override { registry_ = GetParam().make(folder_.path()); }
 
-  RegistryKey Create(std::string_view path, Hive hive = Hive::kCurrentUser) {
-    RegistryKey key = 0;
-    std::uint32_t disposition = 0;
-    EXPECT_EQ(
-        registry_->CreateKey(hive, path, "0", 0, reg::kRead | reg::kWrite, &key, &disposition),
-        reg::kSuccess);
-    return key;
+  // CreateKey's answer; the handle goes to key_ and the disposition to disposition_.
+  long Create(std::string_view path, std::uint32_t access = reg::kRead | reg::kWrite,
+              Hive hive = Hive::kCurrentUser) {
+    return registry_->CreateKey(hive, path, "0", 0, access, &key_, &disposition_);
   }
-  long Open(std::string_view path, std::uint32_t access = reg::kRead,
-            Hive hive = Hive::kCurrentUser) {
+  long Open(std::string_view path, Hive hive = Hive::kCurrentUser) {
     RegistryKey key = 0;
-    const long answer = registry_->OpenKey(hive, path, access, &key);
+    const long answer = registry_->OpenKey(hive, path, reg::kRead, &key);
     if (answer == reg::kSuccess) registry_->CloseKey(key);
     return answer;
   }
-  std::uint32_t CreateDisposition(std::string_view path) {
-    RegistryKey key = 0;
-    std::uint32_t disposition = 0;
-    EXPECT_EQ(registry_->CreateKey(Hive::kCurrentUser, path, "0", 0, 0, &key, &disposition),
-              reg::kSuccess);
-    registry_->CloseKey(key);
-    return disposition;
-  }
+  ReadBack Query(std::string_view name) { return testing::Query(*registry_, key_, name); }
 
   testing::TempFolder folder_;
   std::unique_ptr<Registry> registry_;
+  RegistryKey key_ = 0;
+  std::uint32_t disposition_ = 0;
 };
 
-TEST_P(RegistryContract, KeysAreCreatedWithParentsAndFoundIgnoringCase) {
+TEST_P(RegistryContract, KeysAreCreatedWithParentsFoundIgnoringCaseAndMalformedPathsRefused) {
+  const auto disposition = [&](std::string_view path) {
+    EXPECT_EQ(Create(path, 0), reg::kSuccess) << path;
+    registry_->CloseKey(key_);
+    return disposition_;
+  };
   EXPECT_EQ(Open("Software\\Maker"), reg::kNotFound);
-  EXPECT_EQ(CreateDisposition("Software\\Maker\\App\\Settings"), reg::kCreatedNewKey);
+  EXPECT_EQ(disposition("Software\\Maker\\App\\Settings"), reg::kCreatedNewKey);
   EXPECT_EQ(Open("SOFTWARE\\maker"), reg::kSuccess);
   EXPECT_EQ(Open("software\\MAKER\\app\\settings\\"), reg::kSuccess);
-  EXPECT_EQ(CreateDisposition("software\\maker\\APP"), reg::kOpenedExistingKey);
-  EXPECT_EQ(CreateDisposition(""), reg::kOpenedExistingKey);
+  EXPECT_EQ(disposition("software\\maker\\APP"), reg::kOpenedExistingKey);
+  EXPECT_EQ(disposition(""), reg::kOpenedExistingKey);
   EXPECT_EQ(Open("Software\\Maker\\Other"), reg::kNotFound);
-  EXPECT_EQ(Open("Software\\Maker\\App", reg::kRead, Hive::kLocalMachine), reg::kNotFound);
-}
-
-TEST_P(RegistryContract, MalformedPathsAreRefused) {
+  EXPECT_EQ(Open("Software\\Maker\\App", Hive::kLocalMachine), reg::kNotFound);
   for (const char* path : {"\\Software", "Software\\\\Maker", "A\\\\"}) {
-    SCOPED_TRACE(path);
-    EXPECT_EQ(Open(path), reg::kBadPathname);
-    RegistryKey key = 0;
-    EXPECT_EQ(registry_->CreateKey(Hive::kCurrentUser, path, "0", 0, 0, &key, nullptr),
-              reg::kBadPathname);
+    EXPECT_EQ(Open(path), reg::kBadPathname) << path;
+    EXPECT_EQ(Create(path, 0), reg::kBadPathname) << path;
   }
 }
 
 TEST_P(RegistryContract, SizesReadBackAsTheDesktopPlatformReportsThem) {
-  const RegistryKey key = Create("K");
-  // Label, type, bytes written with their own size (or, for "text", as the
-  // store writes texts), and the bytes read back with the size reported.
-  const std::tuple<const char*, std::uint32_t, std::string, std::string> cases[] = {
-      {"text", reg::kText, "abc", std::string("abc\0", 4)},
-      {"text, terminator counted", reg::kText, std::string("abc\0", 4), std::string("abc\0", 4)},
-      {"text", reg::kText, "", ""},
-      {"text", reg::kExpandText, "%HOME%", std::string("%HOME%\0", 7)},
-      {"multi text", reg::kMultiText, std::string("a\0b\0\0", 5), std::string("a\0b\0\0", 5)},
-      {"binary keeps zero bytes", reg::kBinary, std::string("\0\1\0", 3), std::string("\0\1\0", 3)},
-      {"empty binary", reg::kBinary, "", ""},
-      {"dword", reg::kDword, "\xff\xff\xff\xff", "\xff\xff\xff\xff"},
-      {"short dword kept as written", reg::kDword, std::string("\5", 1), std::string("\5", 1)},
+  ASSERT_EQ(Create("K"), reg::kSuccess);
+  // Type, bytes written with their own size, and the bytes read back with
+  // the size reported.
+  const std::tuple<std::uint32_t, std::string, std::string> cases[] = {
+      {reg::kText, "abc", std::string("abc\0", 4)},
+      {reg::kText, std::string("abc\0", 4), std::string("abc\0", 4)},  // terminator counted
+      {reg::kText, "", ""},
+      {reg::kExpandText, "%HOME%", std::string("%HOME%\0", 7)},
+      {reg::kMultiText, std::string("a\0b\0\0", 5), std::string("a\0b\0\0", 5)},
+      {reg::kBinary, std::string("\0\1\0", 3), std::string("\0\1\0", 3)},  // zero bytes kept
+      {reg::kBinary, "", ""},
+      {reg::kDword, "\xff\xff\xff\xff", "\xff\xff\xff\xff"},
+      {reg::kDword, std::string("\5", 1), std::string("\5", 1)},  // short, kept as written
   };
-  int i = 0;
-  for (const auto& [label, type, written, readBack] : cases) {
-    const std::string name = label + std::to_string(i++);
-    ASSERT_EQ(std::string_view(label) == "text" ? SetText(*registry_, key, name, written, type)
-                                                : SetBytes(*registry_, key, name, type, written),
-              reg::kSuccess);
-    const auto read = Query(*registry_, key, name);
-    EXPECT_EQ(read.answer, reg::kSuccess) << name;
-    EXPECT_EQ(read.type, type) << name;
-    EXPECT_EQ(read.bytes, readBack) << name;
+  for (int i = 0; const auto& [type, written, readBack] : cases) {
+    const std::string name = "v" + std::to_string(i++);
+    ASSERT_EQ(Set(*registry_, key_, name, written, type), reg::kSuccess);
+    EXPECT_EQ(Query(name), (ReadBack{reg::kSuccess, type, readBack})) << name;
   }
-  registry_->CloseKey(key);
+  registry_->CloseKey(key_);
 }
 
-TEST_P(RegistryContract, ShortBufferAnswersWithTheSizeNeeded) {
-  const RegistryKey key = Create("K");
-  const std::string text(3000, 'x');
-  ASSERT_EQ(SetText(*registry_, key, "Long", text), reg::kSuccess);
+// Also: value names ignore case, a missing value leaves type and size as
+// they were, and the default value has the empty name.
+TEST_P(RegistryContract, ShortBufferAnswersWithTheSizeNeededAndRewritesReplaceTypeAndBytes) {
+  ASSERT_EQ(Create("K"), reg::kSuccess);
+  ASSERT_EQ(Set(*registry_, key_, "Long", std::string(3000, 'x')), reg::kSuccess);
   std::uint8_t buffer[1024];
   std::uint32_t type = reg::kNone;
   std::uint32_t size = sizeof buffer;
-  EXPECT_EQ(registry_->QueryValue(key, "LONG", &type, buffer, &size), reg::kMoreData);
-  EXPECT_EQ(size, 3001u);
-  EXPECT_EQ(type, reg::kText);
-  EXPECT_EQ(Query(*registry_, key, "long").bytes, text + '\0');
-
-  // A missing value leaves type and size as they were.
+  EXPECT_EQ(registry_->QueryValue(key_, "LONG", &type, buffer, &size), reg::kMoreData);
+  EXPECT_EQ(std::tuple(type, size), std::tuple(reg::kText, 3001u));
+  EXPECT_EQ(Query("long").bytes, std::string(3000, 'x') + '\0');
   type = 99;
   size = 7;
-  EXPECT_EQ(registry_->QueryValue(key, "Missing", &type, buffer, &size), reg::kNotFound);
-  EXPECT_EQ(type, 99u);
-  EXPECT_EQ(size, 7u);
-  registry_->CloseKey(key);
-}
-
-TEST_P(RegistryContract, ValueNamesIgnoreCaseAndRewritesReplaceTypeAndBytes) {
-  const RegistryKey key = Create("K");
-  ASSERT_EQ(SetText(*registry_, key, "Mode", "1"), reg::kSuccess);
+  EXPECT_EQ(registry_->QueryValue(key_, "Missing", &type, buffer, &size), reg::kNotFound);
+  EXPECT_EQ(std::tuple(type, size), std::tuple(99u, 7u));
+  ASSERT_EQ(Set(*registry_, key_, "Mode", "1"), reg::kSuccess);
   for (const char* name : {"MODE", "mode"}) {
-    ASSERT_EQ(SetBytes(*registry_, key, name, reg::kDword, std::string("\2\0\0\0", 4)), reg::kSuccess);
+    ASSERT_EQ(Set(*registry_, key_, name, std::string("\2\0\0\0", 4), reg::kDword), reg::kSuccess);
   }
-  const auto read = Query(*registry_, key, "mOdE");
-  EXPECT_EQ(read.type, reg::kDword);
-  EXPECT_EQ(read.bytes, std::string("\2\0\0\0", 4));
-  ASSERT_EQ(SetText(*registry_, key, "", "default value"), reg::kSuccess);
-  EXPECT_EQ(Query(*registry_, key, "").bytes, std::string("default value\0", 14));
-  registry_->CloseKey(key);
+  EXPECT_EQ(Query("mOdE"), (ReadBack{reg::kSuccess, reg::kDword, std::string("\2\0\0\0", 4)}));
+  ASSERT_EQ(Set(*registry_, key_, "", "default value"), reg::kSuccess);
+  EXPECT_EQ(Query("").bytes, std::string("default value\0", 14));
+  registry_->CloseKey(key_);
 }
 
 TEST_P(RegistryContract, HandlesCarryTheirAccess) {
-  const RegistryKey writer = Create("K");
-  ASSERT_EQ(SetText(*registry_, writer, "v", "user"), reg::kSuccess);
-  registry_->CloseKey(writer);
-  RegistryKey reader = 0;
-  ASSERT_EQ(registry_->OpenKey(Hive::kCurrentUser, "K", reg::kRead, &reader), reg::kSuccess);
-  EXPECT_EQ(SetText(*registry_, reader, "x", "1"), reg::kAccessDenied);
-  RegistryKey bare = 0;
-  ASSERT_EQ(registry_->CreateKey(Hive::kCurrentUser, "K", "0", 0, 0, &bare, nullptr),
-            reg::kSuccess);
-  EXPECT_EQ(SetText(*registry_, bare, "x", "1"), reg::kAccessDenied);
-  EXPECT_EQ(Query(*registry_, bare, "x").answer, reg::kAccessDenied);
-  EXPECT_EQ(registry_->CloseKey(bare), reg::kSuccess);
-  EXPECT_EQ(registry_->CloseKey(bare), reg::kInvalidHandle);
-  EXPECT_EQ(Query(*registry_, bare, "x").answer, reg::kInvalidHandle);
-  registry_->CloseKey(reader);
+  ASSERT_EQ(Create("K"), reg::kSuccess);
+  ASSERT_EQ(Set(*registry_, key_, "v", "user"), reg::kSuccess);
+  registry_->CloseKey(key_);
+  ASSERT_EQ(registry_->OpenKey(Hive::kCurrentUser, "K", reg::kRead, &key_), reg::kSuccess);
+  EXPECT_EQ(Set(*registry_, key_, "x", "1"), reg::kAccessDenied);
+  registry_->CloseKey(key_);
+  ASSERT_EQ(Create("K", 0), reg::kSuccess);
+  EXPECT_EQ(Set(*registry_, key_, "x", "1"), reg::kAccessDenied);
+  EXPECT_EQ(Query("x").answer, reg::kAccessDenied);
+  EXPECT_EQ(registry_->CloseKey(key_), reg::kSuccess);
+  EXPECT_EQ(registry_->CloseKey(key_), reg::kInvalidHandle);
+  EXPECT_EQ(Query("x").answer, reg::kInvalidHandle);
   // Hives are separate.
-  const RegistryKey machine = Create("K", Hive::kLocalMachine);
-  EXPECT_EQ(Query(*registry_, machine, "v").answer, reg::kNotFound);
-  registry_->CloseKey(machine);
+  ASSERT_EQ(Create("K", reg::kRead, Hive::kLocalMachine), reg::kSuccess);
+  EXPECT_EQ(Query("v").answer, reg::kNotFound);
+  registry_->CloseKey(key_);
 }
 
-std::unique_ptr<Registry> MakeMemory(const std::string&) {
-  return std::make_unique<MemoryRegistry>();
-}
 #ifdef _WIN32
 // The real registry, each hive's part under a key of the test's own, named
 // after its scratch folder and removed with everything in it at the end.
@@ -200,23 +168,23 @@ class ScratchWin32Registry : public Win32Registry {
   HKEY machine_;
 };
 
-std::unique_ptr<Registry> MakeWin32(const std::string& folder) {
+const Backend kPlatformBackend{"Win32", [](const std::string& folder) -> std::unique_ptr<Registry> {
   const std::string name = std::filesystem::path(folder).filename().string();
   return std::make_unique<ScratchWin32Registry>(std::wstring(name.begin(), name.end()));
-}
-
-const Backend kPlatformBackend{"Win32", MakeWin32};
+}};
 #else
-std::unique_ptr<Registry> MakeSqlite(const std::string& folder) {
+const Backend kPlatformBackend{"Sqlite", [](const std::string& folder) -> std::unique_ptr<Registry> {
   return std::make_unique<SqliteRegistry>(RegistryLocationIn(folder));
-}
-
-const Backend kPlatformBackend{"Sqlite", MakeSqlite};
+}};
 #endif
 
-INSTANTIATE_TEST_SUITE_P(Backends, RegistryContract,
-                         ::testing::Values(Backend{"Memory", MakeMemory}, kPlatformBackend),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    Backends, RegistryContract,
+    ::testing::Values(Backend{"Memory", [](const std::string&) -> std::unique_ptr<Registry> {
+                        return std::make_unique<MemoryRegistry>();
+                      }},
+                      kPlatformBackend),
+    [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace
 }  // namespace tessaly

@@ -1,6 +1,8 @@
 #ifndef TESSALY_TESTS_PLATFORM_REGISTRY_TEST_SUPPORT_H_
 #define TESSALY_TESTS_PLATFORM_REGISTRY_TEST_SUPPORT_H_
 
+#include <gtest/gtest.h>
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -10,17 +12,12 @@
 
 namespace tessaly::testing {
 
-inline long SetBytes(Registry& registry, RegistryKey key, std::string_view name, std::uint32_t type,
-                     const std::string& bytes) {
+// Writes `bytes` with their own length as the size: a text goes in the way
+// the settings store writes it, the terminator behind it left out.
+inline long Set(Registry& registry, RegistryKey key, std::string_view name,
+                const std::string& bytes, std::uint32_t type = reg::kText) {
   return registry.SetValue(key, name, type, reinterpret_cast<const std::uint8_t*>(bytes.data()),
                            static_cast<std::uint32_t>(bytes.size()));
-}
-
-// Writes `text` as REG_SZ the way the settings store does: its length as the
-// size, the terminator behind it left out.
-inline long SetText(Registry& registry, RegistryKey key, std::string_view name,
-                    const std::string& text, std::uint32_t type = reg::kText) {
-  return SetBytes(registry, key, name, type, text);
 }
 
 // A value as read back: the answer, its type and its bytes.
@@ -28,7 +25,11 @@ struct ReadBack {
   long answer = -1;
   std::uint32_t type = reg::kNone;
   std::string bytes;
+  bool operator==(const ReadBack&) const = default;
 };
+inline void PrintTo(const ReadBack& read, std::ostream* out) {
+  *out << read.answer << " " << read.type << " " << ::testing::PrintToString(read.bytes);
+}
 
 inline ReadBack Query(Registry& registry, RegistryKey key, std::string_view name) {
   ReadBack result;
