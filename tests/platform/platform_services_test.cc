@@ -1,5 +1,5 @@
 // The small platform services: locale separators and names, the program's location,
-// the random generator, short paths, the dialogs' answers, the network state and the shell.
+// the random generator, the dialogs' answers, the network state and the shell.
 #include <arpa/inet.h>
 #include <gtest/gtest.h>
 #include <net/if.h>
@@ -18,9 +18,7 @@
 #include <optional>
 #include <thread>
 
-#include "platform/memory/memory_file_system.h"
 #include "platform/open_file_answer.h"
-#include "platform/posix/existing_short_paths.h"
 #include "platform/posix/native_path.h"
 #include "platform/posix/posix_locale.h"
 #include "platform/posix/posix_network_status.h"
@@ -91,16 +89,6 @@ TEST(StandardRandomTest, ASeedRepeatsItsSequenceOfFractionsBelowOne) {
   random.Randomize(12);
   for (double expected : first) ASSERT_EQ(random.Rnd(), expected);
   EXPECT_TRUE(std::ranges::all_of(first, [](double d) { return d >= 0.0 && d < 1.0; }));
-}
-
-TEST(ExistingShortPathsTest, AnExistingPathIsItsOwnShortForm) {
-  const std::string program = "C:\\Program Files\\Tessaly\\Tessaly.exe";
-  MemoryFileSystem fs;
-  fs.AddFile(program);
-  ExistingShortPaths shortPaths(fs);
-  EXPECT_EQ(shortPaths.ShortPathOf(program), program);
-  EXPECT_EQ(shortPaths.ShortPathOf("C:\\Program Files\\Tessaly\\Gone.exe"), "");
-  EXPECT_EQ(shortPaths.ShortPathOf(""), "");
 }
 
 // The rest of the answers' shape is read back by the open dialog's tests.
@@ -239,26 +227,23 @@ TEST_F(PosixShellTest, FailuresAnswerWithTheShellsCodes) {
   WriteFile(locked + "/x.sh", "#!/bin/sh\n", 0755);
   chmod(locked.c_str(), 0);
   PosixShell noOpener(root_ + "/no-such-opener");
-  const struct {
-    const char* what;
-    PosixShell& shell;
-    std::string file, directory, verb;
-    std::int32_t answer;
-  } cases[] = {
-      {"missing file", shell_, root_ + "/gone.sh", "", "open", kFileNotFound},
-      {"missing folder", shell_, root_ + "/gone/x.sh", "", "open", kPathNotFound},
-      {"missing directory", shell_, recorder_, root_ + "/gone", "open", kPathNotFound},
-      {"directory is a file", shell_, recorder_, document, "open", kPathNotFound},
-      {"unknown verb", shell_, recorder_, "", "print", kNoAssociation},
-      {"no opener", noOpener, document, "", "open", kNoAssociation},
-      // Never handed to a command shell instead.
-      {"no program format", shell_, noScript, "", "open", kBadProgramFile},
-      // The administrator may search any folder.
-      {"folder that may not be searched", shell_, geteuid() == 0 ? "" : locked + "/x.sh", "",
-       "open", geteuid() == 0 ? kFileNotFound : kAccessDenied},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(Open(c.shell, c.file, "x", c.directory, c.verb), c.answer) << c.what;
+  // What, the shell, the file, the working folder, the verb, the answer.
+  const std::tuple<const char*, PosixShell&, std::string, std::string, const char*, std::int32_t>
+      cases[] = {
+          {"missing file", shell_, root_ + "/gone.sh", "", "open", kFileNotFound},
+          {"missing folder", shell_, root_ + "/gone/x.sh", "", "open", kPathNotFound},
+          {"missing directory", shell_, recorder_, root_ + "/gone", "open", kPathNotFound},
+          {"directory is a file", shell_, recorder_, document, "open", kPathNotFound},
+          {"unknown verb", shell_, recorder_, "", "print", kNoAssociation},
+          {"no opener", noOpener, document, "", "open", kNoAssociation},
+          // Never handed to a command shell instead.
+          {"no program format", shell_, noScript, "", "open", kBadProgramFile},
+          // The administrator may search any folder.
+          {"folder that may not be searched", shell_, geteuid() == 0 ? "" : locked + "/x.sh", "",
+           "open", geteuid() == 0 ? kFileNotFound : kAccessDenied},
+      };
+  for (const auto& [what, shell, file, directory, verb, answer] : cases) {
+    EXPECT_EQ(Open(shell, file, "x", directory, verb), answer) << what;
   }
   EXPECT_FALSE(fs::exists(Answer()));
   chmod(locked.c_str(), 0700);  // for the folder's removal
