@@ -145,10 +145,12 @@ TEST_P(FileSystemContract, AFolderIsFoundInOtherCaseWhenOnlyOneMatches) {
 TEST_P(FileSystemContract, RenameMovesWithinAndBetweenFoldersAndOntoItself) {
   backend_->MakeFolder(At("Sub"));
   backend_->MakeFile(At("a.txt"), "alpha");
+  EXPECT_FALSE(fs().GetAttributes(At("b.txt")));  // an answer a backend may keep
   EXPECT_TRUE(fs().Rename(At("a.txt"), At("a.txt")));
   ASSERT_TRUE(fs().Rename(At("a.txt"), At("A.TXT")));  // a change of letter case alone
   EXPECT_THAT(backend_->Names(root_), ElementsAre("A.TXT", "Sub"));
   ASSERT_TRUE(fs().Rename(At("A.TXT"), At("b.txt")));
+  EXPECT_TRUE(fs().GetAttributes(At("b.txt")));  // its own changes are seen at once
   ASSERT_TRUE(fs().Rename(At("b.txt"), At("Sub\\c.txt")));
   EXPECT_THAT(backend_->Names(root_), ElementsAre("Sub"));
   EXPECT_EQ(backend_->Read(At("Sub\\c.txt")), "alpha");
@@ -199,13 +201,13 @@ TEST_P(FileSystemContract, DeleteRemovesWritableFilesOnlyButReadOnlyFilesMove) {
 // Also: a folder is searched in other letter case where the backend
 // ignores it, and each entry carries its attributes.
 TEST_P(FileSystemContract, SearchMatchesWildcardsIgnoringCaseAndLeavesOutWhatIsNotAskedFor) {
-  MakeFiles({"a.txt", "B.TXT", "readme", "x.tar.gz", ".hidden"});
+  MakeFiles({"a.txt", "B.TXT", "readme", ".hidden"});
   MakeFiles({"ro.txt"}, attr::kReadOnly);
   MakeFiles({"pipe"}, attr::kSystem);
   backend_->MakeFolder(At("Sub"));
   backend_->MakeFolder(At(".git"));
   backend_->MakeFile(At("Sub\\ro.txt"), "", attr::kReadOnly);
-  const std::vector<std::string> plain = {"a.txt", "B.TXT", "readme", "x.tar.gz", "ro.txt"};
+  const std::vector<std::string> plain = {"a.txt", "B.TXT", "readme", "ro.txt"};
   std::vector<std::string> withFolder = plain, all = plain;
   withFolder.push_back("Sub");
   all.insert(all.end(), {"Sub", ".hidden", "pipe", ".git"});
@@ -213,9 +215,8 @@ TEST_P(FileSystemContract, SearchMatchesWildcardsIgnoringCaseAndLeavesOutWhatIsN
       {"*.*", 0, plain},
       {"*", attr::kDirectory, withFolder},
       {"*.*", attr::kHidden | attr::kSystem | attr::kDirectory, all},
-      {"?.TXT", 0, {"a.txt", "B.TXT"}}, {"*.gz", 0, {"x.tar.gz"}},  {"*.", 0, {"readme"}},
-      {"README.*", 0, {"readme"}},      {"*.doc", 0, {}},             {"Nowhere\\*.*", 0, {}},
-      {"a.txt\\*.*", 0, {}},
+      {"?.TXT", 0, {"a.txt", "B.TXT"}}, {"*.", 0, {"readme"}}, {"README.*", 0, {"readme"}},
+      {"*.doc", 0, {}}, {"Nowhere\\*.*", 0, {}}, {"a.txt\\*.*", 0, {}},
       {backend_->IgnoresCase() ? "SUB\\*.*" : "Sub\\*.*", 0, {"ro.txt"}},
   };
   for (const auto& [pattern, include, expected] : cases) {

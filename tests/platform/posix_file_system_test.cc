@@ -36,16 +36,10 @@ class PosixFileSystemTest : public ::testing::Test {
   PosixFileSystem fs_;
 };
 
-// Answers are kept for reuse, and the program's own changes replace them
-// at once; changes made behind its back count from the next ForgetAnswers.
-TEST_F(PosixFileSystemTest, KeptAnswersFollowOwnChangesAndAreForgottenOnRequest) {
-  WriteNative(Native("f"), "");
-  EXPECT_FALSE(fs_.GetAttributes(Model("g")));
-  ASSERT_TRUE(fs_.Rename(Model("f"), Model("g")));
-  EXPECT_TRUE(fs_.GetAttributes(Model("g")));
-  EXPECT_FALSE(fs_.GetAttributes(Model("f")));
-  EXPECT_TRUE(fs_.Delete(Model("g")));
-  EXPECT_FALSE(fs_.GetAttributes(Model("g")));
+// Answers are kept for reuse (the program's own changes replace them at
+// once, as the contract checks); changes made behind its back count from
+// the next ForgetAnswers.
+TEST_F(PosixFileSystemTest, KeptAnswersAreForgottenOnRequest) {
   std::filesystem::create_directory(Native("Sub"));
   WriteNative(Native("Sub/x"), "");
   EXPECT_TRUE(fs_.GetAttributes(Model("SUB\\x")));
