@@ -9,10 +9,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <array>
 #include <functional>
 
 #include "registry_test_support.h"
@@ -106,18 +106,19 @@ TEST_F(SqliteRegistryTest, OpenRegistriesSeeEachOthersWrites) {
 }
 
 TEST_F(SqliteRegistryTest, DamagedFilesFailEveryCallWithoutCrashing) {
+  const std::string big(3000, 'x');
   {
     SqliteRegistry registry(location_);
-    for (int i = 0; i < 40; ++i) Write(registry, "K" + std::to_string(i), "v", std::string(3000, 'x'));
+    for (int i = 0; i < 40; ++i) Write(registry, "K" + std::to_string(i), "v", big);
   }
   std::ifstream in(location_.user.path, std::ios::binary);
-  const std::string good{std::istreambuf_iterator<char>(in), {}};
-  ASSERT_GT(good.size(), 100'000u);
+  const std::string db{std::istreambuf_iterator<char>(in), {}};
+  ASSERT_GT(db.size(), 100'000u);
   // Garbage, cut in half.
-  for (const std::string& bytes : {std::string(good.size(), 'Z'), good.substr(0, good.size() / 2)}) {
+  for (const std::string& bytes : {std::string(db.size(), 'Z'), db.substr(0, db.size() / 2)}) {
     std::ofstream(location_.user.path, std::ios::binary | std::ios::trunc) << bytes;
     SqliteRegistry registry(location_);
-    EXPECT_NE(Read(registry, "K30", "v"), std::string(3000, 'x'));
+    EXPECT_NE(Read(registry, "K30", "v"), big);
     EXPECT_NE(Write(registry, "New", "v", "1"), reg::kSuccess);
   }
 }
@@ -156,11 +157,10 @@ TEST_F(SqliteRegistryTest, WritesMakeOwnerOnlyFilesAndOthersAreRefused) {
   location_.machine.folder = folder_.path() + "/system";
   location_.machine.path = location_.machine.folder + "/machine.db";
   fs::create_directory(location_.machine.folder);
-  for (const auto& [path, mode] : {std::pair{folder_.path(), 0755}, {folder_.path() + "/config", 0755},
-                                   {location_.user.folder, 0555}, {location_.user.path, 0444},
-                                   {location_.machine.folder, 0555}}) {
-    chmod(path.c_str(), mode);
-  }
+  const std::pair<std::string, mode_t> modes[] = {
+      {folder_.path(), 0755}, {folder_.path() + "/config", 0755}, {location_.user.folder, 0555},
+      {location_.user.path, 0444}, {location_.machine.folder, 0555}};
+  for (const auto& [path, mode] : modes) chmod(path.c_str(), mode);
   const pid_t child = Spawn(
       [this] {
         SqliteRegistry registry(location_);
