@@ -39,11 +39,6 @@ class FileSystemBackend {
 std::unique_ptr<FileSystemBackend> MakeWin32Backend();
 #else
 std::unique_ptr<FileSystemBackend> MakePosixBackend();
-// Reads a whole native file; nothing if it cannot be opened.
-std::optional<std::string> ReadNative(const std::string& path);
-void WriteNative(const std::string& path, std::string_view contents);
-// The names a native folder holds, sorted.
-std::vector<std::string> NamesIn(const std::string& folder);
 #endif
 
 }  // namespace tessaly::testing

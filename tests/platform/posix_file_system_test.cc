@@ -1,13 +1,16 @@
-// What the POSIX backend does beyond the shared contract: its kept
-// answers, native names, links, and moves between file systems.
-#include <gmock/gmock.h>
+// The POSIX file system: its backend for the contract suite, in a temporary
+// folder, and what it does beyond the contract: its kept answers, native
+// names, links, and moves between file systems.
 #include <fcntl.h>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <fstream>
 
 #include "file_system_backends.h"
 #include "platform/posix/cross_device_move.h"
@@ -20,10 +23,78 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using testing::NamesIn;
-using testing::ReadNative;
 using testing::TempFolder;
-using testing::WriteNative;
+
+// A whole native file; nothing if it cannot be opened.
+std::optional<std::string> ReadNative(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  if (!in) return std::nullopt;
+  return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
+void WriteNative(const std::string& path, std::string_view contents) {
+  std::ofstream(path, std::ios::binary) << contents;
+}
+
+// The names a native folder holds, sorted.
+std::vector<std::string> NamesIn(const std::string& folder) {
+  std::vector<std::string> names;
+  std::error_code error;
+  for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
+    names.push_back(entry.path().filename().string());
+  }
+  std::ranges::sort(names);
+  return names;
+}
+
+class PosixBackend : public testing::FileSystemBackend {
+ public:
+  FileSystem& fs() override { return fs_; }
+  std::string Root() const override { return ToModelPath(folder_.path()); }
+  bool IgnoresCase() const override { return false; }
+  void MakeFile(std::string_view path, std::string_view contents,
+                std::uint32_t attributes) override {
+    const std::string native = ToNativePath(path);
+    // A FIFO stands for a file that is neither regular nor a folder.
+    if ((attributes & attr::kSystem) != 0) {
+      mkfifo(native.c_str(), 0644);
+      return;
+    }
+    WriteNative(native, contents);
+    if ((attributes & attr::kReadOnly) != 0) chmod(native.c_str(), 0444);
+  }
+  void MakeFolder(std::string_view path) override {
+    std::filesystem::create_directory(ToNativePath(path));
+  }
+  std::optional<std::string> Read(std::string_view path) override {
+    const std::string native = ToNativePath(path);
+    const auto names = NamesIn(native.substr(0, native.find_last_of('/')));
+    if (!std::ranges::binary_search(names, native.substr(native.find_last_of('/') + 1))) {
+      return std::nullopt;
+    }
+    return ReadNative(native);
+  }
+  std::vector<std::string> Names(std::string_view folder) override {
+    std::vector<std::string> names = NamesIn(ToNativePath(folder));
+    for (std::string& name : names) name = ToModelPath(name);
+    return names;
+  }
+  void BeforeNextRename(std::function<void()> hook) override {
+    fs_.SetBeforeNextRenameForTesting(std::move(hook));
+  }
+
+ private:
+  TempFolder folder_;
+  PosixFileSystem fs_;
+};
+
+}  // namespace
+
+std::unique_ptr<testing::FileSystemBackend> testing::MakePosixBackend() {
+  return std::make_unique<PosixBackend>();
+}
+
+namespace {
 
 class PosixFileSystemTest : public ::testing::Test {
  protected:
