@@ -39,6 +39,8 @@ class FileSystemBackend {
 std::unique_ptr<FileSystemBackend> MakeWin32Backend();
 #else
 std::unique_ptr<FileSystemBackend> MakePosixBackend();
+// Null where no case-folding file system can be made on this machine.
+std::unique_ptr<FileSystemBackend> MakeCaseFoldingPosixBackend();
 #endif
 
 }  // namespace tessaly::testing

@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
@@ -47,11 +48,48 @@ std::vector<std::string> NamesIn(const std::string& folder) {
   return names;
 }
 
+// A loop-mounted disk that folds letter case itself (ext4 with a casefold
+// folder, else vfat), made once per process; no folder where this machine
+// cannot make one (not root, no loop devices, a kernel without either).
+class CaseFoldingMount {
+ public:
+  CaseFoldingMount() {
+    char pattern[] = "/tmp/tessaly-fold-XXXXXX";
+    if (mkdtemp(pattern) == nullptr) return;
+    base_ = pattern;
+    const std::string image = base_ + "/disk.img", mount = base_ + "/mnt", quiet = " >/dev/null 2>&1";
+    std::filesystem::create_directories(mount);
+    if (Run("truncate -s 32M " + image + " && mkfs.ext4 -q -O casefold " + image + quiet) &&
+        Run("mount -o loop " + image + " " + mount + quiet)) {
+      mounted_ = true;
+      const std::string folded = mount + "/folded";
+      if (Run("mkdir " + folded + " && chattr +F " + folded + quiet)) folder_ = folded;
+    } else if (Run("rm -f " + image + " && truncate -s 32M " + image + " && mkfs.vfat " + image + quiet) &&
+               Run("mount -o loop " + image + " " + mount + quiet)) {
+      mounted_ = true;
+      folder_ = mount;
+    }
+  }
+  ~CaseFoldingMount() {
+    if (mounted_) Run("umount " + base_ + "/mnt >/dev/null 2>&1");
+    std::error_code ignored;
+    if (!base_.empty()) std::filesystem::remove_all(base_, ignored);
+  }
+  const std::string& folder() const { return folder_; }
+
+ private:
+  static bool Run(const std::string& command) { return std::system(command.c_str()) == 0; }
+  std::string base_, folder_;
+  bool mounted_ = false;
+};
+
 class PosixBackend : public testing::FileSystemBackend {
  public:
+  explicit PosixBackend(const std::string& parent = "", bool ignoresCase = false)
+      : folder_(parent), ignoresCase_(ignoresCase) {}
   FileSystem& fs() override { return fs_; }
   std::string Root() const override { return ToModelPath(folder_.path()); }
-  bool IgnoresCase() const override { return false; }
+  bool IgnoresCase() const override { return ignoresCase_; }
   void MakeFile(std::string_view path, std::string_view contents,
                 std::uint32_t attributes) override {
     const std::string native = ToNativePath(path);
@@ -85,6 +123,7 @@ class PosixBackend : public testing::FileSystemBackend {
 
  private:
   TempFolder folder_;
+  bool ignoresCase_;
   PosixFileSystem fs_;
 };
 
@@ -92,6 +131,12 @@ class PosixBackend : public testing::FileSystemBackend {
 
 std::unique_ptr<testing::FileSystemBackend> testing::MakePosixBackend() {
   return std::make_unique<PosixBackend>();
+}
+
+std::unique_ptr<testing::FileSystemBackend> testing::MakeCaseFoldingPosixBackend() {
+  static const CaseFoldingMount mount;
+  if (mount.folder().empty()) return nullptr;
+  return std::make_unique<PosixBackend>(mount.folder(), true);
 }
 
 namespace {
