@@ -172,6 +172,7 @@ TEST_F(WizardTest, NavigationInThePreviewIsIgnoredAndCancelInTheRunEndsBetweenFi
   EXPECT_TRUE(wizard.ended());
   EXPECT_FALSE(wizard.loaded());
   EXPECT_TRUE(files.GetAttributes("C:\\a\\3.TXT"));  // never reached
+  EXPECT_THAT(FileLines(), ::testing::IsEmpty());  // nor is the file under way logged
 }
 
 // ---- The command line ----
