@@ -1,57 +1,181 @@
 // The wizard window worked by a person: one whole way through on real
 // files, the overwrite question, and what only the window can get wrong:
-// drops, selection, the file dialog, boxes, a list dialog, and Cancel
-// during the preview loop.
+// drops, selection, the file dialog, boxes, the list dialogs, the progress
+// window and Cancel during the preview loop.
 
 #include <gmock/gmock.h>
 
-#include <QAbstractItemView>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDir>
-#include <QFile>
-#include <QFileDialog>
-#include <QItemSelectionModel>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListView>
-#include <QMessageBox>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QStackedWidget>
-#include <QTemporaryDir>
 #include <QTest>
-#include <QTextBlock>
+#include <QtWidgets>
+#include <functional>
 
+#include "memory_world.h"
+#include "platform/memory/memory_file_system.h"
 #include "platform/posix/native_path.h"
 #include "platform/posix/posix_file_system.h"
-#include "qt_test_support.h"
+#include "qt_ui.h"
 
 namespace tessaly::qt {
 namespace {
 
-// The colour the log draws the line holding `text` in, from its first
-// character: its own, or the palette's text colour.
-QColor LineColour(QPlainTextEdit* log, const QString& text) {
-  for (QTextBlock block = log->document()->begin(); block.isValid(); block = block.next()) {
-    if (!block.text().contains(text)) continue;
-    const QTextCharFormat format = block.begin().fragment().charFormat();
-    return format.hasProperty(QTextFormat::ForegroundBrush) ? format.foreground().color()
-                                                            : log->palette().color(QPalette::Text);
+// A QtUi that runs a test's hook each time a loop lets events run, which is
+// when a person sees what the windows show.
+class WatchingUi : public QtUi {
+ public:
+  void LetPendingEventsRun() override {
+    if (onPendingEvents) onPendingEvents();
+    QtUi::LetPendingEventsRun();
   }
-  ADD_FAILURE() << "no line holds " << text.toStdString();
-  return {};
+  std::function<void()> onPendingEvents;
+};
+
+// Lets queued refreshes and posted events run.
+void Settle() {
+  for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
 }
 
-// The wizard window over a real folder of files.
-class WizardWalkTest : public ::testing::Test {
+void Click(QWidget* widget, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+  ASSERT_NE(widget, nullptr);
+  // A check box or option takes clicks on its mark and caption only, and
+  // may be wider than both.
+  const bool markAtLeft = qobject_cast<QCheckBox*>(widget) || qobject_cast<QRadioButton*>(widget);
+  const QPoint at = markAtLeft ? QPoint(8, widget->height() / 2) : widget->rect().center();
+  QTest::mouseClick(widget, Qt::LeftButton, modifiers, at);
+  Settle();
+}
+
+void ClickRow(QAbstractItemView* view, int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+  QTest::mouseClick(view->viewport(), Qt::LeftButton, modifiers,
+                    view->visualRect(view->model()->index(row, 0)).center());
+  Settle();
+}
+
+QStringList Rows(QAbstractItemView* view) {
+  QStringList rows;
+  for (int i = 0; i < view->model()->rowCount(); ++i) rows << view->model()->index(i, 0).data().toString();
+  return rows;
+}
+
+// Selects everything in a combo box's or line edit's text and types `text`
+// key by key.
+void TypeOver(QWidget* box, const QString& text) {
+  QLineEdit* edit = qobject_cast<QLineEdit*>(box);
+  if (auto* combo = qobject_cast<QComboBox*>(box)) edit = combo->lineEdit();
+  ASSERT_NE(edit, nullptr);
+  edit->setFocus();
+  QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClick(edit, Qt::Key_Delete);
+  QTest::keyClicks(edit, text);
+  Settle();
+}
+
+// Drags a text/uri-list of `nativePaths` onto `target` and drops it at
+// `where` (the centre when null). True when the target took the drop.
+bool DropFiles(QWidget* target, const QStringList& nativePaths, const QPoint* where = nullptr) {
+  QMimeData data;
+  QList<QUrl> urls;
+  for (const QString& path : nativePaths) urls << QUrl::fromLocalFile(path);
+  data.setUrls(urls);
+  const QPoint at = where != nullptr ? *where : target->rect().center();
+  QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QDragMoveEvent move(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QDropEvent drop(QPointF(at), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  for (QDropEvent* event : std::initializer_list<QDropEvent*>{&enter, &move, &drop}) {
+    QCoreApplication::sendEvent(target, event);
+    if (!event->isAccepted()) return false;
+  }
+  Settle();
+  return true;
+}
+
+// How long a modal window may take to open, and to close once answered,
+// before the test gives up on it: far beyond any wait on a busy machine.
+constexpr int kModalPatienceMs = 10'000;
+
+// Runs `action` on the next modal window once it is open (a dialog or a
+// message box opened by the step that follows). Fails the test if none opens
+// within the patience, or if the window is still open that long after
+// `action`, and then closes it so that a lost answer ends its loop instead
+// of hanging.
+void WhenModalOpens(std::function<void(QWidget*)> action) {
+  // Polls, since the modal loop starts only after the call that opens it.
+  auto* timer = new QTimer;
+  timer->setInterval(10);
+  QElapsedTimer waited;
+  waited.start();
+  QObject::connect(timer, &QTimer::timeout, [timer, action, waited] {
+    QWidget* modal = QApplication::activeModalWidget();
+    const bool open = modal != nullptr && modal->isVisible();
+    if (!open && !waited.hasExpired(kModalPatienceMs)) return;
+    timer->stop();
+    timer->deleteLater();
+    if (!open) {
+      ADD_FAILURE() << "no modal window opened within " << kModalPatienceMs << " ms";
+      return;
+    }
+    const QPointer<QWidget> answered(modal);
+    action(modal);
+    QTimer::singleShot(kModalPatienceMs, [answered] {
+      if (answered.isNull() || !answered->isVisible()) return;
+      ADD_FAILURE() << "modal window \"" << answered->windowTitle().toStdString()
+                    << "\" still open " << kModalPatienceMs << " ms after it was answered";
+      if (auto* dialog = qobject_cast<QDialog*>(answered.data())) {
+        dialog->reject();
+      } else {
+        answered->close();
+      }
+    });
+  });
+  timer->start();
+}
+
+// The colour the log draws `text` in: its own, or the palette's text colour.
+QColor ColourOf(QPlainTextEdit* log, const QString& text) {
+  const QTextCursor found = log->document()->find(text);
+  EXPECT_FALSE(found.isNull()) << "the log holds no " << text.toStdString();
+  const QTextCharFormat format = found.charFormat();
+  return format.hasProperty(QTextFormat::ForegroundBrush) ? format.foreground().color()
+                                                          : log->palette().color(QPalette::Text);
+}
+
+// The wizard in a world of memory backends, on 18 November 2026 at
+// 14:02:09, drawn by the Qt views; over the real disk when a test asks.
+class QtWizardTest : public ::testing::Test {
  protected:
-  WizardWalkTest() { QDir(folder.path()).mkpath("photos"); }
-  ~WizardWalkTest() override {
-    delete ui.wizardWindow();
+  explicit QtWizardTest(bool realDisk = false)
+      : world(realDisk ? static_cast<FileSystem&>(disk) : files) {}
+  ~QtWizardTest() override {
+    delete ui.wizardWindow();  // the windows go before the form they draw
     Settle();
   }
+  // Starts the wizard, on step `step` when one is given.
+  fTessaly& Start(int step = 0) {
+    world.Start();
+    if (step != 0) form->lblStep[step].Click();
+    Settle();
+    return *form;
+  }
+  QWidget* window() const { return ui.wizardWindow(); }
+  // The widget named `name` in the wizard window or `root`; fails the test
+  // if there is none.
+  template <typename T = QWidget>
+  T* Find(const char* name, QWidget* root = nullptr) const {
+    T* found = (root != nullptr ? root : window())->findChild<T*>(QString::fromLatin1(name));
+    EXPECT_NE(found, nullptr) << "no widget " << name;
+    return found;
+  }
 
+  MemoryFileSystem files;
+  PosixFileSystem disk;
+  BasicMemoryWorld<WatchingUi> world;
+  WatchingUi& ui = world.ui;
+  std::unique_ptr<fTessaly>& form = world.form;
+};
+
+// The wizard window over a real folder of files.
+class WizardWalkTest : public QtWizardTest {
+ protected:
+  WizardWalkTest() : QtWizardTest(true) { QDir(folder.path()).mkpath("photos"); }
   QString MakeFile(const QString& name) {
     const QString path = QDir(folder.path()).filePath("photos/" + name);
     QFile file(path);
@@ -62,20 +186,12 @@ class WizardWalkTest : public ::testing::Test {
   QStringList FilesOnDisk() const {
     return QDir(QDir(folder.path()).filePath("photos")).entryList(QDir::Files, QDir::Name);
   }
-
   QTemporaryDir folder;
-  PosixFileSystem fileSystem;
-  BasicMemoryWorld<WatchingUi> world{fileSystem};
-  WatchingUi& ui = world.ui;
-  std::unique_ptr<fTessaly>& form = world.form;
 };
 
 TEST_F(WizardWalkTest, PersonRenamesDroppedFilesAndReadsTheColouredLog) {
-  world.Start();
-  Settle();
-  QWidget* window = ui.wizardWindow();
-  ASSERT_NE(window, nullptr);
-  auto* next = Find<QPushButton>(window, "cmdNext");
+  Start();
+  auto* next = Find<QPushButton>("cmdNext");
   // Return on the focused Next goes on, as in a dialog.
   next->setFocus();
   QTest::keyClick(next, Qt::Key_Return);
@@ -84,37 +200,37 @@ TEST_F(WizardWalkTest, PersonRenamesDroppedFilesAndReadsTheColouredLog) {
   EXPECT_EQ(pages->currentIndex(), 1);
 
   // Dropped in any order, listed sorted.
-  auto* list = Find<QListView>(window, "lstFiles");
+  auto* list = Find<QListView>("lstFiles");
   ASSERT_TRUE(DropFiles(list->viewport(), {MakeFile("pear.txt"), MakeFile("Apple.txt"),
                                            MakeFile("fig.txt")}));
   ASSERT_EQ(list->model()->rowCount(), 3);
-  EXPECT_THAT(list->model()->index(0, 0).data().toString().toStdString(),
-              ::testing::EndsWith("/photos/Apple.txt"));
-  EXPECT_EQ(Find<QLabel>(window, "lStat")->text(), "3 files.");
+  EXPECT_THAT(Rows(list)[0].toStdString(), ::testing::EndsWith("/photos/Apple.txt"));
 
   Click(next);
-  auto* example = Find<QPlainTextEdit>(window, "txtExample");
-  TypeOver(Find<QWidget>(window, "cboBatch0"), "3 Digit Serial Number");
-  Click(Find<QCheckBox>(window, "chkUpperCase"));
-  EXPECT_EQ(example->toPlainText(), "001.TXT\n002.TXT\n003.TXT");
+  TypeOver(Find("cboBatch0"), "3 Digit Serial Number");
+  Click(Find("chkUpperCase"));
+  EXPECT_EQ(Find<QPlainTextEdit>("txtExample")->toPlainText(), "001.TXT\n002.TXT\n003.TXT");
   // Return that no control takes is the page's Next, also in a box being
   // typed in.
-  QLineEdit* typing = Find<QComboBox>(window, "cboBatch0")->lineEdit();
+  QLineEdit* typing = Find<QComboBox>("cboBatch0")->lineEdit();
   typing->setFocus();
+  QSet<QString> titles;
+  ui.onPendingEvents = [&] {
+    if (ui.progressWindow() != nullptr) titles << ui.progressWindow()->windowTitle();
+  };
   QTest::keyClick(typing, Qt::Key_Return);
   Settle();
   EXPECT_EQ(pages->currentIndex(), 3);
-  EXPECT_EQ(ui.progressTitles, QStringList{"Generating Renamed Files Preview..."});
-  const QStringList lines = Find<QPlainTextEdit>(window, "tOutput")->toPlainText().split('\n');
-  ASSERT_GE(lines.size(), 4);
-  EXPECT_THAT(lines[1].toStdString(), ::testing::EndsWith("/photos/001.TXT"));
+  EXPECT_EQ(titles, QSet<QString>{"Generating Renamed Files Preview..."});
+  EXPECT_THAT(Find<QPlainTextEdit>("tOutput")->toPlainText().toStdString(),
+              ::testing::HasSubstr("/photos/001.TXT\n"));
 
   Click(next);
   EXPECT_EQ(pages->currentIndex(), 4);
   EXPECT_EQ(FilesOnDisk(), (QStringList{"001.TXT", "002.TXT", "003.TXT"}));
-  auto* log = Find<QPlainTextEdit>(window, "tLog");
-  EXPECT_EQ(LineColour(log, "Apple.txt > "), QColor(0, 0, 255));
-  EXPECT_EQ(LineColour(log, "3 total files."), QApplication::palette().color(QPalette::Text));
+  auto* log = Find<QPlainTextEdit>("tLog");
+  EXPECT_EQ(ColourOf(log, "Apple.txt > "), QColor(0, 0, 255));
+  EXPECT_EQ(ColourOf(log, "3 total files."), QApplication::palette().color(QPalette::Text));
   bool ended = false;
   form->programEnded.Connect([&ended] { ended = true; });
   QTest::keyClick(log, Qt::Key_Escape);  // does what "Finished" does
@@ -122,18 +238,13 @@ TEST_F(WizardWalkTest, PersonRenamesDroppedFilesAndReadsTheColouredLog) {
 }
 
 TEST_F(WizardWalkTest, NoToTheOverwriteQuestionKeepsTheTakenFile) {
-  world.Start();
-  Settle();
-  QWidget* window = ui.wizardWindow();
-  form->lblStep[1].Click();
-  Settle();
+  Start(1);
   // The name holds an escape, which must show, not act.
   MakeFile("ta\x1bken.txt");
-  ASSERT_TRUE(DropFiles(Find<QListView>(window, "lstFiles")->viewport(), {MakeFile("new.txt")}));
-  Click(Find<QLabel>(window, "lblStep2"));
+  ASSERT_TRUE(DropFiles(Find<QListView>("lstFiles")->viewport(), {MakeFile("new.txt")}));
+  Click(Find("lblStep2"));
   form->cboBatch[0].SetText("ta\x1bken");
-  Click(Find<QLabel>(window, "lblStep3"));
-
+  Click(Find("lblStep3"));
   QString asked;
   WhenModalOpens([&](QWidget* modal) {
     auto* box = qobject_cast<QMessageBox*>(modal);
@@ -141,67 +252,57 @@ TEST_F(WizardWalkTest, NoToTheOverwriteQuestionKeepsTheTakenFile) {
     asked = box->windowTitle() + ": " + box->text();
     Click(box->button(QMessageBox::No));
   });
-  Click(Find<QPushButton>(window, "cmdNext"));
+  Click(Find("cmdNext"));
   EXPECT_EQ(asked, "Confirm Overwrite: The file 'ta\\x1bken.txt' already exists. "
                    "Would you like to overwrite this file?");
   // The file waits under its temporary name, and the line says so in black.
   EXPECT_EQ(FilesOnDisk(), (QStringList{"ta\x1bken.txt", "ta\x1bken.txt.temp"}));
-  auto* log = Find<QPlainTextEdit>(window, "tLog");
-  EXPECT_EQ(LineColour(log, "(Completed - Error Removing Temp"), QColor(0, 0, 0));
+  auto* log = Find<QPlainTextEdit>("tLog");
+  EXPECT_EQ(ColourOf(log, "(Completed - Error Removing Temp"), QColor(0, 0, 0));
   EXPECT_TRUE(log->toPlainText().contains(u"ta\u241bken.txt"));
 }
 
 class FilePageTest : public QtWizardTest {
  protected:
   void SetUp() override {
-    Start();
-    form->lblStep[1].Click();
-    Settle();
-    list = Find<QListView>(window(), "lstFiles");
-  }
-  QStringList Rows() const {
-    QStringList rows;
-    for (int i = 0; i < list->model()->rowCount(); ++i) rows << list->model()->index(i, 0).data().toString();
-    return rows;
+    Start(1);
+    list = Find<QListView>("lstFiles");
   }
   QListView* list = nullptr;
 };
 
-TEST_F(FilePageTest, DroppedPathsArriveInModelFormFolderIncluded) {
+TEST_F(FilePageTest, EveryDropTargetTakesFilesInModelForm) {
   ASSERT_TRUE(DropFiles(list->viewport(), {"/srv/photos/b.jpg", "/srv/photos/", "/srv/a b\\c.jpg"}));
   // A native backslash is an ordinary character of the name; the folder
   // comes without its closing slash.
-  EXPECT_EQ(Rows(), (QStringList{"\\srv\\a b/c.jpg", "\\srv\\photos", "\\srv\\photos\\b.jpg"}));
-}
-
-TEST_F(FilePageTest, EveryDropTargetOfThePageTakesFiles) {
-  int expected = 0;
+  EXPECT_EQ(Rows(list), (QStringList{"\\srv\\a b/c.jpg", "\\srv\\photos", "\\srv\\photos\\b.jpg"}));
   for (const char* name : {"Frame2", "Label11", "lblText1", "pStep1"}) {
     // Near a corner: the frame's and the page's centres lie on their
     // controls.
-    QWidget* target = Find<QWidget>(window(), name);
+    QWidget* target = Find(name);
     const QPoint corner(target->width() - 3, target->height() - 3);
     EXPECT_TRUE(DropFiles(target, {QStringLiteral("/d/%1").arg(name)}, &corner)) << name;
-    EXPECT_EQ(list->model()->rowCount(), ++expected) << name;
+    EXPECT_TRUE(Rows(list).contains(QStringLiteral("\\d\\%1").arg(name))) << name;
   }
 }
 
 TEST_F(FilePageTest, RemoveTakesExactlyTheRowsSelectedInTheView) {
   ASSERT_TRUE(DropFiles(list->viewport(), {"/d/e", "/d/d", "/d/c", "/d/b", "/d/a"}));
   // A click, then control-clicks at the far end and in the middle.
-  for (int row : {0, 4, 2}) {
-    const QRect cell = list->visualRect(list->model()->index(row, 0));
-    QTest::mouseClick(list->viewport(), Qt::LeftButton,
-                      row == 0 ? Qt::NoModifier : Qt::ControlModifier, cell.center());
-  }
-  Click(Find<QPushButton>(window(), "cmdRemove"));
-  EXPECT_EQ(Rows(), (QStringList{"\\d\\b", "\\d\\d"}));
-  EXPECT_EQ(Find<QLabel>(window(), "lStat")->text(), "2 files.");
+  ClickRow(list, 0);
+  ClickRow(list, 4, Qt::ControlModifier);
+  ClickRow(list, 2, Qt::ControlModifier);
+  Click(Find("cmdRemove"));
+  EXPECT_EQ(Rows(list), (QStringList{"\\d\\b", "\\d\\d"}));
+  EXPECT_EQ(Find<QLabel>("lStat")->text(), "2 files.");
   EXPECT_TRUE(list->selectionModel()->selectedRows().isEmpty());
-  Click(Find<QPushButton>(window(), "cmdClear"));
-  EXPECT_EQ(Find<QLabel>(window(), "lStat")->text(), "0 files.");
+  Click(Find("cmdClear"));
+  EXPECT_EQ(Find<QLabel>("lStat")->text(), "0 files.");
 }
 
+// Once flaky on a loaded machine: the answer is typed into the name box,
+// since selectFile leaves the box alone once it has the focus, which it
+// takes at some moment after opening.
 TEST_F(FilePageTest, AddFilesTakesEveryFileChosenInTheDialog) {
   QTemporaryDir folder;
   for (const char* name : {"b.txt", "a.txt", "c"}) {
@@ -212,27 +313,24 @@ TEST_F(FilePageTest, AddFilesTakesEveryFileChosenInTheDialog) {
     auto* dialog = qobject_cast<QFileDialog*>(modal);
     ASSERT_NE(dialog, nullptr);
     dialog->setDirectory(folder.path());
-    // Typed into the name box: selectFile leaves the box alone once it has
-    // the focus, which it takes at some moment after opening.
-    Find<QLineEdit>(dialog, "fileNameEdit")->setText("\"b.txt\" \"a.txt\"");
+    Find<QLineEdit>("fileNameEdit", dialog)->setText("\"b.txt\" \"a.txt\"");
     QMetaObject::invokeMethod(dialog, "accept");
   });
-  Click(Find<QPushButton>(window(), "cmdAddFiles"));
+  Click(Find("cmdAddFiles"));
   const QString model = QString::fromStdString(ToModelPath(folder.path().toStdString()));
-  EXPECT_EQ(Rows(), (QStringList{model + "\\a.txt", model + "\\b.txt"}));
+  EXPECT_EQ(Rows(list), (QStringList{model + "\\a.txt", model + "\\b.txt"}));
 }
 
 // A greyed box is drawn partly checked; a click ticks it.
 TEST_F(QtWizardTest, BoxesFollowTheirControlsBothWays) {
-  Start();
-  Click(Find<QLabel>(window(), "lblStep2"));
-  auto* underscores = Find<QCheckBox>(window(), "chkRemoveu");
-  auto* spaces = Find<QCheckBox>(window(), "chkAllowSpaces");
+  Start(2);
+  auto* underscores = Find<QCheckBox>("chkRemoveu");
+  auto* spaces = Find<QCheckBox>("chkAllowSpaces");
   Click(underscores);
   Click(spaces);
   EXPECT_EQ(spaces->checkState(), Qt::Unchecked);
   EXPECT_EQ(underscores->checkState(), Qt::PartiallyChecked);
-  EXPECT_THAT(Find<QPlainTextEdit>(window(), "txtExample")->toPlainText().toStdString(),
+  EXPECT_THAT(Find<QPlainTextEdit>("txtExample")->toPlainText().toStdString(),
               ::testing::HasSubstr("My_file_data"));
   Click(underscores);
   EXPECT_EQ(underscores->checkState(), Qt::Checked);
@@ -241,111 +339,95 @@ TEST_F(QtWizardTest, BoxesFollowTheirControlsBothWays) {
 
 // The note on included paths lies over the destination options.
 TEST_F(QtWizardTest, IncludePathCoversTheDestinationWithItsNote) {
-  Start();
-  Click(Find<QLabel>(window(), "lblStep3"));
-  QWidget* same = Find<QWidget>(window(), "optMoveSameFolder");
+  Start(3);
+  QWidget* same = Find("optMoveSameFolder");
   const QPoint centre = same->mapTo(window(), same->rect().center());
   EXPECT_EQ(window()->childAt(centre), same);
-  Click(Find<QLabel>(window(), "lblStep2"));
-  Click(Find<QCheckBox>(window(), "chkIncludePaths"));
-  Click(Find<QPushButton>(window(), "cmdNext"));
+  Click(Find("lblStep2"));
+  Click(Find("chkIncludePaths"));
+  Click(Find("cmdNext"));
   EXPECT_EQ(window()->childAt(centre)->objectName(), "lInfoPath");
 }
 
 TEST_F(QtWizardTest, UnwantedFormattingShowsItsRowsAndSavesOnClose) {
-  Start();
-  Click(Find<QLabel>(window(), "lblStep2"));
-  const auto clickRow = [](QListView* list, int row) {
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
-                      list->visualRect(list->model()->index(row, 0)).center());
-    Settle();
-  };
+  Start(2);
   bool worked = false;
   WhenModalOpens([&](QWidget* dialog) {
-    auto* list = Find<QListView>(dialog, "lstRemove");
-    TypeOver(Find<QLineEdit>(dialog, "txtAdd"), "Copy ");
-    Click(Find<QPushButton>(dialog, "cmdAdd"));
+    auto* list = Find<QListView>("lstRemove", dialog);
+    TypeOver(Find("txtAdd", dialog), "Copy ");
+    Click(Find("cmdAdd", dialog));
     EXPECT_EQ(list->model()->index(0, 0).data(Qt::CheckStateRole).toInt(), Qt::Checked);
     // The edit box takes the clicked row's text, selected with the focus.
-    clickRow(list, 1);
-    auto* edit = Find<QLineEdit>(dialog, "txtEdit");
-    QTest::mouseClick(edit, Qt::LeftButton);
-    Settle();
+    ClickRow(list, 1);
+    auto* edit = Find<QLineEdit>("txtEdit", dialog);
+    Click(edit);
     EXPECT_EQ(edit->selectedText(), "Copy Of");
     dialog->close();  // the close box saves as Finished does
     worked = true;
   });
-  Click(Find<QPushButton>(window(), "cmdUnwantedFormat"));
+  Click(Find("cmdUnwantedFormat"));
   EXPECT_TRUE(worked);
-  EXPECT_THAT(store.GetProgramSetting("Settings", "FormattingList").AsText(),
+  EXPECT_THAT(world.store.GetProgramSetting("Settings", "FormattingList").AsText(),
               ::testing::StartsWith("Copy %%1|Copy Of%%0|"));
 }
 
 TEST_F(QtWizardTest, PickingAdvancedInTheWithBoxOpensItsDialog) {
-  Start();
-  Click(Find<QLabel>(window(), "lblStep2"));
+  Start(2);
   QString opened;
   WhenModalOpens([&](QWidget* dialog) {
-    opened = dialog->windowTitle();
-    Click(Find<QPushButton>(dialog, "cmdAccept"));
+    // The other box and the buttons beside both show the choice already.
+    opened = dialog->windowTitle() + " " + Find<QComboBox>("cboBatch6")->currentText();
+    EXPECT_TRUE(form->cmdReplaceAdv.visible());
+    Click(Find("cmdAccept", dialog));
   });
-  auto* with = Find<QComboBox>(window(), "cboBatch7");
+  auto* with = Find<QComboBox>("cboBatch7");
   with->showPopup();
-  QAbstractItemView* items = with->view();
-  QTest::mouseClick(items->viewport(), Qt::LeftButton, Qt::NoModifier,
-                    items->visualRect(items->model()->index(0, 0)).center());
-  Settle();
-  EXPECT_EQ(opened, "Advanced Replace");
-  EXPECT_EQ(Find<QComboBox>(window(), "cboBatch6")->currentText(), "(Advanced)");
+  ClickRow(with->view(), 0);
+  EXPECT_EQ(opened, "Advanced Replace (Advanced)");
+  // Anything else in one box hides the buttons and leaves the other box be.
+  form->cboBatch[6].SetText("x");
+  EXPECT_FALSE(form->cmdReplaceAdv.visible() || form->cmdReplaceAdv2.visible());
+  EXPECT_EQ(form->cboBatch[7].text(), "(Advanced)");
 }
 
-// Lists `count` files and enters step 3, whose preview loop shows the
-// progress window.
-void PreviewOf(fTessaly& form, int count) {
-  DropData drop;
-  for (int i = 0; i < count; ++i) drop.files.push_back("c:\\p\\" + std::to_string(i) + ".jpg");
-  form.AddDroppedFiles(drop);
-  form.lblStep[3].Click();
-  Settle();
-}
-
-TEST_F(QtWizardTest, ProgressStandsCentredOnTheWizardWithoutHoldingIt) {
-  bool looked = false;
-  ui.onPendingEvents = [&] {
-    ProgressWindow* progress = ui.progressWindow();
-    if (looked || progress == nullptr || progress->percentText() != "50%") return;
-    looked = true;
-    EXPECT_TRUE(progress->windowFlags().testFlag(Qt::Tool));  // no task-bar entry
-    EXPECT_FALSE(progress->isModal());
-    const QPoint offset = progress->frameGeometry().center() - window()->frameGeometry().center();
-    EXPECT_LE(offset.manhattanLength(), 4);
-    EXPECT_TRUE(window()->isEnabled());  // its buttons take clicks while the loop runs
-  };
-  PreviewOf(Start(), 4);
-  EXPECT_TRUE(looked);
-}
-
-TEST_F(QtWizardTest, CancelDuringTheLoopEndsTheProgramAtOnce) {
+// The preview loop's progress window stands centred on the wizard without
+// holding it: Cancel there ends the program at once.
+TEST_F(QtWizardTest, ProgressLeavesTheWizardFreeAndCancelEndsTheLoopAtOnce) {
   bool ended = false;
   int runsAfterCancel = 0;
   ui.onPendingEvents = [&] {
+    ProgressWindow* progress = ui.progressWindow();
     if (ended) {
       ++runsAfterCancel;
-      return;
-    }
-    ProgressWindow* progress = ui.progressWindow();
-    if (progress != nullptr && progress->percentText() == "25%") {
-      QTest::mouseClick(Find<QPushButton>(window(), "cmdCancel"), Qt::LeftButton);
+    } else if (progress != nullptr && progress->percentText() == "25%") {
+      EXPECT_TRUE(progress->windowFlags().testFlag(Qt::Tool));  // no task-bar entry
+      EXPECT_FALSE(progress->isModal());
+      const QPoint offset = progress->frameGeometry().center() - window()->frameGeometry().center();
+      EXPECT_LE(offset.manhattanLength(), 4);
+      EXPECT_TRUE(window()->isEnabled());
+      QTest::mouseClick(Find<QPushButton>("cmdCancel"), Qt::LeftButton);
     }
   };
-  Start().programEnded.Connect([&ended] { ended = true; });
-  PreviewOf(*form, 8);
+  fTessaly& wizard = Start();
+  wizard.programEnded.Connect([&ended] { ended = true; });
+  DropData drop;
+  for (int i = 0; i < 8; ++i) drop.files.push_back("c:\\p\\" + std::to_string(i) + ".jpg");
+  wizard.AddDroppedFiles(drop);
+  wizard.lblStep[3].Click();
+  Settle();
   EXPECT_TRUE(ended);
   EXPECT_EQ(runsAfterCancel, 0);  // no further file was looked at
-  EXPECT_FALSE(ui.progressTexts.contains("37.5%"));
   EXPECT_EQ(ui.progressWindow(), nullptr);
   EXPECT_EQ(ui.wizardWindow(), nullptr);  // the window went with its form
 }
 
 }  // namespace
 }  // namespace tessaly::qt
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication app(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  ::testing::InitGoogleTest(&argc, argv);
+  return RUN_ALL_TESTS();
+}
