@@ -9,7 +9,7 @@
 namespace tessaly::cli {
 
 struct CliResult {
-  int exitCode = -1;  // -1 when it did not end by itself in time
+  int exitCode = -1;  // -1 when it did not end by itself
   std::string out;
   std::string err;
 };

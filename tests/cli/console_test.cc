@@ -1,5 +1,6 @@
 // The console program's pieces: its options, the shell's words, its printers.
 #include <gtest/gtest.h>
+
 #include <chrono>
 #include <sstream>
 #include <string>
@@ -17,14 +18,14 @@ using Kind = Request::Kind;
 using Words = std::vector<std::string>;
 
 TEST(ReadArguments, OptionsAndWhatTheyLeave) {
+  const std::string raw = R"q("c:\a b.txt";rel.txt /placement2:"(none)" /step:4)q";
   struct Case {
     Words words;
     Kind kind;
     Words left;  // files and switches
-    bool dryRun = false;
-    bool json = false;
-    bool nul = false;
+    bool dryRun = false, json = false, nul = false;
     const char* filesFrom = nullptr;
+    std::string commandLine = "";  // passed through unchanged
   };
   const Case cases[] = {
       {{"--help"}, Kind::kHelp, {}},
@@ -34,36 +35,26 @@ TEST(ReadArguments, OptionsAndWhatTheyLeave) {
       {{"a.txt", "--dry-run", "--json"}, Kind::kRun, {"a.txt"}, true, true},
       {{"-n0", "--files-from", "-"}, Kind::kRun, {}, true, false, true, "-"},
       {{"--null", "--files-from=list", "/step:4"}, Kind::kRun, {"/step:4"}, false, false, true, "list"},
+      {{"-n", "--command-line", raw}, Kind::kRun, {}, true, false, false, nullptr, raw},
       // "--" ends the options, and stays to end the switches too.
       {{"--", "-n", "--odd.txt", "/exit"}, Kind::kRun, {"--", "-n", "--odd.txt", "/exit"}},
-      {{"-x"}, Kind::kError, {}},
-      {{"--bogus"}, Kind::kError, {}},
-      {{"--files-from"}, Kind::kError, {}},
+      {{"-x"}, Kind::kError, {}}, {{"--bogus"}, Kind::kError, {}}, {{"--files-from"}, Kind::kError, {}},
       {{"--command-line", "x", "/exit"}, Kind::kError, {}},
       {{"a.txt", "--command-line", "x"}, Kind::kError, {}},
+      {{"--files-from", "list", "--command-line", "x"}, Kind::kError, {}},
   };
   for (const Case& c : cases) {
+    SCOPED_TRACE(c.words.back());
     const Request request = ReadArguments(c.words);
-    const std::string first = c.words.front();
-    EXPECT_EQ(request.kind, c.kind) << first;
+    EXPECT_EQ(request.kind, c.kind);
     if (c.kind != Kind::kRun) continue;
-    EXPECT_EQ(request.words, c.left) << first;
-    EXPECT_EQ(request.dryRun, c.dryRun) << first;
-    EXPECT_EQ(request.json, c.json) << first;
-    EXPECT_EQ(request.nulSeparated, c.nul) << first;
-    EXPECT_EQ(request.filesFrom.value_or("(none)"), c.filesFrom ? c.filesFrom : "(none)") << first;
+    EXPECT_EQ(request.words, c.left);
+    EXPECT_EQ(request.dryRun, c.dryRun);
+    EXPECT_EQ(request.json, c.json);
+    EXPECT_EQ(request.nulSeparated, c.nul);
+    EXPECT_EQ(request.filesFrom.value_or("(none)"), c.filesFrom ? c.filesFrom : "(none)");
+    EXPECT_EQ(request.commandLine.value_or(""), c.commandLine);
   }
-}
-
-TEST(ReadArguments, RawCommandLinePassesThroughUnchanged) {
-  const std::string raw = R"q("c:\a b.txt";rel.txt /placement2:"(none)" /step:4)q";
-  const Request request = ReadArguments({"-n", "--command-line", raw});
-  EXPECT_EQ(request.kind, Kind::kRun);
-  EXPECT_EQ(request.commandLine, raw);
-  EXPECT_TRUE(request.dryRun);
-}
-
-TEST(ReadArguments, AnErrorNamesTheWordAndTheWayOut) {
   EXPECT_EQ(ReadArguments({"--lower"}).error,
             "unknown option '--lower' (for a file of that name, write ./--lower or put it behind "
             "--)");
@@ -76,8 +67,8 @@ TEST(ReadWholeCommandLine, OptionsComeOffTheFrontAndTheRestStaysAsItIs) {
     const char* text;
     Kind kind;
     const char* left;
-    bool dryRun = false;
-    bool json = false;
+    bool dryRun = false, json = false;
+    const char* filesFrom = "(none)";
   };
   const Case cases[] = {
       {R"q(C:\a b.txt;"C:\c.txt"  /step:4 -n)q", Kind::kRun, R"q(C:\a b.txt;"C:\c.txt"  /step:4 -n)q"},
@@ -85,22 +76,21 @@ TEST(ReadWholeCommandLine, OptionsComeOffTheFrontAndTheRestStaysAsItIs) {
       {"-- -n.txt /exit", Kind::kRun, "-n.txt /exit"},
       {"- a.txt", Kind::kRun, "- a.txt"},
       {"--dry-run", Kind::kRun, "", true},
+      {"-0 --files-from \"C:\\my list\" /step:4", Kind::kRun, "/step:4", false, false, "C:\\my list"},
       {"--version C:\\a.txt", Kind::kVersion, ""},
-      {"-h", Kind::kHelp, ""},
-      {"-x a.txt", Kind::kError, ""},
-      {"-0 --files-from \"C:\\my list\" /step:4", Kind::kRun, "/step:4"},
+      {"-h", Kind::kHelp, ""}, {"-x a.txt", Kind::kError, ""},
       {"--command-line a.txt", Kind::kError, ""},
   };
   for (const Case& c : cases) {
+    SCOPED_TRACE(c.text);
     const Request request = ReadWholeCommandLine(c.text);
-    EXPECT_EQ(request.kind, c.kind) << c.text;
+    EXPECT_EQ(request.kind, c.kind);
     if (c.kind != Kind::kRun) continue;
-    EXPECT_EQ(request.commandLine, c.left) << c.text;
-    EXPECT_EQ(request.dryRun, c.dryRun) << c.text;
-    EXPECT_EQ(request.json, c.json) << c.text;
+    EXPECT_EQ(request.commandLine, c.left);
+    EXPECT_EQ(request.dryRun, c.dryRun);
+    EXPECT_EQ(request.json, c.json);
+    EXPECT_EQ(request.filesFrom.value_or("(none)"), c.filesFrom);
   }
-  EXPECT_EQ(ReadWholeCommandLine("-0 --files-from \"C:\\my list\" /step:4").filesFrom,
-            "C:\\my list");
 }
 
 TEST(ReadFileNames, KeepsEveryByteButTheSeparator) {
@@ -110,13 +100,11 @@ TEST(ReadFileNames, KeepsEveryByteButTheSeparator) {
   EXPECT_EQ(ReadFileNames(nul, true), (Words{"new\nline.txt", "tab\t.txt"}));
 }
 
-
 TEST(SortShellWords, SwitchesOnlyInFullTheRestFiles) {
   struct Case {
     Words words;
     Words files;
-    std::string switches;
-    std::string badSwitch = "";
+    std::string switches, badSwitch = "";
   };
   const Case cases[] = {
       // Files: made absolute, cleaned, model form, every byte kept.
@@ -138,50 +126,42 @@ TEST(SortShellWords, SwitchesOnlyInFullTheRestFiles) {
       // "--" ends the switches; empty words are dropped.
       {{"", "/step:3", "--", "/exit", "--", "-n"},
        {R"(\exit)", R"(\home\ann\work\--)", R"(\home\ann\work\-n)"}, "/step:3"},
-      // Written like a switch but none: refused.
-      {{"a.txt", "/stpe:4"}, {}, "", "/stpe:4"},
-      {{"/settings:Bogus"}, {}, "", "/settings:Bogus"},
-      {{"/placement9:x"}, {}, "", "/placement9:x"},
+      // Written like a switch but none: refused, unless something of that name exists.
+      {{"a.txt", "/stpe:4"}, {}, "", "/stpe:4"}, {{"/settings:Bogus"}, {}, "", "/settings:Bogus"},
+      {{"/placement9:x"}, {}, "", "/placement9:x"}, {{"/Exit"}, {}, "", "/Exit"},
       {{"/placement1:a\"b"}, {}, "", "/placement1:a\"b"},
       {{"/placement1:x /exit"}, {}, "", "/placement1:x /exit"},
-      {{"/Exit"}, {}, "", "/Exit"},
       {{"/settings:UpperCase/x"}, {}, "", "/settings:UpperCase/x"},
-      // ... unless something of that name exists.
       {{"/tmp"}, {R"(\tmp)"}, ""},
   };
   for (const Case& c : cases) {
+    SCOPED_TRACE(c.words.back());
     const ShellWords sorted = SortShellWords(c.words, "/home/ann/work");
-    const std::string last = c.words.back();
-    EXPECT_EQ(sorted.badSwitch, c.badSwitch) << last;
+    EXPECT_EQ(sorted.badSwitch, c.badSwitch);
     if (!c.badSwitch.empty()) continue;
-    EXPECT_EQ(sorted.files, c.files) << last;
-    EXPECT_EQ(sorted.switches, c.switches) << last;
+    EXPECT_EQ(sorted.files, c.files);
+    EXPECT_EQ(sorted.switches, c.switches);
   }
 }
-
-constexpr Rgb kBlue{0, 0, 255};
-constexpr Rgb kRed{255, 0, 0};
-constexpr Rgb kBlack{0, 0, 0};
 
 // A log as the wizard writes it: head, one line per file coloured whole,
 // foot without a final line end.
 RichTextBox SampleLog() {
   RichTextBox box;
   box.SetText("Head\r\n");
-  box.SetSelStart(box.Length());
   auto line = [&](std::string_view text, Rgb colour) {
-    const std::size_t start = box.selStart();
-    box.SetSelText(text);
-    const std::size_t end = box.selStart();
+    const std::size_t start = box.Length();
     box.SetSelStart(start);
-    box.SetSelLength(end - start);
+    box.SetSelText(text);
+    box.SetSelStart(start);
+    box.SetSelLength(box.Length() - start);
     box.SetSelColor(colour);
-    box.SetSelStart(end);
   };
-  line("Ünï > ä (Completed)\r\n", kBlue);
+  line("Ünï > ä (Completed)\r\n", {0, 0, 255});
   // A name may hold control characters; they must not reach the terminal.
-  line("x\x1b[8m\r > y\n (Failed! - Error Renaming File)\r\n", kRed);
-  line("z > z (No Change}\r\n", kBlack);
+  line("x\x1b[8m\r > y\n (Failed! - Error Renaming File)\r\n", {255, 0, 0});
+  line("z > z (No Change}\r\n", {0, 0, 0});
+  box.SetSelStart(box.Length());
   box.SetSelText("\r\nFoot");
   return box;
 }
@@ -192,26 +172,16 @@ std::string Printed(const RichTextBox& box, ColourMode mode) {
   return out.str();
 }
 
-TEST(PrintRichText, PlainTextHasUnixLineEndsAndEndsWithOne) {
+// Plain text has Unix line ends and ends with one. Basic colours wrap each
+// coloured line but not black ones, and land behind multi-byte letters,
+// since runs count characters.
+TEST(PrintRichText, EscapedLinesInTheirColours) {
+  const std::string failed = "x\\x1b[8m\\r > y\\n (Failed! - Error Renaming File)\n";
+  const std::string tail = "z > z (No Change}\n\nFoot\n";
   EXPECT_EQ(Printed(SampleLog(), ColourMode::kNone),
-            "Head\n"
-            "Ünï > ä (Completed)\n"
-            "x\\x1b[8m\\r > y\\n (Failed! - Error Renaming File)\n"
-            "z > z (No Change}\n"
-            "\n"
-            "Foot\n");
-}
-
-TEST(PrintRichText, BasicColoursWrapEachColouredLineButNotBlackOnes) {
-  // Runs count characters; the escape must land behind the multi-byte
-  // letters, not inside them.
+            "Head\nÜnï > ä (Completed)\n" + failed + tail);
   EXPECT_EQ(Printed(SampleLog(), ColourMode::kBasic),
-            "Head\n"
-            "\x1b[34mÜnï > ä (Completed)\n\x1b[0m"
-            "\x1b[31mx\\x1b[8m\\r > y\\n (Failed! - Error Renaming File)\n\x1b[0m"
-            "z > z (No Change}\n"
-            "\n"
-            "Foot\n");
+            "Head\n\x1b[34mÜnï > ä (Completed)\n\x1b[0m\x1b[31m" + failed + "\x1b[0m" + tail);
   const std::string printed = Printed(SampleLog(), ColourMode::kTrueColour);
   EXPECT_NE(printed.find("\x1b[38;2;0;0;255mÜnï"), std::string::npos);
   EXPECT_EQ(printed.find("38;2;0;0;0"), std::string::npos);
@@ -231,16 +201,16 @@ TEST(ProgressPrinter, PlainOutputKeepsOnlyEachWindowsLastState) {
   std::ostringstream out;
   ProgressPrinter printer(out, false);
   printer.Begin();
-  printer.Draw(" Progress", "0%");
-  printer.Draw("Renaming and Moving Files...", "0%");
-  printer.Draw("Renaming and Moving Files...", "33.33%");
-  printer.Draw("Renaming and Moving Files...", "100%");
+  printer.Draw(" Run", "0%");
+  printer.Draw("Run", "100%");
   printer.End();
   printer.Begin();
   printer.End();  // a window that never drew prints nothing
-  EXPECT_EQ(out.str(), "Renaming and Moving Files...  100%\n");
+  EXPECT_EQ(out.str(), "Run  100%\n");
 }
 
+// A terminal skips states between draws, but never a window's first, its
+// "100%", nor the state it ends in.
 TEST(ProgressPrinter, TerminalSkipsStatesBetweenDrawsButNeverTheLast) {
   std::ostringstream out;
   ProgressPrinter printer(out, true, std::chrono::hours(1));
@@ -251,7 +221,10 @@ TEST(ProgressPrinter, TerminalSkipsStatesBetweenDrawsButNeverTheLast) {
   printer.BreakLine();  // a question breaks the line, and the line comes back
   out << "Question?\n";
   printer.End();
-  EXPECT_EQ(out.str(), "\rRun  0%\x1b[K\nQuestion?\n\rRun  25%\x1b[K\n");
+  printer.Begin();
+  printer.Draw("Run", "50%");
+  printer.Draw("Run", "100%");
+  EXPECT_EQ(out.str(), "\rRun  0%\x1b[K\nQuestion?\n\rRun  25%\x1b[K\n\rRun  50%\x1b[K\rRun  100%\x1b[K");
 }
 
 }  // namespace
