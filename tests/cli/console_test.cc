@@ -1,7 +1,9 @@
-// The console program's pieces: its options, the shell's words, its printers.
+// The console program's pieces: its options, the shell's words, its printers
+// and its dialogs.
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <deque>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -10,6 +12,7 @@
 #include "log_printer.h"
 #include "platform/posix/shell_words.h"
 #include "progress_printer.h"
+#include "terminal_ui.h"
 
 namespace tessaly::cli {
 namespace {
@@ -101,12 +104,10 @@ TEST(ReadFileNames, KeepsEveryByteButTheSeparator) {
 }
 
 TEST(SortShellWords, SwitchesOnlyInFullTheRestFiles) {
-  struct Case {
-    Words words;
-    Words files;
-    std::string switches, badSwitch = "";
-  };
-  const Case cases[] = {
+  const struct {
+    Words words, files;
+    std::string switches;
+  } cases[] = {
       // Files: made absolute, cleaned, model form, every byte kept.
       {{"a.txt", "/tmp/b  c.JPG"}, {R"(\home\ann\work\a.txt)", R"(\tmp\b  c.JPG)"}, ""},
       {{"./sub/../c.txt", "../up.txt"}, {R"(\home\ann\work\c.txt)", R"(\home\ann\up.txt)"}, ""},
@@ -114,9 +115,10 @@ TEST(SortShellWords, SwitchesOnlyInFullTheRestFiles) {
        {R"(\home\ann\work\one;two.txt)", R"(\home\ann\work\x/step:4.txt)",
         R"(\home\ann\work\say "hi".TXT)", "\\home\\ann\\work\\new\nline"},
        ""},
-      // A path from the root that only begins like a switch.
-      {{"/showwiz/Photo.JPG", "/home/ann/exit.txt"},
-       {R"(\showwiz\Photo.JPG)", R"(\home\ann\exit.txt)"}, ""},
+      // A path from the root that only begins like a switch, or is written
+      // like one but exists.
+      {{"/showwiz/Photo.JPG", "/home/ann/exit.txt", "/tmp"},
+       {R"(\showwiz\Photo.JPG)", R"(\home\ann\exit.txt)", R"(\tmp)"}, ""},
       // Switches, in their order, placement values quoted again.
       {{"/exit", "a.txt", "/settings:Capitalize", "/step:4", "/hide", "/show"},
        {R"(\home\ann\work\a.txt)"}, "/exit /settings:Capitalize /step:4 /hide /show"},
@@ -126,21 +128,18 @@ TEST(SortShellWords, SwitchesOnlyInFullTheRestFiles) {
       // "--" ends the switches; empty words are dropped.
       {{"", "/step:3", "--", "/exit", "--", "-n"},
        {R"(\exit)", R"(\home\ann\work\--)", R"(\home\ann\work\-n)"}, "/step:3"},
-      // Written like a switch but none: refused, unless something of that name exists.
-      {{"a.txt", "/stpe:4"}, {}, "", "/stpe:4"}, {{"/settings:Bogus"}, {}, "", "/settings:Bogus"},
-      {{"/placement9:x"}, {}, "", "/placement9:x"}, {{"/Exit"}, {}, "", "/Exit"},
-      {{"/placement1:a\"b"}, {}, "", "/placement1:a\"b"},
-      {{"/placement1:x /exit"}, {}, "", "/placement1:x /exit"},
-      {{"/settings:UpperCase/x"}, {}, "", "/settings:UpperCase/x"},
-      {{"/tmp"}, {R"(\tmp)"}, ""},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.words.back());
     const ShellWords sorted = SortShellWords(c.words, "/home/ann/work");
-    EXPECT_EQ(sorted.badSwitch, c.badSwitch);
-    if (!c.badSwitch.empty()) continue;
+    EXPECT_EQ(sorted.badSwitch, "");
     EXPECT_EQ(sorted.files, c.files);
     EXPECT_EQ(sorted.switches, c.switches);
+  }
+  // Written like a switch but none: refused.
+  for (const char* bad : {"/stpe:4", "/settings:Bogus", "/placement9:x", "/placement1:a\"b",
+                          "/placement1:x /exit", "/Exit", "/settings:UpperCase/x"}) {
+    EXPECT_EQ(SortShellWords({"a.txt", bad}, "/home/ann/work").badSwitch, bad);
   }
 }
 
@@ -225,6 +224,70 @@ TEST(ProgressPrinter, TerminalSkipsStatesBetweenDrawsButNeverTheLast) {
   printer.Draw("Run", "50%");
   printer.Draw("Run", "100%");
   EXPECT_EQ(out.str(), "\rRun  0%\x1b[K\nQuestion?\n\rRun  25%\x1b[K\n\rRun  50%\x1b[K\rRun  100%\x1b[K");
+}
+
+// A person who answers from a queue; with the queue empty the input ends.
+class QueuedPerson : public Person {
+ public:
+  bool reachable = true;
+  std::deque<std::string> answers;
+  std::vector<std::string> prompts;
+
+  bool Reachable() override { return reachable; }
+  std::optional<std::string> Ask(std::string_view prompt) override {
+    prompts.emplace_back(prompt);
+    if (answers.empty()) return std::nullopt;
+    std::string answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
+};
+
+// A name that would hide the rest of the question on a terminal, and the
+// question as shown.
+constexpr std::string_view kQuestion =
+    "The file 'b\x1b[8m.txt' already exists. Would you like to overwrite this file?";
+const std::string kShown =
+    "Confirm Overwrite: The file 'b\\x1b[8m.txt' already exists. Would you like to overwrite this "
+    "file?";
+
+class TerminalUiTest : public ::testing::Test {
+ protected:
+  MessageAnswer AskOverwrite() {
+    return ui.MessageBox(kQuestion, MessageButtons::kYesNoCancel, "Confirm Overwrite");
+  }
+
+  std::ostringstream out, messages;
+  QueuedPerson person;
+  TerminalUi ui{out, messages, false, person};
+};
+
+TEST_F(TerminalUiTest, WithNoTerminalTheAnswerIsNoAndSaidSo) {
+  person.reachable = false;
+  EXPECT_EQ(AskOverwrite(), MessageAnswer::kNo);
+  EXPECT_EQ(messages.str(), kShown + "\nConfirm Overwrite: no terminal to ask, answering No\n");
+  EXPECT_TRUE(person.prompts.empty());
+}
+
+// What the person types, one line at a time: a line not understood is
+// asked again, and the end of input is No.
+TEST_F(TerminalUiTest, ReadsEachAnswer) {
+  person.answers = {"maybe", "", " Y ", "no", "C", "yes", "n"};
+  for (MessageAnswer answer : {MessageAnswer::kYes, MessageAnswer::kNo, MessageAnswer::kCancel,
+                               MessageAnswer::kYes, MessageAnswer::kNo, MessageAnswer::kNo}) {
+    EXPECT_EQ(AskOverwrite(), answer);
+  }
+  EXPECT_EQ(person.prompts[0], kShown + " [y]es, [n]o, [c]ancel? ");
+  EXPECT_EQ(messages.str(), "\nConfirm Overwrite: no answer, answering No\n");
+}
+
+TEST_F(TerminalUiTest, OkBoxIsPrintedWithoutAskingAndPickersAreCancelled) {
+  EXPECT_EQ(ui.MessageBox("The list\r\nis\nfull.\x7f", MessageButtons::kOk, "Tessaly"),
+            MessageAnswer::kOk);
+  EXPECT_EQ(messages.str(), "Tessaly: The list\nis\\nfull.\\x7f\n");
+  EXPECT_EQ(ui.BrowseForFolder("Select a folder", "\\home"), "");
+  EXPECT_FALSE(ui.ShowOpenFileDialog(OpenFileRequest{}).accepted);
+  EXPECT_TRUE(person.prompts.empty());
 }
 
 }  // namespace

@@ -40,7 +40,8 @@ int Setting(const char* name, int fallback) {
 
 // What one look at the folders found.
 struct Tally {
-  int old = 0, renamed = 0, temp = 0, copies = 0, faults = 0;
+  int at[3] = {};  // contents under their old, new and temporary names
+  int copies = 0, faults = 0;
 };
 
 class CrashConsistencyTest : public ::testing::Test {
@@ -78,8 +79,7 @@ class CrashConsistencyTest : public ::testing::Test {
   // machine. False when it ended by itself first.
   bool KillMidway(pid_t pid) {
     const std::vector<int> pending = Pending();
-    std::uniform_int_distribution<std::size_t> pick(0, pending.empty() ? 0 : pending.size() - 1);
-    const std::string sign = New(pending.empty() ? 0 : pending[pick(random_)]);
+    const std::string sign = pending.empty() ? "" : New(pending[random_() % pending.size()]);
     for (int status = 0; waitpid(pid, &status, WNOHANG) == 0;) {
       if (fs::exists(sign)) {
         kill(pid, SIGKILL);
@@ -95,7 +95,7 @@ class CrashConsistencyTest : public ::testing::Test {
   // damaged or misnamed, and removes the sources of finished copies so the
   // next run does not ask about them.
   Tally Check() {
-    std::vector<std::array<int, 3>> found(count_);  // under the old, new, temporary name
+    std::vector<std::array<int, 3>> found(count_);
     Tally tally;
     for (const std::string& folder : std::set{files_, target_}) {
       for (const auto& entry : fs::directory_iterator(folder)) {
@@ -104,24 +104,19 @@ class CrashConsistencyTest : public ::testing::Test {
         const std::string content{std::istreambuf_iterator<char>(in), {}};
         int i = -1;
         std::sscanf(content.c_str(), "content %d", &i);
-        const int place = i < 0 || i >= count_ || content != Content(i) ? -1
-                          : path == Old(i)                              ? 0
-                          : path == New(i)                              ? 1
-                          : path == New(i) + ".temp"                    ? 2
-                                                                        : -1;
-        if (place < 0) {
+        const std::string places[] = {Old(i), New(i), New(i) + ".temp"};
+        const auto place = std::ranges::find(places, path) - places;
+        if (i < 0 || i >= count_ || content != Content(i) || place == 3) {
           ADD_FAILURE() << "unknown or damaged file, or one under a wrong name: " << path;
           ++tally.faults;
         } else {
           ++found[i][place];
+          ++tally.at[place];
         }
       }
     }
     for (int i = 0; i < count_; ++i) {
       const auto [old, renamed, temp] = found[i];
-      tally.old += old;
-      tally.renamed += renamed;
-      tally.temp += temp;
       if (target_ != files_ && old == 1 && renamed == 1 && temp == 0) {
         ++tally.copies;
         fs::remove(Old(i));
@@ -140,7 +135,7 @@ class CrashConsistencyTest : public ::testing::Test {
       const bool killed = KillMidway(Start(placements));
       const Tally tally = Check();
       std::cout << label << " kill " << k + 1 << (killed ? "" : " (ended by itself)")
-                << ": old " << tally.old << ", new " << tally.renamed << ", temp " << tally.temp
+                << ": old " << tally.at[0] << ", new " << tally.at[1] << ", temp " << tally.at[2]
                 << ", copy beside source " << tally.copies << ", faults " << tally.faults << "\n";
       if (tally.faults > 0) return;
     }
@@ -148,7 +143,7 @@ class CrashConsistencyTest : public ::testing::Test {
     waitpid(Start(placements), &status, 0);
     const Tally last = Check();
     EXPECT_EQ(last.faults, 0);
-    EXPECT_EQ(last.old, 0);
+    EXPECT_EQ(last.at[0], 0);
   }
 
   const int count_ = Setting("TESSALY_CRASH_FILES", 2000);

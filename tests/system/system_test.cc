@@ -93,17 +93,15 @@ TEST_F(SystemTest, AReadOnlyMachineHiveOrAFailedStepStopsNothingElse) {
 }
 
 TEST(ProductSiteTest, TitleValueThenDefaultValueThenBuiltIn) {
-  const std::string builtIn(kBuiltInSiteAddress), title = "http://t.example";
+  const std::string builtIn(kBuiltInSiteAddress), title = "http://t.example",
+                    other = "http://d.example";
   const struct {
     std::optional<SettingValue> titleValue, defaultValue;
     std::string site;
   } cases[] = {
-      {{}, {}, builtIn},
-      {Text(title), Text("http://d.example"), title},
-      {{}, Text("http://d.example"), "http://d.example"},
-      {Text("  "), Text("http://d.example"), builtIn},
-      {Text(" " + title + " "), {}, " " + title + " "},
-      {SettingValue::FromInt32(5), Text("http://d.example"), "http://d.example"},
+      {{}, {}, builtIn},        {Text(title), Text(other), title},   {{}, Text(other), other},
+      {Text("  "), Text(other), builtIn}, {Text(" " + title + " "), {}, " " + title + " "},
+      {SettingValue::FromInt32(5), Text(other), other},
   };
   for (const auto& c : cases) {
     MemoryRegistry registry;
@@ -144,7 +142,7 @@ TEST_F(SystemTest, UpdaterStartsOnceAWeekEvenWhenItFails) {
 
 // Only the switch's value one, a plain connection and an updater that is a
 // file let the check run; one that did not run is tried next time.
-TEST(CheckForUpdatesTest, WhatLetsTheCheckRun) {
+TEST_F(SystemTest, WhatLetsTheUpdateCheckRun) {
   using namespace connection;
   const struct {
     SettingValue value;
@@ -165,13 +163,9 @@ TEST(CheckForUpdatesTest, WhatLetsTheCheckRun) {
     SettingsStore store(registry);
     store.SaveSharedSetting(kShortPathsKey, "AutoUpdate", Text(c.updater));
     store.SaveProgramSetting("SettingsNet", "AutoUpdate", c.value);
-    MemoryFileSystem files;
-    files.AddFile(kUpdater);
-    FixedNetworkStatus network;
-    network.Set(c.flags);
+    network_.Set(c.flags);
     RecordingShell shell;
-    CheckForUpdates(store, network, shell, FixedClock{CivilDate{2024, 3, 10}}, FixedProgram(),
-                    files);
+    CheckForUpdates(store, network_, shell, clock_, program_, files_);
     EXPECT_EQ(shell.requests().size(), c.runs ? 1u : 0u);
     EXPECT_EQ(store.GetProgramSetting("SettingsNet", "LastCheck").IsNothing(), !c.runs);
   }
