@@ -20,80 +20,54 @@ namespace {
 using Kind = Request::Kind;
 using Words = std::vector<std::string>;
 
+// A request in one line: "help", "version", "error", or the options set
+// (n: dry run, j: JSON, 0: NUL-separated), "<" and the list of files, each
+// word left in brackets, and "|" and the command-line text.
+std::string Summary(const Request& r) {
+  if (r.kind != Kind::kRun) {
+    return r.kind == Kind::kHelp ? "help" : r.kind == Kind::kVersion ? "version" : "error";
+  }
+  std::string text = r.dryRun ? "n" : "";
+  text += std::string(r.json ? "j" : "") + (r.nulSeparated ? "0" : "");
+  if (r.filesFrom) text += " <" + *r.filesFrom;
+  for (const std::string& word : r.words) text += " [" + word + "]";
+  if (r.commandLine) text += " |" + *r.commandLine;
+  return text;
+}
+
 TEST(ReadArguments, OptionsAndWhatTheyLeave) {
   const std::string raw = R"q("c:\a b.txt";rel.txt /placement2:"(none)" /step:4)q";
-  struct Case {
-    Words words;
-    Kind kind;
-    Words left;  // files and switches
-    bool dryRun = false, json = false, nul = false;
-    const char* filesFrom = nullptr;
-    std::string commandLine = "";  // passed through unchanged
-  };
-  const Case cases[] = {
-      {{"--help"}, Kind::kHelp, {}},
-      {{"a.txt", "-h", "/exit"}, Kind::kHelp, {"a.txt"}},
-      {{"--version"}, Kind::kVersion, {}},
-      {{"-n", "a.txt", "/step:4"}, Kind::kRun, {"a.txt", "/step:4"}, true},
-      {{"a.txt", "--dry-run", "--json"}, Kind::kRun, {"a.txt"}, true, true},
-      {{"-n0", "--files-from", "-"}, Kind::kRun, {}, true, false, true, "-"},
-      {{"--null", "--files-from=list", "/step:4"}, Kind::kRun, {"/step:4"}, false, false, true, "list"},
-      {{"-n", "--command-line", raw}, Kind::kRun, {}, true, false, false, nullptr, raw},
+  const std::pair<Words, std::string> cases[] = {
+      {{"--help"}, "help"}, {{"a.txt", "-h", "/exit"}, "help"}, {{"--version"}, "version"},
+      {{"-n", "a.txt", "/step:4"}, "n [a.txt] [/step:4]"},
+      {{"a.txt", "--dry-run", "--json"}, "nj [a.txt]"},
+      {{"-n0", "--files-from", "-"}, "n0 <-"},
+      {{"--null", "--files-from=list", "/step:4"}, "0 <list [/step:4]"},
+      {{"-n", "--command-line", raw}, "n |" + raw},  // passed through unchanged
       // "--" ends the options, and stays to end the switches too.
-      {{"--", "-n", "--odd.txt", "/exit"}, Kind::kRun, {"--", "-n", "--odd.txt", "/exit"}},
-      {{"-x"}, Kind::kError, {}}, {{"--bogus"}, Kind::kError, {}}, {{"--files-from"}, Kind::kError, {}},
-      {{"--command-line", "x", "/exit"}, Kind::kError, {}},
-      {{"a.txt", "--command-line", "x"}, Kind::kError, {}},
-      {{"--files-from", "list", "--command-line", "x"}, Kind::kError, {}},
+      {{"--", "-n", "--odd.txt", "/exit"}, " [--] [-n] [--odd.txt] [/exit]"},
+      {{"-x"}, "error"}, {{"--bogus"}, "error"}, {{"--files-from"}, "error"},
+      {{"--command-line", "x", "/exit"}, "error"}, {{"a.txt", "--command-line", "x"}, "error"},
+      {{"--files-from", "list", "--command-line", "x"}, "error"},
   };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.words.back());
-    const Request request = ReadArguments(c.words);
-    EXPECT_EQ(request.kind, c.kind);
-    if (c.kind != Kind::kRun) continue;
-    EXPECT_EQ(request.words, c.left);
-    EXPECT_EQ(request.dryRun, c.dryRun);
-    EXPECT_EQ(request.json, c.json);
-    EXPECT_EQ(request.nulSeparated, c.nul);
-    EXPECT_EQ(request.filesFrom.value_or("(none)"), c.filesFrom ? c.filesFrom : "(none)");
-    EXPECT_EQ(request.commandLine.value_or(""), c.commandLine);
-  }
-  EXPECT_EQ(ReadArguments({"--lower"}).error,
-            "unknown option '--lower' (for a file of that name, write ./--lower or put it behind "
-            "--)");
+  for (const auto& [words, summary] : cases) EXPECT_EQ(Summary(ReadArguments(words)), summary);
+  EXPECT_EQ(ReadArguments({"--lower"}).error, "unknown option '--lower' (for a file of that name, "
+                                              "write ./--lower or put it behind --)");
 }
 
 // On Windows the command line is one text: the options come off its front
 // and the rest reaches the wizard byte for byte.
 TEST(ReadWholeCommandLine, OptionsComeOffTheFrontAndTheRestStaysAsItIs) {
-  struct Case {
-    const char* text;
-    Kind kind;
-    const char* left;
-    bool dryRun = false, json = false;
-    const char* filesFrom = "(none)";
+  const std::pair<const char*, const char*> cases[] = {
+      {R"q(C:\a b.txt;"C:\c.txt"  /step:4 -n)q", R"q( |C:\a b.txt;"C:\c.txt"  /step:4 -n)q"},
+      {"  -n\t--json C:\\a.txt /step:4", "nj |C:\\a.txt /step:4"},
+      {"-- -n.txt /exit", " |-n.txt /exit"},
+      {"- a.txt", " |- a.txt"}, {"--dry-run", "n |"},
+      {"-0 --files-from \"C:\\my list\" /step:4", "0 <C:\\my list |/step:4"},
+      {"--version C:\\a.txt", "version"},
+      {"-h", "help"}, {"-x a.txt", "error"}, {"--command-line a.txt", "error"},
   };
-  const Case cases[] = {
-      {R"q(C:\a b.txt;"C:\c.txt"  /step:4 -n)q", Kind::kRun, R"q(C:\a b.txt;"C:\c.txt"  /step:4 -n)q"},
-      {"  -n\t--json C:\\a.txt /step:4", Kind::kRun, "C:\\a.txt /step:4", true, true},
-      {"-- -n.txt /exit", Kind::kRun, "-n.txt /exit"},
-      {"- a.txt", Kind::kRun, "- a.txt"},
-      {"--dry-run", Kind::kRun, "", true},
-      {"-0 --files-from \"C:\\my list\" /step:4", Kind::kRun, "/step:4", false, false, "C:\\my list"},
-      {"--version C:\\a.txt", Kind::kVersion, ""},
-      {"-h", Kind::kHelp, ""}, {"-x a.txt", Kind::kError, ""},
-      {"--command-line a.txt", Kind::kError, ""},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.text);
-    const Request request = ReadWholeCommandLine(c.text);
-    EXPECT_EQ(request.kind, c.kind);
-    if (c.kind != Kind::kRun) continue;
-    EXPECT_EQ(request.commandLine, c.left);
-    EXPECT_EQ(request.dryRun, c.dryRun);
-    EXPECT_EQ(request.json, c.json);
-    EXPECT_EQ(request.filesFrom.value_or("(none)"), c.filesFrom);
-  }
+  for (const auto& [text, summary] : cases) EXPECT_EQ(Summary(ReadWholeCommandLine(text)), summary);
 }
 
 TEST(ReadFileNames, KeepsEveryByteButTheSeparator) {
@@ -196,34 +170,30 @@ TEST(ColourModeFor, FollowsTheTerminalAndTheUsualVariables) {
   EXPECT_EQ(ColourModeFor(true, nullptr, "truecolor", "dumb"), ColourMode::kNone);
 }
 
-TEST(ProgressPrinter, PlainOutputKeepsOnlyEachWindowsLastState) {
-  std::ostringstream out;
-  ProgressPrinter printer(out, false);
-  printer.Begin();
-  printer.Draw(" Run", "0%");
-  printer.Draw("Run", "100%");
-  printer.End();
-  printer.Begin();
-  printer.End();  // a window that never drew prints nothing
-  EXPECT_EQ(out.str(), "Run  100%\n");
-}
-
-// A terminal skips states between draws, but never a window's first, its
+// Three windows: one broken by a question, one that reaches "100%", one
+// that never draws. Without a terminal each window prints its last state;
+// a terminal skips states between draws, but never a window's first, its
 // "100%", nor the state it ends in.
-TEST(ProgressPrinter, TerminalSkipsStatesBetweenDrawsButNeverTheLast) {
-  std::ostringstream out;
-  ProgressPrinter printer(out, true, std::chrono::hours(1));
-  printer.Begin();
-  printer.Draw("Run", "0%");
-  printer.Draw("Run", "12.5%");
-  printer.Draw("Run", "25%");
-  printer.BreakLine();  // a question breaks the line, and the line comes back
-  out << "Question?\n";
-  printer.End();
-  printer.Begin();
-  printer.Draw("Run", "50%");
-  printer.Draw("Run", "100%");
-  EXPECT_EQ(out.str(), "\rRun  0%\x1b[K\nQuestion?\n\rRun  25%\x1b[K\n\rRun  50%\x1b[K\rRun  100%\x1b[K");
+TEST(ProgressPrinter, PrintsWhatEachWindowCameTo) {
+  for (bool terminal : {false, true}) {
+    std::ostringstream out;
+    ProgressPrinter printer(out, terminal, std::chrono::hours(1));
+    printer.Begin();
+    for (const char* percent : {"0%", "12.5%", "25%"}) printer.Draw(" Run", percent);
+    printer.BreakLine();  // the line comes back after the question
+    out << "Question?\n";
+    printer.End();
+    printer.Begin();
+    printer.Draw("Run", "50%");
+    printer.Draw("Run", "100%");
+    out << "|";
+    printer.End();
+    printer.Begin();
+    printer.End();
+    EXPECT_EQ(out.str(), terminal ? "\rRun  0%\x1b[K\nQuestion?\n\rRun  25%\x1b[K\n\rRun  50%\x1b[K"
+                                    "\rRun  100%\x1b[K|\n"
+                                  : "Question?\nRun  25%\n|Run  100%\n");
+  }
 }
 
 // A person who answers from a queue; with the queue empty the input ends.
@@ -262,23 +232,21 @@ class TerminalUiTest : public ::testing::Test {
   TerminalUi ui{out, messages, false, person};
 };
 
-TEST_F(TerminalUiTest, WithNoTerminalTheAnswerIsNoAndSaidSo) {
-  person.reachable = false;
-  EXPECT_EQ(AskOverwrite(), MessageAnswer::kNo);
-  EXPECT_EQ(messages.str(), kShown + "\nConfirm Overwrite: no terminal to ask, answering No\n");
-  EXPECT_TRUE(person.prompts.empty());
-}
-
 // What the person types, one line at a time: a line not understood is
-// asked again, and the end of input is No.
-TEST_F(TerminalUiTest, ReadsEachAnswer) {
+// asked again, and the end of input is No. With no terminal the answer is
+// No without asking, and said so.
+TEST_F(TerminalUiTest, ReadsEachAnswerOrSaysNo) {
   person.answers = {"maybe", "", " Y ", "no", "C", "yes", "n"};
   for (MessageAnswer answer : {MessageAnswer::kYes, MessageAnswer::kNo, MessageAnswer::kCancel,
                                MessageAnswer::kYes, MessageAnswer::kNo, MessageAnswer::kNo}) {
     EXPECT_EQ(AskOverwrite(), answer);
   }
+  person.reachable = false;
+  EXPECT_EQ(AskOverwrite(), MessageAnswer::kNo);
+  EXPECT_EQ(person.prompts.size(), 8u);
   EXPECT_EQ(person.prompts[0], kShown + " [y]es, [n]o, [c]ancel? ");
-  EXPECT_EQ(messages.str(), "\nConfirm Overwrite: no answer, answering No\n");
+  EXPECT_EQ(messages.str(), "\nConfirm Overwrite: no answer, answering No\n" + kShown +
+                                "\nConfirm Overwrite: no terminal to ask, answering No\n");
 }
 
 TEST_F(TerminalUiTest, OkBoxIsPrintedWithoutAskingAndPickersAreCancelled) {

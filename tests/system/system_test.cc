@@ -12,7 +12,6 @@
 #include "system/product_site.h"
 #include "system/shared_keys.h"
 #include "system/shell_open.h"
-#include "system/short_path_of.h"
 #include "system/update_check.h"
 
 namespace tessaly {
@@ -65,6 +64,13 @@ TEST_F(SystemTest, AFreshSystemGetsTheWholeRecord) {
             Text(kFullPath));
   EXPECT_EQ(Machine(kUninstallKey, "Inno Setup: App Path"), Text("C:\\Program Files\\Tessaly"));
   EXPECT_EQ(registry_.OpenKeyCount(), 0u);
+  // A short form the system call's buffer of 300 characters (its end
+  // included) cannot hold is none.
+  for (const std::size_t length : {299, 300}) {
+    shortPaths_.Set(kFullPath, std::string(length, 'a'));
+    Record();
+    EXPECT_EQ(Shared(kShortPathsKey, "Tessaly").AsText().size(), length == 299 ? 299u : 0u);
+  }
 }
 
 TEST_F(SystemTest, ALaterStartInAnotherFolderKeepsSiteAndInstallDate) {
@@ -112,23 +118,13 @@ TEST(ProductSiteTest, TitleValueThenDefaultValueThenBuiltIn) {
   }
 }
 
-TEST(ShortPathOfTest, GivesTheShortFormThatFitsOrNothing) {
-  MemoryShortPaths shortPaths;
-  const std::string fits = "C:\\" + std::string(296, 'a');  // 299 characters
-  shortPaths.Set("fits", fits);
-  shortPaths.Set("long", fits + "a");
-  EXPECT_EQ(ShortPathOf(shortPaths, "C:\\gone.exe") + ShortPathOf(shortPaths, "long"), "");
-  EXPECT_EQ(ShortPathOf(shortPaths, "fits"), fits);
-}
-
 TEST_F(SystemTest, UpdaterStartsOnceAWeekEvenWhenItFails) {
   clock_.Set({{2024, 3, 10}, 0, 0, 0});
   shell_.SetAnswer(2);
   Check();
   EXPECT_EQ(LastCheck(), Text("112024"));
   // The updater's ".exe" makes the shell start it hidden.
-  ASSERT_EQ(shell_.requests().size(), 1u);
-  EXPECT_EQ(shell_.requests()[0],
+  EXPECT_EQ(shell_.requests().at(0),
             (ShellRequest{0, "open", std::string(kUpdater), "Tessaly,1.0.14", "", 0}));
   clock_.Set({{2024, 3, 16}, 23, 59, 0});  // Saturday, same week
   Check();
@@ -225,7 +221,8 @@ TEST(ShellOpenTest, AnswersUpTo32FailWithTheirReport) {
   for (const auto& c : cases) {
     shell.SetAnswer(c.answer);
     ShellFailure failure{-5, "untouched", "untouched"};
-    EXPECT_EQ(ShellOpen(shell, program, "C:\\a.txt", 1, "", "", "open", 0, &failure), c.answer > 32 || c.answer < 0);
+    const bool succeeds = c.answer > 32 || c.answer < 0;
+    EXPECT_EQ(ShellOpen(shell, program, "C:\\a.txt", 1, "", "", "open", 0, &failure), succeeds);
     EXPECT_EQ(failure, (ShellFailure{c.number, c.source, c.text})) << c.answer;
   }
 }
