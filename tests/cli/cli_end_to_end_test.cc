@@ -142,8 +142,9 @@ TEST_F(CliEndToEnd, Runs) {
        {"-n.txt", "two\nlines.txt", "evil\x1b[2j\x1b[hx.txt"}, 0,
        "/evil\\x1b[2j\\x1b[hx.txt (Completed)", ""},
       // A path from the root that only begins like a switch is a file, so
-      // without a switch the wizard opens on File Selection.
-      {{"A.TXT"}, {"/showwiz/Photo.JPG", "A.TXT"}, {}, 0, "", "stopped on step 1 with 1 files listed"},
+      // without a switch the wizard opens on File Selection, and says so.
+      {{"A.TXT"}, {"--json", "/showwiz/Photo.JPG", "A.TXT"}, {}, 0, "",
+       "stopped on step 1 with 1 files listed"},
       // A dry run shows each file, stores nothing and touches nothing.
       {{"x (1).TXT", "y (1).TXT", "y .txt", "E\x1b[2J (1).TXT"},
        {"-n", "x (1).TXT", "y (1).TXT", "E\x1b[2J (1).TXT", "/settings:RemoveNumbers", "/step:4"}, {},

@@ -38,7 +38,7 @@ std::string Summary(const Request& r) {
 TEST(ReadArguments, OptionsAndWhatTheyLeave) {
   const std::string raw = R"q("c:\a b.txt";rel.txt /placement2:"(none)" /step:4)q";
   const std::pair<Words, std::string> cases[] = {
-      {{"--help"}, "help"}, {{"a.txt", "-h", "/exit"}, "help"}, {{"--version"}, "version"},
+      {{"--help", "-x"}, "help"}, {{"a.txt", "-h", "/exit"}, "help"}, {{"--version"}, "version"},
       {{"-n", "a.txt", "/step:4"}, "n [a.txt] [/step:4]"},
       {{"a.txt", "--dry-run", "--json"}, "nj [a.txt]"},
       {{"-n0", "--files-from", "-"}, "n0 <-"},
@@ -61,8 +61,7 @@ TEST(ReadWholeCommandLine, OptionsComeOffTheFrontAndTheRestStaysAsItIs) {
   const std::pair<const char*, const char*> cases[] = {
       {R"q(C:\a b.txt;"C:\c.txt"  /step:4 -n)q", R"q( |C:\a b.txt;"C:\c.txt"  /step:4 -n)q"},
       {"  -n\t--json C:\\a.txt /step:4", "nj |C:\\a.txt /step:4"},
-      {"-- -n.txt /exit", " |-n.txt /exit"},
-      {"- a.txt", " |- a.txt"}, {"--dry-run", "n |"},
+      {"-- -n.txt /exit", " |-n.txt /exit"}, {"- a.txt", " |- a.txt"}, {"--dry-run", "n |"},
       {"-0 --files-from \"C:\\my list\" /step:4", "0 <C:\\my list |/step:4"},
       {"--version C:\\a.txt", "version"},
       {"-h", "help"}, {"-x a.txt", "error"}, {"--command-line a.txt", "error"},

@@ -54,7 +54,7 @@ class SystemTest : public ::testing::Test {
   RecordingShell shell_;
 };
 
-// The rows that come from elsewhere than the program's facts.
+// The rows checked are those that come from elsewhere than the program's facts.
 TEST_F(SystemTest, AFreshSystemGetsTheWholeRecord) {
   Record();
   EXPECT_EQ(Shared(kProductRecordKey, "Tessaly install"), Text("March 05, 2024"));
