@@ -3,302 +3,193 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <regex>
 #include <set>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "cli_runner.h"
 #include "platform/posix/native_path.h"
-#include "platform/posix/registry_location.h"
-#include "platform/posix/sqlite_registry.h"
-#include "settings/settings_store.h"
 #include "temp_folder.h"
 
 namespace tessaly::cli {
 namespace {
 
 namespace fs = std::filesystem;
-using ::testing::Contains;
-using ::testing::EndsWith;
 using ::testing::HasSubstr;
-using ::testing::Not;
-using ::testing::StartsWith;
+using Names = std::set<std::string>;
 
-std::vector<std::string> Lines(const std::string& text) {
-  std::vector<std::string> lines;
-  std::istringstream in(text);
-  for (std::string line; std::getline(in, line);) lines.push_back(line);
-  return lines;
+std::string Read(const fs::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), {}};
 }
 
 class CliEndToEnd : public ::testing::Test {
  protected:
-  void SetUp() override {
-    fs::create_directory(files);
-    fs::create_directory(registry);
+  // Empty folders, then `made` in the files' one, each file holding its name.
+  void Fresh(const std::vector<std::string>& made) {
+    for (const std::string& folder : {files, registry}) {
+      fs::remove_all(folder);
+      fs::create_directory(folder);
+    }
+    for (const std::string& name : made) {
+      fs::create_directories(fs::path(files + "/" + name).parent_path());
+      std::ofstream(files + "/" + name) << name;
+    }
   }
-
-  void MakeFile(const std::string& name, const std::string& content = "x") {
-    std::ofstream(files + "/" + name) << content;
-  }
-  std::string Content(const std::string& name) {
-    std::ifstream in(files + "/" + name);
-    return std::string(std::istreambuf_iterator<char>(in), {});
-  }
-  std::set<std::string> Names(const std::string& folder) {
-    std::set<std::string> names;
-    for (const auto& entry : fs::directory_iterator(folder)) {
-      names.insert(entry.path().filename().string());
+  // What the files' folder holds, folders within included.
+  Names Held() {
+    Names names;
+    for (const auto& entry : fs::recursive_directory_iterator(files)) {
+      names.insert(fs::relative(entry.path(), files).string());
     }
     return names;
   }
-  std::set<std::string> Names() { return Names(files); }
-  std::string ModelPath(const std::string& name) { return ToModelPath(files + "/" + name); }
-
-  CliResult Run(const std::vector<std::string>& args) { return RunCli(args, files, registry); }
 
   testing::TempFolder root;
+  // Settings on a memory file system where there is one: a fresh settings
+  // file for every run is quick there.
+  testing::TempFolder memory{fs::is_directory("/dev/shm") ? "/dev/shm" : ""};
   std::string files = root.path() + "/files";
-  std::string registry = root.path() + "/registry";
+  std::string registry = memory.path() + "/registry";
 };
 
-TEST_F(CliEndToEnd, UnattendedRunRenamesToTheLowerCaseDocumentName) {
-  MakeFile("Alpha One.TXT");
-  MakeFile("BETA.txt");
-  MakeFile("gamma.jpg");
-  // The one text a script would give, paths joined by ";".
-  const std::string commandLine = ModelPath("Alpha One.TXT") + ";" + ModelPath("BETA.txt") + ";" +
-                                  ModelPath("gamma.jpg") +
-                                  R"q( /settings:LowerCase /placement2:"(none)" /step:4 /hide /exit)q";
-  const CliResult result = Run({"--command-line", commandLine});
-
-  EXPECT_EQ(result.exitCode, 0);
-  EXPECT_EQ(Names(), (std::set<std::string>{"alpha one", "beta", "gamma"}));
-  const std::vector<std::string> lines = Lines(result.out);
-  // The log's layout is the wizard's own (tested there), with Unix line ends.
-  ASSERT_EQ(lines.size(), 13u) << result.out;
-  EXPECT_THAT(lines[0], StartsWith("Renaming Started at: "));
-  EXPECT_THAT(lines[5],
-              EndsWith("/Alpha One.TXT > " + files.substr(0, 6) + ".../alpha one (Completed)"));
-  EXPECT_EQ(lines[10], "3 files where renamed successfully.");
-  EXPECT_THAT(lines[12], StartsWith("Renaming Completed at: "));
-  // Output that is no terminal gets no colour and one progress line per window.
-  EXPECT_THAT(result.out, Not(HasSubstr("\x1b[")));
-  EXPECT_THAT(result.err, HasSubstr("Generating Renamed Files Preview...  100%\n"));
-
-  // Step 3 stored the options in the test's own registry.
-  SqliteRegistry stored(RegistryLocationIn(registry));
-  SettingsStore store(stored);
-  EXPECT_EQ(store.GetProgramSetting("Settings", "chkLowercase", SettingValue::FromInt32(-1))
-                .AsWholeNumber(),
-            1);
+// The one text a script would give, paths joined by ";": the log shows
+// native paths, and the options are kept for the next run.
+TEST_F(CliEndToEnd, CommandLineTextRunsAndItsOptionsAreKept) {
+  Fresh({"Alpha One.TXT", "BETA.txt"});
+  const CliResult result = RunCli(
+      {"--command-line", ToModelPath(files + "/Alpha One.TXT;" + files + "/BETA.txt") +
+                             R"q( /settings:LowerCase /placement2:"(none)" /step:4 /hide /exit)q"},
+      files, registry);
+  const std::string shown = files.substr(0, 6) + ".../";
+  EXPECT_THAT(result.out,
+              HasSubstr(" - " + shown + "Alpha One.TXT > " + shown + "alpha one (Completed)\n"));
+  std::ofstream(files + "/GAMMA.TXT") << "GAMMA.TXT";
+  RunCli({"GAMMA.TXT", "/step:4"}, files, registry);
+  EXPECT_EQ(Held(), (Names{"alpha one", "beta", "gamma.txt"}));
 }
 
-TEST_F(CliEndToEnd, CaseOnlyRenameGoesThroughWithoutAQuestion) {
-  MakeFile("a.TXT", "mine");
-  const std::string renames = registry + "/renames";
-  const bool traced = access("/usr/bin/strace", X_OK) == 0;
-  const CliResult result =
-      traced ? RunCli({"a.TXT", "/step:4", "/exit"}, files, registry,
-                      {"/usr/bin/strace", "-f", "-qq", "-o", renames, "-e",
-                       "trace=rename,renameat,renameat2,link,linkat"})
-             : Run({"a.TXT", "/step:4", "/exit"});
-  EXPECT_EQ(Names(), (std::set<std::string>{"a.txt"}));
-  // Where the disk tells letter case apart, the name is free: one rename.
-  if (traced) {
-    EXPECT_EQ(Lines(Content("../registry/renames")).size(), 1u) << Content("../registry/renames");
-  }
-  EXPECT_EQ(Content("a.txt"), "mine");
-  EXPECT_THAT(Lines(result.out),
-              Contains(EndsWith("/a.TXT > " + files.substr(0, 6) + ".../a.txt (Completed)")));
-  EXPECT_THAT(result.err, Not(HasSubstr("Confirm Overwrite")));
-  const CliResult unchanged = Run({"a.txt", "/step:4"});
-  EXPECT_EQ(unchanged.exitCode, 0);
-  EXPECT_THAT(unchanged.out, HasSubstr("(No Change}"));
+// Where the disk tells letter case apart, the new name is free: one rename.
+TEST_F(CliEndToEnd, CaseOnlyRenameIsOneRename) {
+  if (!fs::exists("/usr/bin/strace")) GTEST_SKIP() << "no strace";
+  Fresh({"a.TXT"});
+  const std::string renames = root.path() + "/renames";
+  RunCli({"a.TXT", "/step:4", "/exit"}, files, registry,
+         {"/usr/bin/strace", "-f", "-qq", "-o", renames, "-e",
+          "trace=rename,renameat,renameat2,link,linkat"});
+  EXPECT_EQ(Held(), (Names{"a.txt"}));
+  EXPECT_EQ(std::ranges::count(Read(renames), '\n'), 1) << Read(renames);
 }
 
-// Names mean what the disk says: on a disk that tells letter case apart,
-// names that differ only in it are other files, never the file itself.
-TEST_F(CliEndToEnd, CaseTwinsAreOtherFilesAndNothingIsLost) {
-  MakeFile("B.TXT", "1");
-  MakeFile("b.txt", "2");
-  const CliResult twins = Run({"B.TXT", "/settings:LowerCase", "/step:4"});
-  EXPECT_THAT(twins.err, HasSubstr("Confirm Overwrite: The file 'b.txt' already exists."));
-  EXPECT_THAT(twins.err, HasSubstr("answering No"));
-  EXPECT_EQ(Content("b.txt"), "2");
-  EXPECT_EQ(Content("b.txt.temp"), "1");
-  EXPECT_EQ(twins.exitCode, 1);  // a file ended with an error
-
-  fs::remove_all(files);
-  fs::create_directory(files);
-  for (const char* name : {"Foo.txt", "foo.txt", "FOO.txt"}) MakeFile(name, name);
-  const CliResult listed = Run({"Foo.txt", "foo.txt", "FOO.txt"});
-  EXPECT_THAT(listed.err, HasSubstr("with 3 files listed"));
-  Run({"Foo.txt", "foo.txt", "FOO.txt", "/settings:LowerCase", "/step:4"});
-  // Every content still there, whatever name it ended under.
-  std::multiset<std::string> contents;
-  for (const std::string& name : Names()) contents.insert(Content(name));
-  EXPECT_EQ(contents, (std::multiset<std::string>{"FOO.txt", "Foo.txt", "foo.txt"}));
-  EXPECT_EQ(Content("foo.txt"), "foo.txt");
-}
-
-// A conversion may change a folder's letter case: with "Include Path" the
-// folders of the new path are those that match ignoring case, and without
-// it the folder stays as it is, whatever the options would do to it.
-TEST_F(CliEndToEnd, FoldersAreMatchedOrLeftAlone) {
-  fs::create_directory(files + "/Holiday Photos");
-  MakeFile("Holiday Photos/IMG_1.JPG", "pixels");
-  // The temporary folder's own name has capitals too: every level matches.
-  const CliResult included = Run({"Holiday Photos/IMG_1.JPG", "/settings:LowerCase",
-                                  "/settings:IncludePaths", "/step:4"});
-  EXPECT_THAT(included.out, HasSubstr("(Completed)")) << included.out;
-  EXPECT_EQ(Names(files + "/Holiday Photos"), (std::set<std::string>{"img_1.jpg"}));
-
-  fs::create_directory(files + "/my_photos.2024");
-  MakeFile("my_photos.2024/a_b.c.TXT", "text");
-  const CliResult shielded = Run({"my_photos.2024/a_b.c.TXT", "/settings:RemoveUnderscores",
-                                  "/settings:RemoveExtraSpaces", "/step:4"});
-  EXPECT_THAT(shielded.out, HasSubstr("(Completed)")) << shielded.out;
-  EXPECT_EQ(Names(files + "/my_photos.2024"), (std::set<std::string>{"a bc.txt"}));
-}
-
-// Short runs, one row each: the files made, the words given, what the
-// folder holds after, the exit status, and what the two outputs hold.
-TEST_F(CliEndToEnd, ShortRuns) {
+// One run a row: the files made, the words given, what the folder holds
+// after (nothing: as made), the exit status, and what the two outputs hold
+// (FILES for the folder). Whatever the run, no content is lost or doubled,
+// a name made and still there holds its own content, and the output holds
+// no escape.
+TEST_F(CliEndToEnd, Runs) {
   struct Row {
-    std::vector<std::string> made;
-    std::vector<std::string> args;
-    std::set<std::string> after;
+    std::vector<std::string> made, args;
+    Names after;
     int exitCode;
-    std::string outHas, errHas;
+    std::string outHas, errHas, list = "";  // `list` is written to .list
   };
   const Row rows[] = {
-      // Relative paths, and a placement value the shell has unquoted.
-      {{"Alpha One.TXT", "BETA.txt"},
-       {"Alpha One.TXT", "BETA.txt", "/settings:LowerCase", "/placement2:(none)", "/step:4", "/exit"},
-       {"alpha one", "beta"}, 0, "2 files where renamed successfully.", ""},
       // Missing paths, folders and repeats are not listed.
-      {{"real.TXT"}, {"real.TXT", "ghost.TXT", "folder", "REAL.txt", "/step:4", "/exit"},
+      {{"real.TXT"}, {"real.TXT", "ghost.TXT", "folder", "REAL.txt", "real.TXT", "/step:4"},
        {"folder", "real.txt"}, 0, "\n1 total files.\n", ""},
-      {{"Draft_Copy.TXT"}, {"Draft_Copy.TXT", "/settings:RemoveUnderscores", "/step:3"},
-       {"Draft_Copy.TXT"}, 0, "Rename Files Preview:\n    FILES/Draft Copy.txt",
-       "Generating Renamed Files Preview...  100%\n"},
+      // A change of letter case alone goes through without a question, and
+      // a name left as it was is no error.
+      {{"a.TXT", "b.txt"}, {"a.TXT", "b.txt", "/step:4"}, {"a.txt", "b.txt"}, 0,
+       "/a.TXT > " + files.substr(0, 6) + ".../a.txt (Completed)\n", ""},
+      // Names that differ only in letter case are other files, never the
+      // file itself, and all are listed.
+      {{"B.TXT", "b.txt"}, {"B.TXT", "/settings:LowerCase", "/step:4"}, {"b.txt", "b.txt.temp"}, 1,
+       "b.txt (Completed - Error Removing Temp File)",
+       "Confirm Overwrite: The file 'b.txt' already exists. Would you like to overwrite this "
+       "file?\nConfirm Overwrite: no terminal to ask, answering No\n"},
+      {{"Foo.txt", "foo.txt", "FOO.txt"}, {"Foo.txt", "foo.txt", "FOO.txt"}, {}, 0, "",
+       "stopped on step 1 with 3 files listed"},
+      {{"Foo.txt", "foo.txt", "FOO.txt"},
+       {"Foo.txt", "foo.txt", "FOO.txt", "/settings:LowerCase", "/step:4"},
+       {"foo.txt", "foo.txt.temp", "FOO.txt"}, 1, "(No Change}", ""},
+      // With "Include Path" the folders of the new path are those that
+      // match ignoring case (the temporary folder's name has capitals too).
+      {{"Holiday Photos/IMG_1.JPG"},
+       {"Holiday Photos/IMG_1.JPG", "/settings:LowerCase", "/settings:IncludePaths", "/step:4"},
+       {"Holiday Photos", "Holiday Photos/img_1.jpg"}, 0, "(Completed)", ""},
+      // Without it the folder stays as it is, whatever the options would do.
+      {{"my_photos.2024/a_b.c.TXT"},
+       {"my_photos.2024/a_b.c.TXT", "/settings:RemoveUnderscores", "/settings:RemoveExtraSpaces",
+        "/step:4"},
+       {"my_photos.2024", "my_photos.2024/a bc.txt"}, 0, "(Completed)", ""},
+      {{"Draft_Copy.TXT"}, {"Draft_Copy.TXT", "/settings:RemoveUnderscores", "/step:3"}, {}, 0,
+       "Rename Files Preview:\n    FILES/Draft Copy.txt", "Generating Renamed Files Preview...  100%\n"},
       {{}, {"/DefineUnwantedFormatting", "/exit"}, {}, 0, "\n  [ ] Copy Of\n", ""},
-      {{}, {}, {}, 2, "", "usage: tessaly-cli"},
+      // Each word is one file, whatever bytes it holds: ";" splits nothing,
+      // quotes stay in the name, and a backslash injects no "/step:4".
+      {{"ONE;TWO.TXT", "ONE", "TWO.TXT", "SAY \"HI\".TXT", "SAY HI.TXT"},
+       {"ONE;TWO.TXT", "SAY \"HI\".TXT", "/settings:LowerCase", "/step:4"},
+       {"one;two.txt", "ONE", "TWO.TXT", "say \"hi\".txt", "SAY HI.TXT"}, 0, "(Completed)", ""},
+      {{"A.TXT", R"(X\step:4.TXT)"}, {"A.TXT", R"(X\step:4.TXT)", "/settings:LowerCase"}, {}, 0, "",
+       "stopped on step 0 with 2 files listed"},
+      // A leading "-" after "--", and names holding control characters.
+      {{"-N.TXT", "TWO\nLINES.TXT", "EVIL\x1b[2J\x1b[HX.TXT"},
+       {"/settings:LowerCase", "/step:4", "--", "-N.TXT", "TWO\nLINES.TXT", "EVIL\x1b[2J\x1b[HX.TXT"},
+       {"-n.txt", "two\nlines.txt", "evil\x1b[2j\x1b[hx.txt"}, 0,
+       "/evil\\x1b[2j\\x1b[hx.txt (Completed)", ""},
+      // A path from the root that only begins like a switch is a file, so
+      // without a switch the wizard opens on File Selection, and says so.
+      {{"A.TXT"}, {"--json", "/showwiz/Photo.JPG", "A.TXT"}, {}, 0, "",
+       "stopped on step 1 with 1 files listed"},
+      // A dry run shows each file, stores nothing and touches nothing.
+      {{"x (1).TXT", "y (1).TXT", "y .txt", "E\x1b[2J (1).TXT"},
+       {"-n", "x (1).TXT", "y (1).TXT", "E\x1b[2J (1).TXT", "/settings:RemoveNumbers", "/step:4"}, {},
+       0, "FILES/E\\x1b[2J .txt\nFILES/x (1).TXT -> FILES/x .txt\nFILES/y (1).TXT -> FILES/y .txt\n", ""},
+      {{"x (1).TXT", "y (1).TXT", "y .txt"},
+       {"-n", "--json", "x (1).TXT", "y (1).TXT", "/settings:RemoveNumbers", "/step:4"}, {}, 0,
+       R"j("code":"would-rename"}
+{"old":"FILES/y (1).TXT","new":"FILES/y .txt","outcome":"(Would Clash)","code":"would-clash"})j", ""},
+      // The log as JSON, one object a line, a name's newline and quotes escaped.
+      {{"NEW\nLINE.TXT", "SAY \"HI\".TXT"},
+       {"-0", "--files-from", ".list", "--json", "/settings:LowerCase", "/step:4"},
+       {".list", "new\nline.txt", "say \"hi\".txt"}, 0,
+       R"j({"old":"FILES/NEW\nLINE.TXT","new":"FILES/new\nline.txt","outcome":"(Completed)","code":"completed"}
+{"old":"FILES/SAY \"HI\".TXT","new":"FILES/say \"hi\".txt","outcome":"(Completed)","code":"completed"})j",
+       "", std::string("NEW\nLINE.TXT\0SAY \"HI\".TXT\0", 26)},
       // Bad usage does nothing and ends with 2.
-      {{"A.TXT"}, {"A.TXT", "/stpe:4"}, {"A.TXT"}, 2, "", "'/stpe:4' is not a switch"},
+      {{}, {}, {}, 2, "", "usage: tessaly-cli"},
+      {{"A.TXT"}, {"A.TXT", "/stpe:4"}, {}, 2, "", "'/stpe:4' is not a switch"},
       {{}, {"--files-from", "missing.list", "/step:4"}, {}, 2, "", "cannot read the list"},
       {{}, {"--version"}, {}, 0, "tessaly-cli (Tessaly) 1.0.14\n", ""},
   };
   for (const Row& row : rows) {
-    SCOPED_TRACE(row.args.empty() ? "(no words)" : row.args.front());
-    fs::remove_all(files);
-    fs::create_directory(files);
+    SCOPED_TRACE(::testing::PrintToString(row.args));
+    Fresh(row.made);
     if (row.after.contains("folder")) fs::create_directory(files + "/folder");
-    for (const std::string& name : row.made) MakeFile(name);
-    const CliResult result = Run(row.args);
+    if (!row.list.empty()) std::ofstream(files + "/.list", std::ios::binary) << row.list;
+    const CliResult result = RunCli(row.args, files, registry);
     EXPECT_EQ(result.exitCode, row.exitCode) << result.err;
-    EXPECT_EQ(Names(), row.after);
-    const std::string outHas = std::regex_replace(row.outHas, std::regex("FILES"), files);
-    if (outHas.empty()) {
-      EXPECT_EQ(result.out, "");
-    } else {
-      EXPECT_THAT(result.out, HasSubstr(outHas));
+    const std::multiset<std::string> made(row.made.begin(), row.made.end());
+    EXPECT_EQ(Held(), row.after.empty() ? Names(made.begin(), made.end()) : row.after);
+    std::multiset<std::string> contents;
+    for (const std::string& name : Held()) {
+      if (!fs::is_regular_file(files + "/" + name) || name == ".list") continue;
+      contents.insert(Read(files + "/" + name));
+      EXPECT_TRUE(!made.contains(name) || Read(files + "/" + name) == name) << name;
     }
+    EXPECT_EQ(contents, made);
+    const bool dryRun = !row.args.empty() && row.args[0] == "-n";
+    EXPECT_TRUE(!dryRun || fs::is_empty(registry)) << "a dry run stores nothing";
+    const std::string outHas = std::regex_replace(row.outHas, std::regex("FILES"), files);
+    EXPECT_TRUE(outHas.empty() ? result.out.empty() : result.out.find(outHas) != std::string::npos)
+        << result.out;
+    EXPECT_THAT(result.out, ::testing::Not(HasSubstr("\x1b")));
     EXPECT_THAT(result.err, HasSubstr(row.errHas));
   }
-}
-
-// Names that the one command-line text could not carry: each word is one
-// file, whatever bytes it holds.
-TEST_F(CliEndToEnd, EveryWordIsOneFileWhateverItHolds) {
-  struct Case {
-    std::vector<std::string> names;  // made in the folder
-    std::vector<std::string> args;
-    std::set<std::string> after;
-  };
-  const Case cases[] = {
-      // ";" no longer splits a name into two other files.
-      {{"ONE;TWO.TXT", "ONE", "TWO.TXT"},
-       {"ONE;TWO.TXT", "/settings:LowerCase", "/step:4"},
-       {"one;two.txt", "ONE", "TWO.TXT"}},
-      // Double quotes stay in the name instead of pointing at another file.
-      {{"SAY \"HI\".TXT", "SAY HI.TXT"},
-       {"SAY \"HI\".TXT", "/settings:LowerCase", "/step:4"},
-       {"say \"hi\".txt", "SAY HI.TXT"}},
-      // A backslash injects no "/step:4": nothing runs, and no file is lost.
-      {{"A.TXT", R"(X\step:4.TXT)", "B.TXT"},
-       {"A.TXT", R"(X\step:4.TXT)", "B.TXT", "/settings:LowerCase"},
-       {"A.TXT", R"(X\step:4.TXT)", "B.TXT"}},
-      // A leading "-" after "--", and names holding control characters.
-      {{"-N.TXT", "TWO\nLINES.TXT", "EVIL\x1b[2J\x1b[HX.TXT"},
-       {"/settings:LowerCase", "/step:4", "--", "-N.TXT", "TWO\nLINES.TXT", "EVIL\x1b[2J\x1b[HX.TXT"},
-       {"-n.txt", "two\nlines.txt", "evil\x1b[2j\x1b[hx.txt"}},
-  };
-  for (const Case& c : cases) {
-    fs::remove_all(files);
-    fs::create_directory(files);
-    for (const std::string& name : c.names) MakeFile(name);
-    const CliResult result = Run(c.args);
-    EXPECT_EQ(Names(), c.after) << c.names.front();
-    EXPECT_EQ(result.exitCode, 0) << c.names.front() << result.err;
-    // What reaches a terminal shows no raw control character.
-    EXPECT_THAT(result.out, Not(HasSubstr("\x1b"))) << c.names.front();
-  }
-  for (const char* name : {"A.TXT", R"(X\step:4.TXT)", "B.TXT"}) MakeFile(name);
-  EXPECT_THAT(Run({"A.TXT", R"(X\step:4.TXT)", "B.TXT", "/settings:LowerCase"}).err,
-              HasSubstr("stopped on step 0 with 3 files listed"));
-  // A path from the root that only begins like a switch is a file, so
-  // without a switch the wizard opens on File Selection.
-  EXPECT_THAT(Run({"/showwiz/Photo.JPG", "A.TXT"}).err,
-              HasSubstr("stopped on step 1 with 1 files listed"));
-}
-
-TEST_F(CliEndToEnd, DryRunShowsEachFileAndTouchesNothing) {
-  MakeFile("x (1).TXT");
-  MakeFile("y (1).TXT");
-  MakeFile("y .txt");
-  const std::vector<std::string> args = {"x (1).TXT", "y (1).TXT", "/settings:RemoveNumbers",
-                                         "/step:4"};
-  std::vector<std::string> dryRun = {"-n"};
-  dryRun.insert(dryRun.end(), args.begin(), args.end());
-  const CliResult result = Run(dryRun);
-  EXPECT_EQ(result.exitCode, 0);
-  EXPECT_EQ(Names(), (std::set<std::string>{"x (1).TXT", "y (1).TXT", "y .txt"}));
-  EXPECT_EQ(Names(registry), (std::set<std::string>{}));  // no setting stored
-  EXPECT_EQ(result.out, files + "/x (1).TXT -> " + files + "/x .txt\n" + files + "/y (1).TXT -> " +
-                            files + "/y .txt\n");
-  dryRun.push_back("--json");
-  const std::vector<std::string> json = Lines(Run(dryRun).out);
-  ASSERT_EQ(json.size(), 2u);
-  EXPECT_THAT(json[0], HasSubstr(R"("code":"would-rename"})"));
-  EXPECT_THAT(json[1], HasSubstr(R"("code":"would-clash"})"));
-}
-
-TEST_F(CliEndToEnd, FilesFromANulSeparatedListAndTheLogAsJson) {
-  for (const char* name : {"NEW\nLINE.TXT", "SAY \"HI\".TXT"}) MakeFile(name);
-  std::ofstream(files + "/.list", std::ios::binary)
-      << std::string("NEW\nLINE.TXT\0SAY \"HI\".TXT", 25) << '\0';
-  const CliResult result =
-      Run({"-0", "--files-from", ".list", "--json", "/settings:LowerCase", "/step:4"});
-  EXPECT_EQ(result.exitCode, 0) << result.err;
-  // One object a line; the name's newline and quotes escaped.
-  const std::string line = R"j({"old":"F/NEW\nLINE.TXT","new":"F/new\nline.txt",)j"
-                           R"j("outcome":"(Completed)","code":"completed"})j";
-  const std::string quoted = R"j({"old":"F/SAY \"HI\".TXT","new":"F/say \"hi\".txt",)j"
-                             R"j("outcome":"(Completed)","code":"completed"})j";
-  const auto inFiles = [&](std::string text) {
-    for (std::size_t at = 0; (at = text.find("F/", at)) != std::string::npos;) {
-      text.replace(at, 1, files);
-      at += files.size();
-    }
-    return text;
-  };
-  EXPECT_EQ(Lines(result.out), (std::vector<std::string>{inFiles(line), inFiles(quoted)}));
 }
 
 }  // namespace

@@ -1,6 +1,9 @@
-// The console program's pieces: its options, the shell's words, its printers.
+// The console program's pieces: its options, the shell's words, its printers
+// and its dialogs.
 #include <gtest/gtest.h>
+
 #include <chrono>
+#include <deque>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -9,6 +12,7 @@
 #include "log_printer.h"
 #include "platform/posix/shell_words.h"
 #include "progress_printer.h"
+#include "terminal_ui.h"
 
 namespace tessaly::cli {
 namespace {
@@ -16,91 +20,53 @@ namespace {
 using Kind = Request::Kind;
 using Words = std::vector<std::string>;
 
-TEST(ReadArguments, OptionsAndWhatTheyLeave) {
-  struct Case {
-    Words words;
-    Kind kind;
-    Words left;  // files and switches
-    bool dryRun = false;
-    bool json = false;
-    bool nul = false;
-    const char* filesFrom = nullptr;
-  };
-  const Case cases[] = {
-      {{"--help"}, Kind::kHelp, {}},
-      {{"a.txt", "-h", "/exit"}, Kind::kHelp, {"a.txt"}},
-      {{"--version"}, Kind::kVersion, {}},
-      {{"-n", "a.txt", "/step:4"}, Kind::kRun, {"a.txt", "/step:4"}, true},
-      {{"a.txt", "--dry-run", "--json"}, Kind::kRun, {"a.txt"}, true, true},
-      {{"-n0", "--files-from", "-"}, Kind::kRun, {}, true, false, true, "-"},
-      {{"--null", "--files-from=list", "/step:4"}, Kind::kRun, {"/step:4"}, false, false, true, "list"},
-      // "--" ends the options, and stays to end the switches too.
-      {{"--", "-n", "--odd.txt", "/exit"}, Kind::kRun, {"--", "-n", "--odd.txt", "/exit"}},
-      {{"-x"}, Kind::kError, {}},
-      {{"--bogus"}, Kind::kError, {}},
-      {{"--files-from"}, Kind::kError, {}},
-      {{"--command-line", "x", "/exit"}, Kind::kError, {}},
-      {{"a.txt", "--command-line", "x"}, Kind::kError, {}},
-  };
-  for (const Case& c : cases) {
-    const Request request = ReadArguments(c.words);
-    const std::string first = c.words.front();
-    EXPECT_EQ(request.kind, c.kind) << first;
-    if (c.kind != Kind::kRun) continue;
-    EXPECT_EQ(request.words, c.left) << first;
-    EXPECT_EQ(request.dryRun, c.dryRun) << first;
-    EXPECT_EQ(request.json, c.json) << first;
-    EXPECT_EQ(request.nulSeparated, c.nul) << first;
-    EXPECT_EQ(request.filesFrom.value_or("(none)"), c.filesFrom ? c.filesFrom : "(none)") << first;
+// A request in one line: "help", "version", "error", or the options set
+// (n: dry run, j: JSON, 0: NUL-separated), "<" and the list of files, each
+// word left in brackets, and "|" and the command-line text.
+std::string Summary(const Request& r) {
+  if (r.kind != Kind::kRun) {
+    return r.kind == Kind::kHelp ? "help" : r.kind == Kind::kVersion ? "version" : "error";
   }
+  std::string text = r.dryRun ? "n" : "";
+  text += std::string(r.json ? "j" : "") + (r.nulSeparated ? "0" : "");
+  if (r.filesFrom) text += " <" + *r.filesFrom;
+  for (const std::string& word : r.words) text += " [" + word + "]";
+  if (r.commandLine) text += " |" + *r.commandLine;
+  return text;
 }
 
-TEST(ReadArguments, RawCommandLinePassesThroughUnchanged) {
+TEST(ReadArguments, OptionsAndWhatTheyLeave) {
   const std::string raw = R"q("c:\a b.txt";rel.txt /placement2:"(none)" /step:4)q";
-  const Request request = ReadArguments({"-n", "--command-line", raw});
-  EXPECT_EQ(request.kind, Kind::kRun);
-  EXPECT_EQ(request.commandLine, raw);
-  EXPECT_TRUE(request.dryRun);
-}
-
-TEST(ReadArguments, AnErrorNamesTheWordAndTheWayOut) {
-  EXPECT_EQ(ReadArguments({"--lower"}).error,
-            "unknown option '--lower' (for a file of that name, write ./--lower or put it behind "
-            "--)");
+  const std::pair<Words, std::string> cases[] = {
+      {{"--help", "-x"}, "help"}, {{"a.txt", "-h", "/exit"}, "help"}, {{"--version"}, "version"},
+      {{"-n", "a.txt", "/step:4"}, "n [a.txt] [/step:4]"},
+      {{"a.txt", "--dry-run", "--json"}, "nj [a.txt]"},
+      {{"-n0", "--files-from", "-"}, "n0 <-"},
+      {{"--null", "--files-from=list", "/step:4"}, "0 <list [/step:4]"},
+      {{"-n", "--command-line", raw}, "n |" + raw},  // passed through unchanged
+      // "--" ends the options, and stays to end the switches too.
+      {{"--", "-n", "--odd.txt", "/exit"}, " [--] [-n] [--odd.txt] [/exit]"},
+      {{"-x"}, "error"}, {{"--bogus"}, "error"}, {{"--files-from"}, "error"},
+      {{"--command-line", "x", "/exit"}, "error"}, {{"a.txt", "--command-line", "x"}, "error"},
+      {{"--files-from", "list", "--command-line", "x"}, "error"},
+  };
+  for (const auto& [words, summary] : cases) EXPECT_EQ(Summary(ReadArguments(words)), summary);
+  EXPECT_EQ(ReadArguments({"--lower"}).error, "unknown option '--lower' (for a file of that name, "
+                                              "write ./--lower or put it behind --)");
 }
 
 // On Windows the command line is one text: the options come off its front
 // and the rest reaches the wizard byte for byte.
 TEST(ReadWholeCommandLine, OptionsComeOffTheFrontAndTheRestStaysAsItIs) {
-  struct Case {
-    const char* text;
-    Kind kind;
-    const char* left;
-    bool dryRun = false;
-    bool json = false;
+  const std::pair<const char*, const char*> cases[] = {
+      {R"q(C:\a b.txt;"C:\c.txt"  /step:4 -n)q", R"q( |C:\a b.txt;"C:\c.txt"  /step:4 -n)q"},
+      {"  -n\t--json C:\\a.txt /step:4", "nj |C:\\a.txt /step:4"},
+      {"-- -n.txt /exit", " |-n.txt /exit"}, {"- a.txt", " |- a.txt"}, {"--dry-run", "n |"},
+      {"-0 --files-from \"C:\\my list\" /step:4", "0 <C:\\my list |/step:4"},
+      {"--version C:\\a.txt", "version"},
+      {"-h", "help"}, {"-x a.txt", "error"}, {"--command-line a.txt", "error"},
   };
-  const Case cases[] = {
-      {R"q(C:\a b.txt;"C:\c.txt"  /step:4 -n)q", Kind::kRun, R"q(C:\a b.txt;"C:\c.txt"  /step:4 -n)q"},
-      {"  -n\t--json C:\\a.txt /step:4", Kind::kRun, "C:\\a.txt /step:4", true, true},
-      {"-- -n.txt /exit", Kind::kRun, "-n.txt /exit"},
-      {"- a.txt", Kind::kRun, "- a.txt"},
-      {"--dry-run", Kind::kRun, "", true},
-      {"--version C:\\a.txt", Kind::kVersion, ""},
-      {"-h", Kind::kHelp, ""},
-      {"-x a.txt", Kind::kError, ""},
-      {"-0 --files-from \"C:\\my list\" /step:4", Kind::kRun, "/step:4"},
-      {"--command-line a.txt", Kind::kError, ""},
-  };
-  for (const Case& c : cases) {
-    const Request request = ReadWholeCommandLine(c.text);
-    EXPECT_EQ(request.kind, c.kind) << c.text;
-    if (c.kind != Kind::kRun) continue;
-    EXPECT_EQ(request.commandLine, c.left) << c.text;
-    EXPECT_EQ(request.dryRun, c.dryRun) << c.text;
-    EXPECT_EQ(request.json, c.json) << c.text;
-  }
-  EXPECT_EQ(ReadWholeCommandLine("-0 --files-from \"C:\\my list\" /step:4").filesFrom,
-            "C:\\my list");
+  for (const auto& [text, summary] : cases) EXPECT_EQ(Summary(ReadWholeCommandLine(text)), summary);
 }
 
 TEST(ReadFileNames, KeepsEveryByteButTheSeparator) {
@@ -110,15 +76,11 @@ TEST(ReadFileNames, KeepsEveryByteButTheSeparator) {
   EXPECT_EQ(ReadFileNames(nul, true), (Words{"new\nline.txt", "tab\t.txt"}));
 }
 
-
 TEST(SortShellWords, SwitchesOnlyInFullTheRestFiles) {
-  struct Case {
-    Words words;
-    Words files;
+  const struct {
+    Words words, files;
     std::string switches;
-    std::string badSwitch = "";
-  };
-  const Case cases[] = {
+  } cases[] = {
       // Files: made absolute, cleaned, model form, every byte kept.
       {{"a.txt", "/tmp/b  c.JPG"}, {R"(\home\ann\work\a.txt)", R"(\tmp\b  c.JPG)"}, ""},
       {{"./sub/../c.txt", "../up.txt"}, {R"(\home\ann\work\c.txt)", R"(\home\ann\up.txt)"}, ""},
@@ -126,9 +88,10 @@ TEST(SortShellWords, SwitchesOnlyInFullTheRestFiles) {
        {R"(\home\ann\work\one;two.txt)", R"(\home\ann\work\x/step:4.txt)",
         R"(\home\ann\work\say "hi".TXT)", "\\home\\ann\\work\\new\nline"},
        ""},
-      // A path from the root that only begins like a switch.
-      {{"/showwiz/Photo.JPG", "/home/ann/exit.txt"},
-       {R"(\showwiz\Photo.JPG)", R"(\home\ann\exit.txt)"}, ""},
+      // A path from the root that only begins like a switch, or is written
+      // like one but exists.
+      {{"/showwiz/Photo.JPG", "/home/ann/exit.txt", "/tmp"},
+       {R"(\showwiz\Photo.JPG)", R"(\home\ann\exit.txt)", R"(\tmp)"}, ""},
       // Switches, in their order, placement values quoted again.
       {{"/exit", "a.txt", "/settings:Capitalize", "/step:4", "/hide", "/show"},
        {R"(\home\ann\work\a.txt)"}, "/exit /settings:Capitalize /step:4 /hide /show"},
@@ -138,50 +101,39 @@ TEST(SortShellWords, SwitchesOnlyInFullTheRestFiles) {
       // "--" ends the switches; empty words are dropped.
       {{"", "/step:3", "--", "/exit", "--", "-n"},
        {R"(\exit)", R"(\home\ann\work\--)", R"(\home\ann\work\-n)"}, "/step:3"},
-      // Written like a switch but none: refused.
-      {{"a.txt", "/stpe:4"}, {}, "", "/stpe:4"},
-      {{"/settings:Bogus"}, {}, "", "/settings:Bogus"},
-      {{"/placement9:x"}, {}, "", "/placement9:x"},
-      {{"/placement1:a\"b"}, {}, "", "/placement1:a\"b"},
-      {{"/placement1:x /exit"}, {}, "", "/placement1:x /exit"},
-      {{"/Exit"}, {}, "", "/Exit"},
-      {{"/settings:UpperCase/x"}, {}, "", "/settings:UpperCase/x"},
-      // ... unless something of that name exists.
-      {{"/tmp"}, {R"(\tmp)"}, ""},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.words.back());
     const ShellWords sorted = SortShellWords(c.words, "/home/ann/work");
-    const std::string last = c.words.back();
-    EXPECT_EQ(sorted.badSwitch, c.badSwitch) << last;
-    if (!c.badSwitch.empty()) continue;
-    EXPECT_EQ(sorted.files, c.files) << last;
-    EXPECT_EQ(sorted.switches, c.switches) << last;
+    EXPECT_EQ(sorted.badSwitch, "");
+    EXPECT_EQ(sorted.files, c.files);
+    EXPECT_EQ(sorted.switches, c.switches);
+  }
+  // Written like a switch but none: refused.
+  for (const char* bad : {"/stpe:4", "/settings:Bogus", "/placement9:x", "/placement1:a\"b",
+                          "/placement1:x /exit", "/Exit", "/settings:UpperCase/x"}) {
+    EXPECT_EQ(SortShellWords({"a.txt", bad}, "/home/ann/work").badSwitch, bad);
   }
 }
-
-constexpr Rgb kBlue{0, 0, 255};
-constexpr Rgb kRed{255, 0, 0};
-constexpr Rgb kBlack{0, 0, 0};
 
 // A log as the wizard writes it: head, one line per file coloured whole,
 // foot without a final line end.
 RichTextBox SampleLog() {
   RichTextBox box;
   box.SetText("Head\r\n");
-  box.SetSelStart(box.Length());
   auto line = [&](std::string_view text, Rgb colour) {
-    const std::size_t start = box.selStart();
-    box.SetSelText(text);
-    const std::size_t end = box.selStart();
+    const std::size_t start = box.Length();
     box.SetSelStart(start);
-    box.SetSelLength(end - start);
+    box.SetSelText(text);
+    box.SetSelStart(start);
+    box.SetSelLength(box.Length() - start);
     box.SetSelColor(colour);
-    box.SetSelStart(end);
   };
-  line("Ünï > ä (Completed)\r\n", kBlue);
+  line("Ünï > ä (Completed)\r\n", {0, 0, 255});
   // A name may hold control characters; they must not reach the terminal.
-  line("x\x1b[8m\r > y\n (Failed! - Error Renaming File)\r\n", kRed);
-  line("z > z (No Change}\r\n", kBlack);
+  line("x\x1b[8m\r > y\n (Failed! - Error Renaming File)\r\n", {255, 0, 0});
+  line("z > z (No Change}\r\n", {0, 0, 0});
+  box.SetSelStart(box.Length());
   box.SetSelText("\r\nFoot");
   return box;
 }
@@ -192,26 +144,16 @@ std::string Printed(const RichTextBox& box, ColourMode mode) {
   return out.str();
 }
 
-TEST(PrintRichText, PlainTextHasUnixLineEndsAndEndsWithOne) {
+// Plain text has Unix line ends and ends with one. Basic colours wrap each
+// coloured line but not black ones, and land behind multi-byte letters,
+// since runs count characters.
+TEST(PrintRichText, EscapedLinesInTheirColours) {
+  const std::string failed = "x\\x1b[8m\\r > y\\n (Failed! - Error Renaming File)\n";
+  const std::string tail = "z > z (No Change}\n\nFoot\n";
   EXPECT_EQ(Printed(SampleLog(), ColourMode::kNone),
-            "Head\n"
-            "Ünï > ä (Completed)\n"
-            "x\\x1b[8m\\r > y\\n (Failed! - Error Renaming File)\n"
-            "z > z (No Change}\n"
-            "\n"
-            "Foot\n");
-}
-
-TEST(PrintRichText, BasicColoursWrapEachColouredLineButNotBlackOnes) {
-  // Runs count characters; the escape must land behind the multi-byte
-  // letters, not inside them.
+            "Head\nÜnï > ä (Completed)\n" + failed + tail);
   EXPECT_EQ(Printed(SampleLog(), ColourMode::kBasic),
-            "Head\n"
-            "\x1b[34mÜnï > ä (Completed)\n\x1b[0m"
-            "\x1b[31mx\\x1b[8m\\r > y\\n (Failed! - Error Renaming File)\n\x1b[0m"
-            "z > z (No Change}\n"
-            "\n"
-            "Foot\n");
+            "Head\n\x1b[34mÜnï > ä (Completed)\n\x1b[0m\x1b[31m" + failed + "\x1b[0m" + tail);
   const std::string printed = Printed(SampleLog(), ColourMode::kTrueColour);
   EXPECT_NE(printed.find("\x1b[38;2;0;0;255mÜnï"), std::string::npos);
   EXPECT_EQ(printed.find("38;2;0;0;0"), std::string::npos);
@@ -227,31 +169,92 @@ TEST(ColourModeFor, FollowsTheTerminalAndTheUsualVariables) {
   EXPECT_EQ(ColourModeFor(true, nullptr, "truecolor", "dumb"), ColourMode::kNone);
 }
 
-TEST(ProgressPrinter, PlainOutputKeepsOnlyEachWindowsLastState) {
-  std::ostringstream out;
-  ProgressPrinter printer(out, false);
-  printer.Begin();
-  printer.Draw(" Progress", "0%");
-  printer.Draw("Renaming and Moving Files...", "0%");
-  printer.Draw("Renaming and Moving Files...", "33.33%");
-  printer.Draw("Renaming and Moving Files...", "100%");
-  printer.End();
-  printer.Begin();
-  printer.End();  // a window that never drew prints nothing
-  EXPECT_EQ(out.str(), "Renaming and Moving Files...  100%\n");
+// Three windows: one broken by a question, one that reaches "100%", one
+// that never draws. Without a terminal each window prints its last state;
+// a terminal skips states between draws, but never a window's first, its
+// "100%", nor the state it ends in.
+TEST(ProgressPrinter, PrintsWhatEachWindowCameTo) {
+  for (bool terminal : {false, true}) {
+    std::ostringstream out;
+    ProgressPrinter printer(out, terminal, std::chrono::hours(1));
+    printer.Begin();
+    for (const char* percent : {"0%", "12.5%", "25%"}) printer.Draw(" Run", percent);
+    printer.BreakLine();  // the line comes back after the question
+    out << "Question?\n";
+    printer.End();
+    printer.Begin();
+    printer.Draw("Run", "50%");
+    printer.Draw("Run", "100%");
+    out << "|";
+    printer.End();
+    printer.Begin();
+    printer.End();
+    EXPECT_EQ(out.str(), terminal ? "\rRun  0%\x1b[K\nQuestion?\n\rRun  25%\x1b[K\n\rRun  50%\x1b[K"
+                                    "\rRun  100%\x1b[K|\n"
+                                  : "Question?\nRun  25%\n|Run  100%\n");
+  }
 }
 
-TEST(ProgressPrinter, TerminalSkipsStatesBetweenDrawsButNeverTheLast) {
-  std::ostringstream out;
-  ProgressPrinter printer(out, true, std::chrono::hours(1));
-  printer.Begin();
-  printer.Draw("Run", "0%");
-  printer.Draw("Run", "12.5%");
-  printer.Draw("Run", "25%");
-  printer.BreakLine();  // a question breaks the line, and the line comes back
-  out << "Question?\n";
-  printer.End();
-  EXPECT_EQ(out.str(), "\rRun  0%\x1b[K\nQuestion?\n\rRun  25%\x1b[K\n");
+// A person who answers from a queue; with the queue empty the input ends.
+class QueuedPerson : public Person {
+ public:
+  bool reachable = true;
+  std::deque<std::string> answers;
+  std::vector<std::string> prompts;
+
+  bool Reachable() override { return reachable; }
+  std::optional<std::string> Ask(std::string_view prompt) override {
+    prompts.emplace_back(prompt);
+    if (answers.empty()) return std::nullopt;
+    std::string answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
+};
+
+// A name that would hide the rest of the question on a terminal, and the
+// question as shown.
+constexpr std::string_view kQuestion =
+    "The file 'b\x1b[8m.txt' already exists. Would you like to overwrite this file?";
+const std::string kShown =
+    "Confirm Overwrite: The file 'b\\x1b[8m.txt' already exists. Would you like to overwrite this "
+    "file?";
+
+class TerminalUiTest : public ::testing::Test {
+ protected:
+  MessageAnswer AskOverwrite() {
+    return ui.MessageBox(kQuestion, MessageButtons::kYesNoCancel, "Confirm Overwrite");
+  }
+
+  std::ostringstream out, messages;
+  QueuedPerson person;
+  TerminalUi ui{out, messages, false, person};
+};
+
+// What the person types, one line at a time: a line not understood is
+// asked again, and the end of input is No. With no terminal the answer is
+// No without asking, and said so.
+TEST_F(TerminalUiTest, ReadsEachAnswerOrSaysNo) {
+  person.answers = {"maybe", "", " Y ", "no", "C", "yes", "n"};
+  for (MessageAnswer answer : {MessageAnswer::kYes, MessageAnswer::kNo, MessageAnswer::kCancel,
+                               MessageAnswer::kYes, MessageAnswer::kNo, MessageAnswer::kNo}) {
+    EXPECT_EQ(AskOverwrite(), answer);
+  }
+  person.reachable = false;
+  EXPECT_EQ(AskOverwrite(), MessageAnswer::kNo);
+  EXPECT_EQ(person.prompts.size(), 8u);
+  EXPECT_EQ(person.prompts[0], kShown + " [y]es, [n]o, [c]ancel? ");
+  EXPECT_EQ(messages.str(), "\nConfirm Overwrite: no answer, answering No\n" + kShown +
+                                "\nConfirm Overwrite: no terminal to ask, answering No\n");
+}
+
+TEST_F(TerminalUiTest, OkBoxIsPrintedWithoutAskingAndPickersAreCancelled) {
+  EXPECT_EQ(ui.MessageBox("The list\r\nis\nfull.\x7f", MessageButtons::kOk, "Tessaly"),
+            MessageAnswer::kOk);
+  EXPECT_EQ(messages.str(), "Tessaly: The list\nis\\nfull.\\x7f\n");
+  EXPECT_EQ(ui.BrowseForFolder("Select a folder", "\\home"), "");
+  EXPECT_FALSE(ui.ShowOpenFileDialog(OpenFileRequest{}).accepted);
+  EXPECT_TRUE(person.prompts.empty());
 }
 
 }  // namespace

@@ -10,18 +10,17 @@
 #include <signal.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <iostream>
-#include <map>
-#include <memory>
 #include <random>
+#include <set>
 #include <string>
 #include <thread>
 #include <vector>
@@ -39,24 +38,9 @@ int Setting(const char* name, int fallback) {
   return value != nullptr && std::atoi(value) > 0 ? std::atoi(value) : fallback;
 }
 
-std::string ReadFile(const fs::path& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), {}};
-}
-
-std::string Upper(std::string text) {
-  for (char& c : text) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-  return text;
-}
-
-// Where each file's content was found, by the file's number.
-struct Places {
-  std::vector<std::string> old, renamed, temp;  // names found; more than one is a fault
-};
-
 // What one look at the folders found.
 struct Tally {
-  int old = 0, renamed = 0, temp = 0, copies = 0, faults = 0;
+  int at[3] = {}, copies = 0, faults = 0;  // at: contents under the old, new, temporary names
 };
 
 class CrashConsistencyTest : public ::testing::Test {
@@ -64,70 +48,38 @@ class CrashConsistencyTest : public ::testing::Test {
   void SetUp() override {
     fs::create_directory(files_);
     fs::create_directory(registry_);
-    count_ = Setting("TESSALY_CRASH_FILES", 2000);
+    for (int i = 0; i < count_; ++i) std::ofstream(Old(i)) << Content(i);
+  }
+  static std::string Content(int i) { return "content " + std::to_string(i) + "\n"; }
+  static std::string Name(int i) { return "f" + std::to_string(i) + ".txt"; }
+  std::string Old(int i) const { return files_ + "/" + Name(i); }
+  std::string New(int i) const { return target_ + "/F" + std::to_string(i) + ".TXT"; }
+
+  std::vector<int> Pending() const {
+    std::vector<int> pending;
     for (int i = 0; i < count_; ++i) {
-      std::ofstream(files_ + "/" + OldName(i)) << "content " << i << "\n";
+      if (fs::exists(Old(i))) pending.push_back(i);
     }
-  }
-  static std::string OldName(int i) { return "f" + std::to_string(i) + ".txt"; }
-  static std::string NewName(int i) { return Upper(OldName(i)); }
-
-  // A folder on another file system, or nothing.
-  std::string FarFolder() {
-    struct stat here {}, there {};
-    if (stat("/dev/shm", &there) != 0 || stat(root_.path().c_str(), &here) != 0 ||
-        here.st_dev == there.st_dev) {
-      return "";
-    }
-    farFolder_ = std::make_unique<testing::TempFolder>("/dev/shm");
-    far_ = farFolder_->path();
-    return far_;
+    return pending;
   }
 
-  bool Pending(int i) const { return fs::exists(files_ + "/" + OldName(i)); }
-  bool Pending() const {
-    for (int i = 0; i < count_; ++i) {
-      if (Pending(i)) return true;
-    }
-    return false;
-  }
-
-  // tessaly-cli over every file still under its old name, with `switches`.
-  pid_t StartCliOnPending(std::vector<std::string> switches) const {
+  // tessaly-cli upper-casing every file still under its old name, with
+  // `placements` first.
+  pid_t Start(const std::vector<std::string>& placements) const {
     std::vector<std::string> args;
-    for (int i = 0; i < count_; ++i) {
-      if (Pending(i)) args.push_back(OldName(i));
-    }
-    args.insert(args.end(), switches.begin(), switches.end());
+    for (int i : Pending()) args.push_back(Name(i));
+    args.insert(args.end(), placements.begin(), placements.end());
+    args.insert(args.end(), {"/settings:UpperCase", "/step:4"});
     return StartCli(args, files_, registry_);
   }
 
-  pid_t StartRenames() const { return StartCliOnPending({"/settings:UpperCase", "/step:4"}); }
-
-  // The first placement leads from the files' folder to `far_`; upper-cased
-  // with the name, its folders are found again ignoring case.
-  pid_t StartMoves() const {
-    std::string toFar = fs::relative(far_, files_).string() + "/";
-    std::replace(toFar.begin(), toFar.end(), '/', '\\');
-    return StartCliOnPending({"/placement1:" + toFar, "/placement2:Document Name",
-                              "/placement3:extension", "/placement4:(none)", "/placement5:(none)",
-                              "/placement6:(none)", "/settings:UpperCase", "/step:4"});
-  }
-
-  // Kills the process once a file picked at random among those still to go
-  // has its new name in `target`: a random moment within the run, however
-  // fast the machine. False when it ended by itself first.
-  bool KillMidway(pid_t pid, const std::string& target) {
-    std::vector<int> pending;
-    for (int i = 0; i < count_; ++i) {
-      if (Pending(i)) pending.push_back(i);
-    }
-    const int pick =
-        pending.empty() ? 0 : pending[std::uniform_int_distribution<std::size_t>(
-                                          0, pending.size() - 1)(random_)];
-    const std::string sign = target + "/" + NewName(pick);
-    int status = 0;
-    while (waitpid(pid, &status, WNOHANG) == 0) {
+  // Kills the run once a file picked at random among those still to go has
+  // its new name: a random moment within the run, however fast the
+  // machine. False when it ended by itself first.
+  bool KillMidway(pid_t pid) {
+    const std::vector<int> pending = Pending();
+    const std::string sign = pending.empty() ? "" : New(pending[random_() % pending.size()]);
+    for (int status = 0; waitpid(pid, &status, WNOHANG) == 0;) {
       if (fs::exists(sign)) {
         kill(pid, SIGKILL);
         waitpid(pid, &status, 0);
@@ -138,90 +90,82 @@ class CrashConsistencyTest : public ::testing::Test {
     return false;
   }
 
-  // Looks at both folders, fails the test on any content lost, doubled or
-  // misnamed, and removes the sources of finished copies so the next run
-  // does not ask about them.
-  Tally Check(const std::string& target) {
-    std::map<int, Places> found;
+  // Looks at both folders, fails the test on any content lost, doubled,
+  // damaged or misnamed, and removes the sources of finished copies so the
+  // next run does not ask about them.
+  Tally Check() {
+    std::vector<std::array<int, 3>> found(count_);
     Tally tally;
-    const std::vector<std::string> folders =
-        target == files_ ? std::vector{files_} : std::vector{files_, target};
-    for (const std::string& folder : folders) {
+    for (const std::string& folder : std::set{files_, target_}) {
       for (const auto& entry : fs::directory_iterator(folder)) {
-        const std::string name = entry.path().filename().string();
-        const std::string content = ReadFile(entry.path());
+        const std::string path = entry.path().string();
+        std::ifstream in(path, std::ios::binary);
+        const std::string content{std::istreambuf_iterator<char>(in), {}};
         int i = -1;
-        if (std::sscanf(content.c_str(), "content %d\n", &i) != 1 || i < 0 || i >= count_ ||
-            content != "content " + std::to_string(i) + "\n") {
-          ADD_FAILURE() << "unknown or damaged file " << entry.path();
+        std::sscanf(content.c_str(), "content %d", &i);
+        const std::string places[] = {Old(i), New(i), New(i) + ".temp"};
+        const auto place = std::ranges::find(places, path) - places;
+        if (i < 0 || i >= count_ || content != Content(i) || place == 3) {
+          ADD_FAILURE() << "unknown or damaged file, or one under a wrong name: " << path;
           ++tally.faults;
-          continue;
-        }
-        if (folder == files_ && name == OldName(i)) {
-          found[i].old.push_back(entry.path());
-        } else if (folder == target && name == NewName(i)) {
-          found[i].renamed.push_back(entry.path());
-        } else if (folder == target && name == NewName(i) + ".temp") {
-          found[i].temp.push_back(entry.path());
         } else {
-          ADD_FAILURE() << "content " << i << " under a wrong name " << entry.path();
-          ++tally.faults;
+          ++found[i][place];
+          ++tally.at[place];
         }
       }
     }
     for (int i = 0; i < count_; ++i) {
-      const Places& at = found[i];
-      const std::size_t places = at.old.size() + at.renamed.size() + at.temp.size();
-      const bool copied = target != files_ && at.old.size() == 1 && at.renamed.size() == 1 &&
-                          at.temp.empty();
-      if (copied) {
+      const auto [old, renamed, temp] = found[i];
+      if (target_ != files_ && old == 1 && renamed == 1 && temp == 0) {
         ++tally.copies;
-        fs::remove(at.old[0]);
-      } else if (places != 1) {
-        ADD_FAILURE() << "content " << i << " found " << places << " times";
+        fs::remove(Old(i));
+      } else if (old + renamed + temp != 1) {
+        ADD_FAILURE() << "content " << i << " found " << old + renamed + temp << " times";
         ++tally.faults;
       }
-      tally.old += static_cast<int>(at.old.size());
-      tally.renamed += static_cast<int>(at.renamed.size());
-      tally.temp += static_cast<int>(at.temp.size());
     }
     return tally;
   }
 
-  // Kills `kills` runs started by `start` into `target`, checking after
-  // each, then lets one finish.
-  void KillAndCheck(const std::function<pid_t()>& start, const std::string& target,
-                    const char* label) {
+  // Kills runs, checking after each, then lets one finish.
+  void KillAndCheck(const std::vector<std::string>& placements, const char* label) {
     const int kills = Setting("TESSALY_CRASH_KILLS", 3);
-    for (int k = 0; k < kills && Pending(); ++k) {
-      const bool killed = KillMidway(start(), target);
-      const Tally tally = Check(target);
+    for (int k = 0; k < kills && !Pending().empty(); ++k) {
+      const bool killed = KillMidway(Start(placements));
+      const Tally tally = Check();
       std::cout << label << " kill " << k + 1 << (killed ? "" : " (ended by itself)")
-                << ": old " << tally.old << ", new " << tally.renamed << ", temp " << tally.temp
+                << ": old " << tally.at[0] << ", new " << tally.at[1] << ", temp " << tally.at[2]
                 << ", copy beside source " << tally.copies << ", faults " << tally.faults << "\n";
       if (tally.faults > 0) return;
     }
-    int status = 0;
-    waitpid(start(), &status, 0);
-    const Tally last = Check(target);
-    EXPECT_EQ(last.faults, 0);
-    EXPECT_EQ(last.old, 0);
+    waitpid(Start(placements), nullptr, 0);
+    EXPECT_EQ(Check().at[0], 0);  // every file renamed; Check reports any fault itself
   }
 
-  int count_ = 0;
+  const int count_ = Setting("TESSALY_CRASH_FILES", 2000);
   testing::TempFolder root_;
-  std::unique_ptr<testing::TempFolder> farFolder_;
-  std::string files_ = root_.path() + "/files", registry_ = root_.path() + "/registry", far_;
+  std::string files_ = root_.path() + "/files", registry_ = root_.path() + "/registry";
+  std::string target_ = files_;
   std::mt19937 random_{std::random_device{}()};
 };
 
-TEST_F(CrashConsistencyTest, KilledRenamesLoseAndDoubleNothing) {
-  KillAndCheck([this] { return StartRenames(); }, files_, "renames");
-}
+TEST_F(CrashConsistencyTest, KilledRenamesLoseAndDoubleNothing) { KillAndCheck({}, "renames"); }
 
 TEST_F(CrashConsistencyTest, KilledMovesToAnotherFileSystemLoseNothing) {
-  if (FarFolder().empty()) GTEST_SKIP() << "no second file system to move to";
-  KillAndCheck([this] { return StartMoves(); }, far_, "moves to another file system");
+  struct stat here {}, there {};
+  if (stat("/dev/shm", &there) != 0 || stat(root_.path().c_str(), &here) != 0 ||
+      here.st_dev == there.st_dev) {
+    GTEST_SKIP() << "no second file system to move to";
+  }
+  const testing::TempFolder far("/dev/shm");
+  target_ = far.path();
+  // The first placement leads from the files' folder there; upper-cased
+  // with the name, its folders are found again ignoring case.
+  std::string toFar = fs::relative(target_, files_).string() + "/";
+  std::replace(toFar.begin(), toFar.end(), '/', '\\');
+  KillAndCheck({"/placement1:" + toFar, "/placement2:Document Name", "/placement3:extension",
+                "/placement4:(none)", "/placement5:(none)", "/placement6:(none)"},
+               "moves to another file system");
 }
 
 }  // namespace
