@@ -108,7 +108,9 @@ TEST(Visible, EscapesWhatWouldActInsteadOfShowing) {
       {"a\r\nb\nc\r", Layout::kLineEnds, "a\r\nb\\nc\\r"},
       {R"(odd\name)", Layout::kNone, R"(odd\\name)"},
       {R"(odd\name)", Layout::kLineEnds, R"(odd\name)"},
-      {"Ünï \xc2\x9b \xe2\x80\xae txt \xff", Layout::kNone, R"(Ünï \u009b \u202e txt \xff)"},
+      // Marks that reorder or break text are escaped; a narrow blank (U+202F) is not.
+      {"Ünï \xc2\x9b \xe2\x80\xae\xe2\x81\xa9\xd8\x9c\xe2\x80\x8f\xe2\x80\xaf txt \xff", Layout::kNone,
+       "Ünï \\u009b \\u202e\\u2069\\u061c\\u200f\xe2\x80\xaf txt \\xff"},
   };
   for (const auto& [text, layout, expected] : cases) EXPECT_EQ(Visible(text, layout), expected) << expected;
 }
