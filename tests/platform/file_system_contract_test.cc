@@ -152,6 +152,7 @@ TEST_P(FileSystemContract, RenameMovesWithinAndBetweenFoldersAndOntoItself) {
   EXPECT_THAT(backend_->Names(root_), ElementsAre("A.TXT", "Sub"));
   ASSERT_TRUE(fs().Rename(At("A.TXT"), At("b.txt")));
   EXPECT_TRUE(fs().GetAttributes(At("b.txt")));  // its own changes are seen at once
+  EXPECT_FALSE(fs().GetAttributes(At("A.TXT")));
   ASSERT_TRUE(fs().Rename(At("b.txt"), At("Sub\\c.txt")));
   EXPECT_THAT(backend_->Names(root_), ElementsAre("Sub"));
   EXPECT_EQ(backend_->Read(At("Sub\\c.txt")), "alpha");

@@ -85,15 +85,27 @@ const ResolvedPath& PathResolver::Resolve(std::string_view path) {
     unkept_ = {};
     return unkept_;
   }
+  for (const NameAnswer* recent : recent_) {
+    if (recent != nullptr && recent->asked == path) return recent->answer;
+  }
   const std::size_t hash = NameHash(path);
   const auto [first, last] = names_.equal_range(hash);
   for (auto kept = first; kept != last; ++kept) {
-    if (kept->second.asked == path) return kept->second.answer;
+    if (kept->second.asked == path) return Recall(kept->second);
   }
   Look(path, unkept_);
   if (unkept_.state == State::kFound && S_ISLNK(unkept_.info.st_mode)) return unkept_;
-  if (names_.size() >= kMaxAnswers) names_.clear();
-  return names_.emplace(hash, NameAnswer{std::string(path), std::move(unkept_)})->second.answer;
+  if (names_.size() >= kMaxAnswers) {
+    names_.clear();
+    ForgetRecent();
+  }
+  return Recall(names_.emplace(hash, NameAnswer{std::string(path), std::move(unkept_)})->second);
+}
+
+const ResolvedPath& PathResolver::Recall(NameAnswer& kept) {
+  recent_[nextRecent_] = &kept;
+  nextRecent_ = (nextRecent_ + 1) % recent_.size();
+  return kept.answer;
 }
 
 void PathResolver::Look(std::string_view native, ResolvedPath& answer) {
@@ -165,10 +177,12 @@ PathResolver::FolderAnswer PathResolver::LookForFolder(const std::string& native
 }
 
 void PathResolver::NoteChanged(std::string_view native) {
+  ForgetRecent();
   names_.erase(NameHash(WithoutClosingSlashes(native)));
 }
 
 void PathResolver::Forget() {
+  ForgetRecent();
   names_.clear();
   folders_.clear();
   lastFolderNoted_.clear();

@@ -3,6 +3,7 @@
 
 #include <sys/stat.h>
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -68,11 +69,19 @@ class PathResolver {
   void Look(std::string_view native, ResolvedPath& answer);
   void LookIn(const std::string& folder, std::string_view name, ResolvedPath& answer);
   FolderAnswer LookForFolder(const std::string& native);
+  const ResolvedPath& Recall(NameAnswer& kept);
+  void ForgetRecent() { recent_.fill(nullptr); }
 
   // By a hash of the name ignoring letter case, so that a change drops
   // every spelling of the name together, as a case-folding disk may share
   // them; each spelling keeps its own answer.
   std::unordered_multimap<std::size_t, NameAnswer, SameNumber> names_;
+  // The last few answers given: a run asks about the same two or three
+  // paths several times for each file, and a comparison is cheaper than a
+  // hash and a walk through a large table. Nodes of names_ stay where they
+  // are until erased, and every erase empties this.
+  std::array<const NameAnswer*, 4> recent_{};
+  std::size_t nextRecent_ = 0;
   ResolvedPath unkept_;  // the answer about a link, or an empty path
   std::unordered_map<std::string, FolderAnswer> folders_;  // by the path asked for
   std::string lastFolderNoted_;
