@@ -379,6 +379,7 @@ TEST_F(WizardTest, LogCutsFoldersToSixCharactersWithTheMarkAlways) {
   ASSERT_EQ(box.spans().size(), 3u);
   EXPECT_EQ(box.spans()[0].start, text::CharCount(head));
   EXPECT_EQ(box.spans()[1].start, box.spans()[0].start + box.spans()[0].length);
+  EXPECT_EQ(box.spans()[1].colour, (Rgb{0, 0, 0}));  // no change
   EXPECT_EQ(box.spans()[2], (ColourSpan{box.spans()[2].start, text::CharCount(failed), {255, 0, 0}}));
 }
 
