@@ -173,6 +173,7 @@ TEST_F(WizardTest, NavigationInThePreviewIsIgnoredAndCancelInTheRunEndsBetweenFi
   EXPECT_FALSE(wizard.loaded());
   EXPECT_TRUE(files.GetAttributes("C:\\a\\3.TXT"));  // never reached
   EXPECT_THAT(FileLines(), ::testing::IsEmpty());  // nor is the file under way logged
+  EXPECT_EQ(files.renames().size(), 1u);  // nor moved again after the click
 }
 
 // ---- The command line ----
