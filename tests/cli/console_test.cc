@@ -39,7 +39,7 @@ TEST(ReadArguments, OptionsAndWhatTheyLeave) {
   const std::string raw = R"q("c:\a b.txt";rel.txt /placement2:"(none)" /step:4)q";
   const std::pair<Words, std::string> cases[] = {
       {{"--help", "-x"}, "help"}, {{"a.txt", "-h", "/exit"}, "help"}, {{"--version"}, "version"},
-      {{"-n", "a.txt", "/step:4"}, "n [a.txt] [/step:4]"},
+      {{"-n", "a.txt", "-", "/step:4"}, "n [a.txt] [-] [/step:4]"},
       {{"a.txt", "--dry-run", "--json"}, "nj [a.txt]"},
       {{"-n0", "--files-from", "-"}, "n0 <-"},
       {{"--null", "--files-from=list", "/step:4"}, "0 <list [/step:4]"},
@@ -110,8 +110,9 @@ TEST(SortShellWords, SwitchesOnlyInFullTheRestFiles) {
     EXPECT_EQ(sorted.switches, c.switches);
   }
   // Written like a switch but none: refused.
-  for (const char* bad : {"/stpe:4", "/settings:Bogus", "/placement9:x", "/placement1:a\"b",
-                          "/placement1:x /exit", "/Exit", "/settings:UpperCase/x"}) {
+  for (const char* bad : {"/stpe:4", "/step:45", "/settings:Bogus", "/placement0:x",
+                          "/placement7:x", "/placement1:a\"b", "/placement1:x /exit", "/Exit",
+                          "/settings:UpperCase/x"}) {
     EXPECT_EQ(SortShellWords({"a.txt", bad}, "/home/ann/work").badSwitch, bad);
   }
 }

@@ -194,6 +194,7 @@ TEST_P(FileSystemContract, DeleteRemovesWritableFilesOnlyButReadOnlyFilesMove) {
   backend_->MakeFile(At("a.txt"));
   backend_->MakeFolder(At("Sub"));
   EXPECT_TRUE(fs().Delete(At("a.txt")));
+  EXPECT_FALSE(fs().GetAttributes(At("a.txt")));  // seen gone at once
   for (const std::string& path : {At("a.txt"), At("Sub"), std::string()}) {
     EXPECT_FALSE(fs().Delete(path)) << path;
   }

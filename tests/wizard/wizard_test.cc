@@ -173,6 +173,7 @@ TEST_F(WizardTest, NavigationInThePreviewIsIgnoredAndCancelInTheRunEndsBetweenFi
   EXPECT_FALSE(wizard.loaded());
   EXPECT_TRUE(files.GetAttributes("C:\\a\\3.TXT"));  // never reached
   EXPECT_THAT(FileLines(), ::testing::IsEmpty());  // nor is the file under way logged
+  EXPECT_EQ(files.renames().size(), 1u);  // nor moved again after the click
 }
 
 // ---- The command line ----
@@ -379,6 +380,7 @@ TEST_F(WizardTest, LogCutsFoldersToSixCharactersWithTheMarkAlways) {
   ASSERT_EQ(box.spans().size(), 3u);
   EXPECT_EQ(box.spans()[0].start, text::CharCount(head));
   EXPECT_EQ(box.spans()[1].start, box.spans()[0].start + box.spans()[0].length);
+  EXPECT_EQ(box.spans()[1].colour, (Rgb{0, 0, 0}));  // no change
   EXPECT_EQ(box.spans()[2], (ColourSpan{box.spans()[2].start, text::CharCount(failed), {255, 0, 0}}));
 }
 
@@ -427,37 +429,42 @@ TEST_F(WizardTest, TakenNamesAskOnlyWhereAnotherFileWouldBeLost) {
     LetterCase letterCase;
     std::vector<std::string> disk;  // besides the listed file, "path=contents"
     const char *listed, *newName;
-    bool locked, yes;
+    char hold;  // 'L' locked; 'C' copied where moved, and read-only
+    bool yes;
     const char *asked, *outcome;
     std::size_t moves;
     std::vector<std::string> after;
   } cases[] = {
       // The file under its own temp name is never offered for deletion;
       // the other x is.
-      {"own temp name", LetterCase::kIgnore, {"C:\\t\\x=theirs"}, "C:\\t\\x.temp", "x", false, true, "x",
+      {"own temp name", LetterCase::kIgnore, {"C:\\t\\x=theirs"}, "C:\\t\\x.temp", "x", ' ', true, "x",
        "(Completed)", 2, {"C:\\t\\x=C:\\t\\x.temp"}},
       // Refusing to overwrite a foreign temp file fails the file.
       {"foreign temp", LetterCase::kIgnore, {"C:\\t\\new.txt=", "C:\\t\\new.txt.temp=foreign"},
-       "C:\\t\\old.txt", "new.txt", false, false, "new.txt.temp", "(Failed! - File Already Exists)", 0,
+       "C:\\t\\old.txt", "new.txt", ' ', false, "new.txt.temp", "(Failed! - File Already Exists)", 0,
        {"C:\\t\\new.txt=", "C:\\t\\new.txt.temp=foreign", "C:\\t\\old.txt=C:\\t\\old.txt"}},
       // Where letter case counts, x.temp beside X.TEMP is another file: it
       // is offered like any other, and refused, nothing moves.
       {"case twin", LetterCase::kExact, {"C:\\t\\x=theirs", "C:\\t\\x.temp=twin"}, "C:\\t\\X.TEMP", "x",
-       false, false, "x.temp", "(Failed! - File Already Exists)", 0,
+       ' ', false, "x.temp", "(Failed! - File Already Exists)", 0,
        {"C:\\t\\X.TEMP=C:\\t\\X.TEMP", "C:\\t\\x=theirs", "C:\\t\\x.temp=twin"}},
       // A file that cannot take its new name fails, stays, and nobody is asked.
       {"temp- marker", LetterCase::kIgnore, {"C:\\g\\b.txt=", "temp-C:\\g\\b.txt="}, "C:\\g\\a.txt", "b.txt",
-       false, false, "", "(Failed! - File Already Exists)", 0,
+       ' ', false, "", "(Failed! - File Already Exists)", 0,
        {"C:\\g\\a.txt=C:\\g\\a.txt", "C:\\g\\b.txt=", "temp-C:\\g\\b.txt="}},
-      {"no folder", LetterCase::kIgnore, {}, "C:\\g\\a.txt", "C:\\nowhere\\a.txt", false, false, "",
+      {"no folder", LetterCase::kIgnore, {}, "C:\\g\\a.txt", "C:\\nowhere\\a.txt", ' ', false, "",
        "(Failed! - Error Renaming File)", 0, {"C:\\g\\a.txt=C:\\g\\a.txt"}},
-      {"locked", LetterCase::kIgnore, {}, "C:\\g\\a.txt", "c.txt", true, false, "",
+      {"locked", LetterCase::kIgnore, {}, "C:\\g\\a.txt", "c.txt", 'L', false, "",
        "(Failed! - Error Renaming File)", 0, {"C:\\g\\a.txt=C:\\g\\a.txt"}},
+      // An original left behind by its copy does not stop the copy reaching the new
+      // name; either completion line will do.
+      {"original stays", LetterCase::kIgnore, {"C:\\g\\b.txt=theirs"}, "C:\\g\\a.txt", "b.txt", 'C', true,
+       "b.txt", "(Completed", 2, {"C:\\g\\a.txt=C:\\g\\a.txt", "C:\\g\\b.txt=C:\\g\\a.txt"}},
       // A case-only rename needs no question; only a disk that ignores case
       // goes by way of the temp name.
-      {"case only", LetterCase::kIgnore, {}, "c:\\k\\A", "a", false, false, "", "(Completed)", 2,
+      {"case only", LetterCase::kIgnore, {}, "c:\\k\\A", "a", ' ', false, "", "(Completed)", 2,
        {"c:\\k\\a=c:\\k\\A"}},
-      {"case only, exact", LetterCase::kExact, {}, "c:\\k\\A", "a", false, false, "", "(Completed)", 1,
+      {"case only, exact", LetterCase::kExact, {}, "c:\\k\\A", "a", ' ', false, "", "(Completed)", 1,
        {"c:\\k\\a=c:\\k\\A"}},
   };
   for (const auto& c : cases) {
@@ -468,7 +475,11 @@ TEST_F(WizardTest, TakenNamesAskOnlyWhereAnotherFileWouldBeLost) {
       files.SetContents(file.substr(0, file.find('=')), file.substr(file.find('=') + 1));
     }
     files.SetContents(c.listed, c.listed);
-    if (c.locked) files.Lock(c.listed);
+    if (c.hold == 'L') files.Lock(c.listed);
+    if (c.hold == 'C') {
+      files.CopyInsteadOfMoving(c.listed);
+      files.MakeReadOnly(c.listed);
+    }
     fTessaly& wizard = Start();
     List({c.listed});
     wizard.lblStep[2].Click();
