@@ -29,20 +29,27 @@ bool NoReplaceUnsupported(int error) {
 
 }  // namespace
 
-PlaceResult LinkThenUnlink(const std::string& from, const std::string& to) {
-  if (link(from.c_str(), to.c_str()) != 0) return FromErrno(errno);
-  if (unlink(from.c_str()) == 0) return PlaceResult::kDone;
-  unlink(to.c_str());
+PlaceResult LinkThenUnlink(int fromFolder, const char* from, int toFolder, const char* to) {
+  if (linkat(fromFolder, from, toFolder, to, 0) != 0) return FromErrno(errno);
+  if (unlinkat(fromFolder, from, 0) == 0) return PlaceResult::kDone;
+  unlinkat(toFolder, to, 0);
   return PlaceResult::kFailed;
 }
 
-PlaceResult RenameWithoutReplacing(const std::string& from, const std::string& to) {
-  if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) {
-    return PlaceResult::kDone;
-  }
+PlaceResult LinkThenUnlink(const std::string& from, const std::string& to) {
+  return LinkThenUnlink(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str());
+}
+
+PlaceResult RenameWithoutReplacing(int fromFolder, const char* from, int toFolder,
+                                   const char* to) {
+  if (renameat2(fromFolder, from, toFolder, to, RENAME_NOREPLACE) == 0) return PlaceResult::kDone;
   const int error = errno;
-  if (NoReplaceUnsupported(error)) return LinkThenUnlink(from, to);
+  if (NoReplaceUnsupported(error)) return LinkThenUnlink(fromFolder, from, toFolder, to);
   return FromErrno(error);
+}
+
+PlaceResult RenameWithoutReplacing(const std::string& from, const std::string& to) {
+  return RenameWithoutReplacing(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str());
 }
 
 }  // namespace tessaly

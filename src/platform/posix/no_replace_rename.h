@@ -16,6 +16,8 @@ enum class PlaceResult {
 // under `to`, even one that appears while this runs. Uses the kernel's
 // no-replace rename, and a link-and-unlink where the file system lacks it.
 PlaceResult RenameWithoutReplacing(const std::string& from, const std::string& to);
+// The same, each name relative to a folder handle (or AT_FDCWD).
+PlaceResult RenameWithoutReplacing(int fromFolder, const char* from, int toFolder, const char* to);
 
 // The fallback on its own: a hard link under `to` (which fails if `to` is
 // taken), then the unlink of `from`. If the unlink fails, the link is

@@ -110,7 +110,8 @@ const ResolvedPath& PathResolver::Recall(NameAnswer& kept) {
 
 void PathResolver::Look(std::string_view native, ResolvedPath& answer) {
   answer.native.assign(native);
-  if (lstat(answer.native.c_str(), &answer.info) == 0) {
+  const HeldFolders::Place place = held_.Reach(answer.native);
+  if (fstatat(place.folder, place.name, &answer.info, AT_SYMLINK_NOFOLLOW) == 0) {
     answer.state = State::kFound;
     // The folder of an entry that exists exists too. A run asks about one
     // folder many times in a row, so the last one noted is not noted again.
@@ -183,6 +184,7 @@ void PathResolver::NoteChanged(std::string_view native) {
 
 void PathResolver::Forget() {
   ForgetRecent();
+  held_.Release();
   names_.clear();
   folders_.clear();
   lastFolderNoted_.clear();

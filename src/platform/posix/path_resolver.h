@@ -8,6 +8,8 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "platform/posix/held_folders.h"
+
 namespace tessaly {
 
 // A native path as the disk resolves it.
@@ -47,6 +49,9 @@ class PathResolver {
   // The folder `native` names, as the disk spells it, or false.
   bool ResolveFolder(std::string_view native, std::string& resolved);
 
+  // How the *at calls reach `native` cheaply; see HeldFolders.
+  HeldFolders::Place Reach(const std::string& native) { return held_.Reach(native); }
+
   // The owner has just renamed or removed the entry `native`.
   void NoteChanged(std::string_view native);
   // Drops every kept answer.
@@ -84,6 +89,7 @@ class PathResolver {
   std::size_t nextRecent_ = 0;
   ResolvedPath unkept_;  // the answer about a link, or an empty path
   std::unordered_map<std::string, FolderAnswer> folders_;  // by the path asked for
+  HeldFolders held_;  // released with the folder answers
   std::string lastFolderNoted_;
 };
 

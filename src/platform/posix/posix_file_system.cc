@@ -51,7 +51,9 @@ std::optional<std::uint32_t> PosixFileSystem::GetAttributes(std::string_view pat
 }
 
 bool PosixFileSystem::Move(const ResolvedPath& from, const std::string& to) {
-  switch (RenameWithoutReplacing(from.native, to)) {
+  const HeldFolders::Place source = resolver_.Reach(from.native);
+  const HeldFolders::Place target = resolver_.Reach(to);
+  switch (RenameWithoutReplacing(source.folder, source.name, target.folder, target.name)) {
     case PlaceResult::kDone:
       return true;
     case PlaceResult::kCrossDevice:
