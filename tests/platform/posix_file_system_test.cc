@@ -161,8 +161,33 @@ TEST_F(PosixFileSystemTest, KeptAnswersAreForgottenOnRequest) {
   EXPECT_TRUE(fs_.GetAttributes(Model("SUB\\x")));
   std::filesystem::create_directory(Native("sub"));  // now two folders match
   EXPECT_TRUE(fs_.GetAttributes(Model("SUB\\x")));
+  // The folder a run works in is held open: one put in its place counts
+  // from the next ForgetAnswers as well.
+  std::filesystem::create_directory(Native("Run"));
+  WriteNative(Native("Run/a"), "");
+  EXPECT_TRUE(fs_.GetAttributes(Model("Run\\a")));
+  EXPECT_FALSE(fs_.GetAttributes(Model("Run\\b")));
+  std::filesystem::rename(Native("Run"), Native("Old"));
+  std::filesystem::create_directory(Native("Run"));
+  WriteNative(Native("Run/b"), "");
   fs_.ForgetAnswers();
   EXPECT_FALSE(fs_.GetAttributes(Model("SUB\\x")));
+  EXPECT_FALSE(fs_.GetAttributes(Model("Run\\a")));
+  EXPECT_TRUE(fs_.GetAttributes(Model("Run\\b")));
+}
+
+// Moving out of one held folder into a third one must not let go of the
+// source's folder on the way: the move would then name a file elsewhere.
+TEST_F(PosixFileSystemTest, AMoveKeepsHoldOfBothFolders) {
+  for (const char* folder : {"A", "B", "C"}) {
+    std::filesystem::create_directory(Native(folder));
+    WriteNative(Native(folder) + "/x", folder);
+  }
+  for (const char* path : {"A\\x", "A\\y", "B\\x", "B\\y", "C\\y"}) fs_.GetAttributes(Model(path));
+  ASSERT_TRUE(fs_.Rename(Model("A\\x"), Model("C\\x2")));
+  EXPECT_FALSE(std::filesystem::exists(Native("A/x")));
+  EXPECT_EQ(ReadNative(Native("C/x2")), "A");
+  EXPECT_EQ(ReadNative(Native("C/x")), "C");
 }
 
 TEST_F(PosixFileSystemTest, NativeBackslashesAreSlashesInTheModel) {
