@@ -221,41 +221,34 @@ const std::string kShown =
     "Confirm Overwrite: The file 'b\\x1b[8m.txt' already exists. Would you like to overwrite this "
     "file?";
 
-class TerminalUiTest : public ::testing::Test {
- protected:
-  MessageAnswer AskOverwrite() {
-    return ui.MessageBox(kQuestion, MessageButtons::kYesNoCancel, "Confirm Overwrite");
-  }
-
+// What the person types, one line at a time: a line not understood is
+// asked again, and the end of input is No. With no terminal the answer is
+// No without asking, and said so. An OK box is printed without asking, and
+// the pickers are cancelled.
+TEST(TerminalUi, ReadsEachAnswerOrSaysNo) {
   std::ostringstream out, messages;
   QueuedPerson person;
   TerminalUi ui{out, messages, false, person};
-};
-
-// What the person types, one line at a time: a line not understood is
-// asked again, and the end of input is No. With no terminal the answer is
-// No without asking, and said so.
-TEST_F(TerminalUiTest, ReadsEachAnswerOrSaysNo) {
-  person.answers = {"maybe", "", " Y ", "no", "C", "yes", "n"};
-  for (MessageAnswer answer : {MessageAnswer::kYes, MessageAnswer::kNo, MessageAnswer::kCancel,
-                               MessageAnswer::kYes, MessageAnswer::kNo, MessageAnswer::kNo}) {
-    EXPECT_EQ(AskOverwrite(), answer);
-  }
-  person.reachable = false;
-  EXPECT_EQ(AskOverwrite(), MessageAnswer::kNo);
-  EXPECT_EQ(person.prompts.size(), 8u);
-  EXPECT_EQ(person.prompts[0], kShown + " [y]es, [n]o, [c]ancel? ");
-  EXPECT_EQ(messages.str(), "\nConfirm Overwrite: no answer, answering No\n" + kShown +
-                                "\nConfirm Overwrite: no terminal to ask, answering No\n");
-}
-
-TEST_F(TerminalUiTest, OkBoxIsPrintedWithoutAskingAndPickersAreCancelled) {
   EXPECT_EQ(ui.MessageBox("The list\r\nis\nfull.\x7f", MessageButtons::kOk, "Tessaly"),
             MessageAnswer::kOk);
-  EXPECT_EQ(messages.str(), "Tessaly: The list\nis\\nfull.\\x7f\n");
   EXPECT_EQ(ui.BrowseForFolder("Select a folder", "\\home"), "");
   EXPECT_FALSE(ui.ShowOpenFileDialog(OpenFileRequest{}).accepted);
   EXPECT_TRUE(person.prompts.empty());
+  const auto askOverwrite = [&] {
+    return ui.MessageBox(kQuestion, MessageButtons::kYesNoCancel, "Confirm Overwrite");
+  };
+  person.answers = {"maybe", "", " Y ", "no", "C", "yes", "n"};
+  for (MessageAnswer answer : {MessageAnswer::kYes, MessageAnswer::kNo, MessageAnswer::kCancel,
+                               MessageAnswer::kYes, MessageAnswer::kNo, MessageAnswer::kNo}) {
+    EXPECT_EQ(askOverwrite(), answer);
+  }
+  person.reachable = false;
+  EXPECT_EQ(askOverwrite(), MessageAnswer::kNo);
+  EXPECT_EQ(person.prompts.size(), 8u);
+  EXPECT_EQ(person.prompts[0], kShown + " [y]es, [n]o, [c]ancel? ");
+  EXPECT_EQ(messages.str(), "Tessaly: The list\nis\\nfull.\\x7f\n"
+                            "\nConfirm Overwrite: no answer, answering No\n" +
+                                kShown + "\nConfirm Overwrite: no terminal to ask, answering No\n");
 }
 
 }  // namespace

@@ -130,7 +130,7 @@ TEST(ListBox, ChangedTextMovesToItsSortedPlace) {
   EXPECT_THAT(Texts(list), ::testing::ElementsAre("d", "E", "f"));
 }
 
-TEST(Controls, RulesRunOnlyWhenTheStateChanges) {
+TEST(Controls, RulesRunOnlyWhenTheStateChangesOrTheButtonIsThere) {
   CheckBox box;
   ComboBox combo;
   std::vector<std::string> events;
@@ -150,9 +150,7 @@ TEST(Controls, RulesRunOnlyWhenTheStateChanges) {
   combo.Pick(3);
   EXPECT_THAT(events, ::testing::ElementsAre("box 1", "box 2", "click", "change Extension"));
   EXPECT_EQ(redraws, 2);
-}
-
-TEST(Controls, DisabledOrHiddenButtonsIgnoreClicks) {
+  // A disabled or hidden button ignores clicks.
   CommandButton button;
   int clicks = 0;
   button.onClick = [&] { ++clicks; };

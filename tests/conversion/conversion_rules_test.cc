@@ -11,7 +11,8 @@
 namespace tessaly {
 namespace {
 
-TEST(FileNameOf, SplitsAtTheLastBackslashAndJoinsBackWhole) {
+// A path splits at its last backslash into parts that join back whole.
+TEST(PathRoutines, PartsExtensionClosingBackslashAndFolders) {
   struct Case {
     std::string path, folder, name;
   } cases[] = {
@@ -28,10 +29,8 @@ TEST(FileNameOf, SplitsAtTheLastBackslashAndJoinsBackWhole) {
     EXPECT_EQ(c.folder + c.name, c.path);
   }
   EXPECT_TRUE(ui.messages().empty());
-}
-
-TEST(FileExtensionOf, TheLastPeriodColonOrBackslashDecides) {
-  const std::pair<std::string, std::string> cases[] = {
+  // The extension: the last period, colon or backslash decides.
+  const std::pair<std::string, std::string> extensions[] = {
       {"c:\\graphics\\common\\myfile_(1).tmd.jpg.jpeg", "jpeg"},
       {"c:\\my.folder\\name", ""},
       {"name.", ""},
@@ -39,16 +38,12 @@ TEST(FileExtensionOf, TheLastPeriodColonOrBackslashDecides) {
       {"a.b:c", ""},
       {"photo.jpg/x", "jpg/x"},  // "/" is no separator
   };
-  for (const auto& [path, extension] : cases) EXPECT_EQ(FileExtensionOf(path), extension) << path;
-}
-
-TEST(WithTrailingBackslash, LooksAtTheLastCharacterOnly) {
+  for (const auto& [path, extension] : extensions) EXPECT_EQ(FileExtensionOf(path), extension) << path;
+  // A closing backslash is added where the last character is none.
   EXPECT_EQ(WithTrailingBackslash("c:\\a"), "c:\\a\\");
   EXPECT_EQ(WithTrailingBackslash("c:\\a\\\\"), "c:\\a\\\\");
   EXPECT_EQ(WithTrailingBackslash(""), "\\");
-}
-
-TEST(DirectoryExists, NetworkPathsCountWithoutLookingAndFailuresGiveFalse) {
+  // A network path counts as a folder without a look; a failed look is no folder.
   MemoryFileSystem fs;
   fs.AddDirectory("d:\\photos");
   fs.AddFile("d:\\photos\\a.jpg");
@@ -115,18 +110,16 @@ TEST(FormatDate, PatternLanguage) {
   for (const auto& [pattern, expected] : cases) EXPECT_EQ(FormatDate(pattern, day), expected) << pattern;
 }
 
-TEST(FormatDate, WeeksStartOnSundayAndWeekOneHoldsTheFirstOfJanuary) {
+// Weeks start on Sunday and week one holds the first of January; the day of
+// the year counts leap years.
+TEST(FormatDate, WeekWeekdayAndDayOfTheYear) {
   // 2026-01-01 is a Thursday, so Sunday 4 January opens week 2.
   const std::pair<CivilDate, std::string> cases[] = {
-      {{2026, 1, 3}, "1 7"}, {{2026, 1, 4}, "2 1"}, {{2026, 12, 31}, "53 5"}, {{2023, 1, 1}, "1 1"},
+      {{2026, 1, 3}, "1 7 3"},      {{2026, 1, 4}, "2 1 4"},    {{2026, 12, 31}, "53 5 365"},
+      {{2023, 1, 1}, "1 1 1"},      {{2024, 12, 31}, "53 3 366"}, {{2100, 3, 1}, "10 2 60"},
+      {{2000, 3, 1}, "10 4 61"},
   };
-  for (const auto& [date, expected] : cases) EXPECT_EQ(FormatDate("ww w", date), expected);
-}
-
-TEST(DayOfYear, CountsLeapYears) {
-  EXPECT_EQ(DayOfYear({2024, 12, 31}), 366);
-  EXPECT_EQ(DayOfYear({2100, 3, 1}), 60);
-  EXPECT_EQ(DayOfYear({2000, 3, 1}), 61);
+  for (const auto& [date, expected] : cases) EXPECT_EQ(FormatDate("ww w y", date), expected) << expected;
 }
 
 }  // namespace

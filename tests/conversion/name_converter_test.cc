@@ -41,67 +41,50 @@ class NameConverterTest : public ::testing::Test {
   ConversionOptions options_;
 };
 
+// Each row with "Include Path" clear, where the folder stays as it was and
+// only the name changes (to `shielded` where given, else to the name of
+// `included` in the source's folder), and ticked, where the stages act on
+// the whole path.
 TEST_F(NameConverterTest, BoxesTickedOneRowAtATime) {
-  using Box = CheckState ConversionOptions::*;
   using O = ConversionOptions;
-  const struct {
-    std::vector<Box> ticked;
-    int sample;
-    std::string expected;  // with "Include Path" ticked
-  } rows[] = {
-      {{}, 0, "c:\\graphics\\common\\myfile_(1).tmd.jpg.jpeg"},
-      {{&O::chkRemoveNumbers}, 0, "c:\\graphics\\common\\myfile_.tmd.jpg.jpeg"},
-      {{&O::chkExtra}, 0, "c:\\graphics\\common\\myfile_(1)tmdjpg.jpeg"},
-      {{&O::chkShortExtension}, 0, "c:\\graphics\\common\\myfile_(1).tmd.jpg.jpg"},
-      {{&O::chkLongExtension}, 1, "c:\\graphics\\common\\Copy of MYFILE -    SPACE - 04 - Oddy.jpeg"},
-      {{&O::chkRemoveu, &O::chkFixSpacing}, 2, "c:\\graphics\\common\\MyFile - My file data HeadEr.mp3"},
-      {{&O::chkCapitalize}, 2, "C:\\Graphics\\Common\\Myfile - My File Data Header .mp3"},
-      {{&O::chkUpperCase}, 1, "C:\\GRAPHICS\\COMMON\\COPY OF MYFILE -    SPACE - 04 - ODDY.JPG"},
-      {{&O::chkRemoveNumbers, &O::chkShortExtension, &O::chkExtra, &O::chkRemoveu, &O::chkRemoveDoubleSpace,
-        &O::chkCapitalize, &O::chkFixSpacing},
-       0, "C:\\Graphics\\Common\\Myfile Tmdjpg.jpg"},
-      {{&O::chkRemoveDoubleSpace, &O::chkFixSpacing}, 1, "c:\\graphics\\common\\Copy of MYFILE - SPACE - 04 - Oddy.jpg"},
-  };
-  // With "Include Path" ticked the stages act on the whole path; clear, the
-  // folder stays as it was and only the name changes.
-  for (const auto& row : rows) {
-    options_ = ConversionOptions();
-    for (Box box : row.ticked) options_.*box = kChecked;
-    options_.chkIncludePaths = kChecked;
-    EXPECT_EQ(Convert(kBuiltInSamples[row.sample]), row.expected);
-    options_.chkIncludePaths = kUnchecked;
-    EXPECT_EQ(Convert(kBuiltInSamples[row.sample]),
-              "c:\\graphics\\common\\" + row.expected.substr(row.expected.find_last_of('\\') + 1));
-  }
-}
-
-TEST_F(NameConverterTest, TheFolderIsLeftAloneUnlessIncludePathIsTicked) {
-  using Box = CheckState ConversionOptions::*;
+  const auto& s = kBuiltInSamples;
   fs_.AddDirectory("e:\\my_new.folder");
   const struct {
-    std::string source;
-    std::vector<Box> ticked;
-    bool newFolder;
-    std::string shielded, included;
+    std::vector<CheckState O::*> ticked;
+    std::string_view source;
+    std::string included, shielded = "";
+    bool newFolder = false;
   } rows[] = {
-      {"\\home\\ann\\my_photos.2024\\a_b.c.JPG",
-       {&ConversionOptions::chkRemoveu, &ConversionOptions::chkExtra}, false,
-       "\\home\\ann\\my_photos.2024\\a bc.jpg", "\\home\\ann\\my photos2024\\a bc.jpg"},
-      {"\\home\\ann\\x.txt", {&ConversionOptions::chkCapitalize}, false, "\\home\\ann\\X.txt",
-       "\\Home\\Ann\\X.txt"},
+      {{}, s[0], "c:\\graphics\\common\\myfile_(1).tmd.jpg.jpeg"},
+      {{&O::chkRemoveNumbers}, s[0], "c:\\graphics\\common\\myfile_.tmd.jpg.jpeg"},
+      {{&O::chkExtra}, s[0], "c:\\graphics\\common\\myfile_(1)tmdjpg.jpeg"},
+      {{&O::chkShortExtension}, s[0], "c:\\graphics\\common\\myfile_(1).tmd.jpg.jpg"},
+      {{&O::chkLongExtension}, s[1], "c:\\graphics\\common\\Copy of MYFILE -    SPACE - 04 - Oddy.jpeg"},
+      {{&O::chkRemoveu, &O::chkFixSpacing}, s[2], "c:\\graphics\\common\\MyFile - My file data HeadEr.mp3"},
+      {{&O::chkCapitalize}, s[2], "C:\\Graphics\\Common\\Myfile - My File Data Header .mp3"},
+      {{&O::chkUpperCase}, s[1], "C:\\GRAPHICS\\COMMON\\COPY OF MYFILE -    SPACE - 04 - ODDY.JPG"},
+      {{&O::chkRemoveNumbers, &O::chkShortExtension, &O::chkExtra, &O::chkRemoveu, &O::chkRemoveDoubleSpace,
+        &O::chkCapitalize, &O::chkFixSpacing},
+       s[0], "C:\\Graphics\\Common\\Myfile Tmdjpg.jpg"},
+      {{&O::chkRemoveDoubleSpace, &O::chkFixSpacing}, s[1],
+       "c:\\graphics\\common\\Copy of MYFILE - SPACE - 04 - Oddy.jpg"},
+      {{&O::chkRemoveu, &O::chkExtra}, "\\home\\ann\\my_photos.2024\\a_b.c.JPG",
+       "\\home\\ann\\my photos2024\\a bc.jpg"},
+      {{&O::chkCapitalize}, "\\home\\ann\\x.txt", "\\Home\\Ann\\X.txt"},
       // A blank behind the folder is the name's own first character.
-      {"\\tmp\\ x  y .txt", {&ConversionOptions::chkFixSpacing}, false, "\\tmp\\x y.txt",
-       "\\tmp\\ x y.txt"},
+      {{&O::chkFixSpacing}, "\\tmp\\ x  y .txt", "\\tmp\\ x y.txt", "\\tmp\\x y.txt"},
       // The destination folder is shielded like the source's.
-      {"c:\\a\\b_c.txt", {&ConversionOptions::chkRemoveu, &ConversionOptions::chkUpperCase}, true,
-       "e:\\my_new.folder\\B C.TXT", "E:\\MY NEW.FOLDER\\B C.TXT"},
+      {{&O::chkRemoveu, &O::chkUpperCase}, "c:\\a\\b_c.txt", "E:\\MY NEW.FOLDER\\B C.TXT",
+       "e:\\my_new.folder\\B C.TXT", true},
   };
   for (const auto& row : rows) {
     options_ = ConversionOptions();
-    for (Box box : row.ticked) options_.*box = kChecked;
+    for (auto box : row.ticked) options_.*box = kChecked;
     options_.optMoveNewFolder = row.newFolder;
     options_.lFolder = "e:\\my_new.folder";
-    EXPECT_EQ(Convert(row.source), row.shielded) << row.source;
+    const std::string named = std::string(row.source.substr(0, row.source.rfind('\\') + 1)) +
+                              row.included.substr(row.included.rfind('\\') + 1);
+    EXPECT_EQ(Convert(row.source), row.shielded.empty() ? named : row.shielded) << row.source;
     options_.chkIncludePaths = kChecked;
     EXPECT_EQ(Convert(row.source), row.included) << row.source;
   }
@@ -132,8 +115,7 @@ TEST_F(NameConverterTest, OptionsOnOnePath) {
                                    "mmddyy (date)", "EXTENSION", "", ""}; },
        std::string(kBuiltInSamples[0]), "c:\\graphics\\common\\myfile_(1).tmd.jpg 001A111826.JPEG"},
       {[](auto& o) { o.cboBatch = {}; }, std::string(kBuiltInSamples[2]), "c:\\graphics\\common\\"},
-      // Extra periods: only the one before the extension stays.
-      {[](auto& o) { o.chkExtra = kChecked; }, "c:\\my.folder\\a.b.txt", "c:\\my.folder\\ab.txt"},
+      // Extra periods: one always stands before the extension, even an empty one.
       {[](auto& o) { o.chkExtra = kChecked, o.cboBatch = {"Document Name", "", "", "", "", "", "", ""}; },
        "c:\\docs\\name", "c:\\docs\\name."},
       // A placement bringing a backslash moves the folder boundary.
@@ -157,13 +139,11 @@ TEST_F(NameConverterTest, OptionsOnOnePath) {
     row.set(options_);
     EXPECT_EQ(Convert(row.source), row.expected) << row.source;
   }
-  options_ = ConversionOptions();
-  options_.chkIncludePaths = kChecked;  // only shows the panel
-  Convert(kBuiltInSamples[0]);
-  EXPECT_TRUE(options_.pFolderPathVisible);
-  options_.chkIncludePaths = kGrayed;
-  Convert(kBuiltInSamples[0]);
-  EXPECT_FALSE(options_.pFolderPathVisible);
+  for (CheckState state : {kChecked, kGrayed}) {  // only a tick shows the panel
+    options_.chkIncludePaths = state;
+    Convert(kBuiltInSamples[0]);
+    EXPECT_EQ(options_.pFolderPathVisible, state == kChecked);
+  }
 }
 
 TEST_F(NameConverterTest, SerialRisesOncePerNameWhetherUsedOrNot) {
@@ -226,11 +206,8 @@ TEST_F(NameConverterTest, UnwantedFormattingRemovesActiveRowsWhenTicked) {
   options_.chkFormatting = kChecked;
   EXPECT_EQ(Convert(kBuiltInSamples[1]), "c:\\graphics\\common\\MYFILE -    SPACE4 - Oddy.jpg");
   EXPECT_EQ(lists_.formattingLoads, 1);
-}
-
-TEST_F(NameConverterTest, WithoutAListSourceTheRecordsListsAreUsed) {
+  // Without a list source the record's own list is used.
   NameConverter inMemory({clock_, locale_, fs_, nullptr});
-  options_.chkFormatting = kChecked;
   options_.FormattingList = {{"MYFILE", true}};
   EXPECT_EQ(inMemory.ConvertName(options_, kBuiltInSamples[1]),
             "c:\\graphics\\common\\Copy of  -    SPACE - 04 - Oddy.jpg");

@@ -260,14 +260,12 @@ TEST(SearchPatternTest, MatchesLikeTheDesktopPlatform) {
   for (const auto& [name, pattern, matches] : cases) {
     EXPECT_EQ(search_pattern::Matches(name, pattern), matches) << name << " / " << pattern;
   }
-}
-
-TEST(SearchPatternTest, SplitsFolderFromNamePattern) {
-  const std::tuple<const char*, const char*, const char*> cases[] = {
+  // A search pattern's folder and name pattern.
+  const std::tuple<const char*, const char*, const char*> splits[] = {
       {"C:\\Photos\\*.jpg", "C:\\Photos", "*.jpg"}, {"C:\\*.*", "C:\\", "*.*"},
       {"\\*.*", "\\", "*.*"}, {"C:\\Photos\\", "C:\\Photos", ""},
   };
-  for (const auto& [pattern, folder, name] : cases) {
+  for (const auto& [pattern, folder, name] : splits) {
     const search_pattern::Parts parts = search_pattern::Split(pattern);
     EXPECT_EQ(parts.folder + "|" + parts.name, std::string(folder) + "|" + name) << pattern;
   }

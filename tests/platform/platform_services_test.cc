@@ -32,7 +32,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-TEST(PosixLocaleTest, SeparatorIsTheTextBetweenTheFirstTwoFields) {
+// A separator is the text between the first two fields of a format.
+TEST(PosixLocaleTest, SeparatorsOfFormatsAndOfTheCLocale) {
   const std::pair<const char*, const char*> cases[] = {
       {"%d.%m.%Y", "."}, {"%Y. %m. %d.", ". "}, {"%OH.%OM", "."},
       {"%D", "/"},       {"%T", ":"},           {"%x", "?"},
@@ -40,9 +41,7 @@ TEST(PosixLocaleTest, SeparatorIsTheTextBetweenTheFirstTwoFields) {
   for (const auto& [format, separator] : cases) {
     EXPECT_EQ(SeparatorOfFormat(format, "?"), separator) << format;
   }
-}
-
-TEST(PosixLocaleTest, TheCLocaleGivesSlashColonAndPeriod) {
+  // The C locale gives slash, colon and period, and English names.
   setenv("LC_ALL", "C", 1);
   const PosixLocale locale;
   unsetenv("LC_ALL");

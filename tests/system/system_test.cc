@@ -184,7 +184,8 @@ TEST_F(SystemTest, ARefusedMarkStillStartsTheUpdaterButAKeyErrorEndsTheCheck) {
 // A program given parameters starts hidden, whatever case ".exe" is in and
 // wherever it stands in the text; a document keeps its show command; with
 // neither parameters nor directory the window always shows normally.
-TEST(ShellOpenTest, ShowCommandAndPartsPassedOn) {
+// Failed answers fill in a report.
+TEST(ShellOpenTest, ShowCommandPartsPassedOnAndFailureReports) {
   const struct {
     const char *file, *parameters, *directory;
     std::int32_t show, expectedShow;
@@ -200,14 +201,11 @@ TEST(ShellOpenTest, ShowCommandAndPartsPassedOn) {
     EXPECT_EQ(shell.requests().at(0),
               (ShellRequest{7, "open", c.file, c.parameters, c.directory, c.expectedShow}));
   }
-}
-
-// Answers up to 32 fail with their report; the others leave it untouched.
-TEST(ShellOpenTest, AnswersUpTo32FailWithTheirReport) {
+  // Answers up to 32 fail with their report; the others leave it untouched.
   const struct {
     std::int32_t answer, number;
     const char *source, *text;
-  } cases[] = {
+  } answers[] = {
       {0, 7, "renamer.GShell", "Out of memory"},
       {32, 48, "renamer.GShell", "The specified dynamic-link library was not found."},
       {25, -2147220456 + 25, "renamer.GShell",
@@ -218,7 +216,7 @@ TEST(ShellOpenTest, AnswersUpTo32FailWithTheirReport) {
   FixedProgram program;
   program.fileName = "renamer";
   RecordingShell shell;
-  for (const auto& c : cases) {
+  for (const auto& c : answers) {
     shell.SetAnswer(c.answer);
     ShellFailure failure{-5, "untouched", "untouched"};
     const bool succeeds = c.answer > 32 || c.answer < 0;

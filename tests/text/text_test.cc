@@ -47,12 +47,13 @@ TEST(Utf8, CountsCharactersAndEveryByteSequenceSurvivesDecodeAndEncode) {
   EXPECT_EQ(rebuilt, all);
 }
 
-struct ReplaceCase {
-  std::string text, find, replacement, expected;
-};
-
-TEST(ReplaceAll, ScansLeftToRightWithoutRescanning) {
-  const ReplaceCase cases[] = {
+// Matches are scanned left to right and never rescanned, exactly or
+// ignoring case character by character.
+TEST(ReplaceAll, ScansLeftToRightWithoutRescanningExactOrIgnoringCase) {
+  const struct {
+    std::string text, find, replacement, expected;
+    bool ignoreCase = false;
+  } cases[] = {
       {"aaa", "aa", "b", "ba"},            // matches never overlap
       {"abab", "ab", "abab", "abababab"},  // inserted text is not scanned again
       {"name", "", "x", "name"},           // empty find changes nothing
@@ -62,25 +63,20 @@ TEST(ReplaceAll, ScansLeftToRightWithoutRescanning) {
       {"\xc3" "x é", "\xc3", "-", "-x é"},
       {"éx", "\xa9x", "-", "éx"},
       {"e\xcc\x81", "e\xcc", "-", "e\xcc\x81"},
+      {"a.JPG.jpg.JpG", "jpg", "jpeg", "a.jpeg.jpeg.jpeg", true},
+      {"ÄRGER ärger", "äR", "x", "xGER xger", true},
+      {"Straße", "SS", "x", "Straße", true},  // no one-to-many folding
+      {"\xc3" "A", "\xc3" "a", "ok", "ok", true},  // a stray byte matches only itself
+      {"xyz", "", "q", "xyz", true},
   };
-  for (const auto& c : cases) EXPECT_EQ(ReplaceAll(c.text, c.find, c.replacement), c.expected) << c.text;
+  for (const auto& c : cases) {
+    EXPECT_EQ((c.ignoreCase ? ReplaceAllIgnoreCase : ReplaceAll)(c.text, c.find, c.replacement), c.expected)
+        << c.text;
+  }
   std::string text = "abc";
   EXPECT_FALSE(ReplaceAllIn(text, "x", "y"));
   EXPECT_TRUE(ReplaceAllIn(text, "b", "b"));
-}
-
-TEST(ReplaceAllIgnoreCase, MatchesCharactersIgnoringCase) {
-  const ReplaceCase cases[] = {
-      {"a.JPG.jpg.JpG", "jpg", "jpeg", "a.jpeg.jpeg.jpeg"},
-      {"ÄRGER ärger", "äR", "x", "xGER xger"},
-      {"Straße", "SS", "x", "Straße"},  // no one-to-many folding
-      {"\xc3" "A", "\xc3" "a", "ok", "ok"},  // a stray byte matches only itself
-      {"xyz", "", "q", "xyz"},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(ReplaceAllIgnoreCase(c.text, c.find, c.replacement), c.expected) << c.text;
-  }
-  std::string text = "a.tif b.TIFF c.Tif";  // passes over matches followed by the guard
+  text = "a.tif b.TIFF c.Tif";  // passes over matches followed by the guard
   ReplaceAllIgnoreCaseIn(text, "tif", "tiff", "f");
   EXPECT_EQ(text, "a.tiff b.TIFF c.tiff");
 }

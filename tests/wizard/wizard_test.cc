@@ -178,7 +178,9 @@ TEST_F(WizardTest, NavigationInThePreviewIsIgnoredAndCancelInTheRunEndsBetweenFi
 
 // ---- The command line ----
 
-TEST(CommandLineText, FilePartEndsAtTheFirstSlashAndLosesItsQuotes) {
+// The file part ends at the first slash and loses its quotes; a placement
+// value is quoted, a step one digit; the first of each counts.
+TEST(CommandLineText, FilePathsPlacementValuesAndStepDigits) {
   EXPECT_THAT(command_line::FilePaths(R"x(  "C:\a b.txt";C:\c.txt /step:4)x"),
               Optional(ElementsAre("C:\\a b.txt", "C:\\c.txt")));
   EXPECT_THAT(command_line::FilePaths("C:/x/y.txt"), Optional(ElementsAre("C:")));
@@ -186,9 +188,6 @@ TEST(CommandLineText, FilePartEndsAtTheFirstSlashAndLosesItsQuotes) {
   EXPECT_THAT(command_line::FilePaths("a;;b "), Optional(ElementsAre("a", "", "b")));
   // Quotes alone make a file part that is not empty, though it holds no path.
   EXPECT_THAT(command_line::FilePaths(R"x("" /exit)x"), Optional(ElementsAre()));
-}
-
-TEST(CommandLineText, PlacementValuesAndStepDigits) {
   const struct { const char* line; int number; std::optional<std::string> value; } cases[] = {
       {R"x(/placement2:"(none)" /step:4)x", 2, "(none)"},
       {R"x(/placement1:Name)x", 1, std::nullopt},  // no opening quote
