@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/file_system.h"
+#include "platform/file_system_wrapper.h"
 #include "platform/machine.h"
 #include "text/visible_text.h"
 
@@ -15,36 +15,18 @@ namespace tessaly::cli {
 // escaped, a backslash doubled so an escape in a name is told apart. Where
 // names cannot hold a backslash, a path with nothing to escape shows as it
 // is, its separators single.
-class VisiblePathsFileSystem : public FileSystem {
+class VisiblePathsFileSystem : public FileSystemWrapper {
  public:
-  explicit VisiblePathsFileSystem(FileSystem& real) : real_(real) {}
+  using FileSystemWrapper::FileSystemWrapper;
 
-  std::optional<std::uint32_t> GetAttributes(std::string_view path) override {
-    return real_.GetAttributes(path);
-  }
-  bool Rename(std::string_view source, std::string_view target) override {
-    return real_.Rename(source, target);
-  }
-  bool Delete(std::string_view path) override { return real_.Delete(path); }
-  std::vector<DirectoryEntry> Search(std::string_view pattern, std::uint32_t include) override {
-    return real_.Search(pattern, include);
-  }
-  std::optional<FileIdentity> IdentityOf(std::string_view path) override {
-    return real_.IdentityOf(path);
-  }
-  std::string SameNameKey(std::string_view path) const override { return real_.SameNameKey(path); }
   std::string Shown(std::string_view path) const override {
-    std::string shown = real_.Shown(path);
+    std::string shown = real().Shown(path);
     if (!machine::NamesMayHoldBackslash() &&
         text::Visible(shown, text::Layout::kLineEnds) == shown) {
       return shown;
     }
     return text::Visible(shown, text::Layout::kNone);
   }
-  void ForgetAnswers() override { real_.ForgetAnswers(); }
-
- private:
-  FileSystem& real_;
 };
 
 }  // namespace tessaly::cli

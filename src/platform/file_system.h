@@ -34,6 +34,16 @@ struct FileIdentity {
   friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
 };
 
+// What an entry is at one moment: who it is, and the facts that change
+// when it is written to. Two equal versions are the same file, unchanged.
+struct FileVersion {
+  FileIdentity identity;
+  std::uint64_t size = 0;
+  std::int64_t modified = 0;  // in the platform's own units
+  std::int64_t changed = 0;   // the last change of data or facts, where kept
+  friend bool operator==(const FileVersion&, const FileVersion&) = default;
+};
+
 // A search leaves out an entry that is hidden, system or a directory unless
 // each of those bits it has is in `include`; read-only and archive entries
 // always come back.
@@ -59,9 +69,11 @@ class FileSystem {
   // are as they were.
   virtual bool Rename(std::string_view source, std::string_view target) = 0;
 
-  // Deletes the file `path`. Returns false if it is missing, is a directory,
-  // is read-only or cannot be deleted.
-  virtual bool Delete(std::string_view path) = 0;
+  // Deletes the file `path` only while it is still `expected`: another
+  // program may have put its own file under that name meanwhile. Returns
+  // false if it is missing, has changed, is a directory, is read-only or
+  // cannot be deleted. There is no delete by name alone.
+  virtual bool DeleteIfUnchanged(std::string_view path, const FileVersion& expected) = 0;
 
   // The entries of a folder whose names match a pattern: `pattern` is the
   // folder, a backslash and a name with the wildcards "*" and "?", matched
@@ -74,6 +86,15 @@ class FileSystem {
   // The identity of the entry `path` leads to, links followed; nothing if
   // it cannot be looked at.
   virtual std::optional<FileIdentity> IdentityOf(std::string_view path) = 0;
+
+  // The version of the entry `path` names itself (a link is not followed);
+  // nothing if it cannot be looked at.
+  virtual std::optional<FileVersion> VersionOf(std::string_view path) = 0;
+
+  // Whether `a` and `b` name one directory entry: the same path, or two
+  // spellings that the file system folds together. Two hard links to one
+  // file are two entries.
+  virtual bool OneEntry(std::string_view a, std::string_view b) = 0;
 
   // A text that two paths share exactly when this file system takes them
   // for the same name: the path itself where names are exact, a folded form

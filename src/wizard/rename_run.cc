@@ -30,10 +30,14 @@ bool fTessaly::SameEntry(std::string_view a, std::string_view b) const {
 
 void fTessaly::RenameFile(const std::string& source, const std::string& target) {
   FileSystem& files = services_.fileSystem;
-  // A target that is the source itself under another spelling (on a disk
-  // that folds letter case) is never offered for deletion: the rename
-  // sorts it out or fails harmlessly. Only the disk can tell.
-  if (FileExists(target) && !SameEntry(source, target)) {
+  // A target that is the source's own entry under another spelling (on a
+  // disk that folds letter case) is never offered for deletion: the rename
+  // sorts it out or fails harmlessly. A hard link of the source is another
+  // entry and is asked about like any other file.
+  if (FileExists(target) && !files.OneEntry(source, target)) {
+    // Yes deletes the file the question names, not whatever stands under
+    // its name by the time the person answers.
+    const std::optional<FileVersion> named = files.VersionOf(target);
     const std::string question = "The file '" + files.Shown(FileNameOf(target, 2, services_.ui)) +
                                  "' already exists. Would you like to overwrite this file?";
     const MessageAnswer answer =
@@ -41,10 +45,16 @@ void fTessaly::RenameFile(const std::string& source, const std::string& target) 
     // The person may have done anything to the disk while the question stood.
     files.ForgetAnswers();
     if (answer != MessageAnswer::kYes) return;
-    if (!files.Delete(target)) return;
+    if (!named || !files.DeleteIfUnchanged(target, *named)) return;
   }
+  const std::optional<FileVersion> moving = files.VersionOf(source);
   if (!files.Rename(source, target)) return;
-  if (FileExists(target) && FileExists(source) && !SameEntry(source, target)) files.Delete(source);
+  // Whatever stands under the old name now is removed only if it is the
+  // very file the move left behind; a file another program put there is
+  // theirs.
+  if (moving && FileExists(target) && FileExists(source) && !files.OneEntry(source, target)) {
+    files.DeleteIfUnchanged(source, *moving);
+  }
 }
 
 void fTessaly::RunRenames() {

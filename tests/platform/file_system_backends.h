@@ -27,6 +27,8 @@ class FileSystemBackend {
   virtual void MakeFile(std::string_view path, std::string_view contents = "",
                         std::uint32_t attributes = 0) = 0;
   virtual void MakeFolder(std::string_view path) = 0;
+  // A second name for the file `existing`: a hard link.
+  virtual void MakeLink(std::string_view existing, std::string_view path) = 0;
   // The contents of the file spelled exactly `path`, if there is one.
   virtual std::optional<std::string> Read(std::string_view path) = 0;
   // The names in `folder` as the disk spells them, sorted.

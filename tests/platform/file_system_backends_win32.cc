@@ -45,6 +45,9 @@ class Win32Backend : public FileSystemBackend {
       SetFileAttributesW(Widen(path).c_str(), FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN);
     }
   }
+  void MakeLink(std::string_view existing, std::string_view path) override {
+    CreateHardLinkW(Widen(path).c_str(), Widen(existing).c_str(), nullptr);
+  }
   std::optional<std::string> Read(std::string_view path) override {
     const std::string folder(path.substr(0, path.find_last_of('\\')));
     const auto names = Names(folder);

@@ -40,6 +40,9 @@ class MemoryBackend : public testing::FileSystemBackend {
   void MakeFolder(std::string_view path) override {
     fs_.AddFile(path, attr::kDirectory | (IsHiddenName(path) ? attr::kHidden : 0));
   }
+  void MakeLink(std::string_view existing, std::string_view path) override {
+    fs_.AddLink(existing, path);
+  }
   std::optional<std::string> Read(std::string_view path) override {
     return std::ranges::count(fs_.Paths(), path) == 0 ? std::nullopt : fs_.Contents(path);
   }
@@ -83,6 +86,11 @@ class FileSystemContract : public ::testing::TestWithParam<BackendKind> {
     for (const auto& entry : fs().Search(At(pattern), include)) names.push_back(entry.name);
     return names;
   }
+  // Deletes `path` as the file it is now.
+  bool Delete(const std::string& path) {
+    const std::optional<FileVersion> now = fs().VersionOf(path);
+    return now && fs().DeleteIfUnchanged(path, *now);
+  }
   void MakeFiles(std::initializer_list<const char*> names, std::uint32_t attributes = 0) {
     for (const char* name : names) backend_->MakeFile(At(name), name, attributes);
   }
@@ -116,7 +124,7 @@ TEST_P(FileSystemContract, CaseTwinsAreSeparateFilesWhereCaseCounts) {
   if (backend_->IgnoresCase()) GTEST_SKIP() << "case twins cannot exist here";
   MakeFiles({"Foo", "foo", "FOO"});
   EXPECT_FALSE(fs().GetAttributes(At("fOO")));
-  EXPECT_TRUE(fs().Delete(At("foo")));
+  EXPECT_TRUE(Delete(At("foo")));
   EXPECT_FALSE(fs().Rename(At("Foo"), At("FOO")));
   ASSERT_TRUE(fs().Rename(At("FOO"), At("bar")));
   EXPECT_THAT(backend_->Names(root_), ElementsAre("Foo", "bar"));
@@ -188,17 +196,50 @@ TEST_P(FileSystemContract, RenameFailsWithoutHarmWhenEitherPathIsUnusableOrTheTa
 
 TEST_P(FileSystemContract, DeleteRemovesWritableFilesOnlyButReadOnlyFilesMove) {
   backend_->MakeFile(At("ro.txt"), "keep", attr::kReadOnly);
-  EXPECT_FALSE(fs().Delete(At("ro.txt")));
+  EXPECT_FALSE(Delete(At("ro.txt")));
   ASSERT_TRUE(fs().Rename(At("ro.txt"), At("moved.txt")));
   EXPECT_EQ(backend_->Read(At("moved.txt")), "keep");
   backend_->MakeFile(At("a.txt"));
   backend_->MakeFolder(At("Sub"));
-  EXPECT_TRUE(fs().Delete(At("a.txt")));
+  EXPECT_TRUE(Delete(At("a.txt")));
   EXPECT_FALSE(fs().GetAttributes(At("a.txt")));  // seen gone at once
   for (const std::string& path : {At("a.txt"), At("Sub"), std::string()}) {
-    EXPECT_FALSE(fs().Delete(path)) << path;
+    EXPECT_FALSE(Delete(path)) << path;
   }
   EXPECT_THAT(backend_->Names(root_), ElementsAre("Sub", "moved.txt"));
+}
+
+// A delete names the file it means, as it was when the caller looked:
+// another program's file put under that name, or the file written to since,
+// stays.
+TEST_P(FileSystemContract, DeleteSparesAFileThatIsNoLongerTheOneSeen) {
+  MakeFiles({"moved.txt", "written.txt", "untouched.txt"});
+  const auto moved = fs().VersionOf(At("moved.txt"));
+  const auto written = fs().VersionOf(At("written.txt"));
+  const auto untouched = fs().VersionOf(At("untouched.txt"));
+  ASSERT_TRUE(moved && written && untouched);
+  ASSERT_TRUE(fs().Rename(At("moved.txt"), At("away.txt")));
+  backend_->MakeFile(At("moved.txt"), "theirs");
+  backend_->MakeFile(At("written.txt"), "written again");
+  EXPECT_FALSE(fs().DeleteIfUnchanged(At("moved.txt"), *moved));
+  EXPECT_FALSE(fs().DeleteIfUnchanged(At("written.txt"), *written));
+  EXPECT_EQ(backend_->Read(At("moved.txt")), "theirs");
+  EXPECT_EQ(backend_->Read(At("written.txt")), "written again");
+  EXPECT_TRUE(fs().DeleteIfUnchanged(At("untouched.txt"), *untouched));
+}
+
+// One entry under two spellings is one only where the disk folds them;
+// two hard links to one file are two entries.
+TEST_P(FileSystemContract, OneEntryTellsSpellingsFromHardLinks) {
+  MakeFiles({"a.txt", "b.txt"});
+  backend_->MakeLink(At("a.txt"), At("link.txt"));
+  EXPECT_TRUE(fs().OneEntry(At("a.txt"), At("a.txt")));
+  EXPECT_EQ(fs().OneEntry(At("a.txt"), At("A.TXT")), backend_->IgnoresCase());
+  EXPECT_FALSE(fs().OneEntry(At("a.txt"), At("b.txt")));
+  EXPECT_FALSE(fs().OneEntry(At("a.txt"), At("missing.txt")));
+  ASSERT_EQ(fs().IdentityOf(At("a.txt")), fs().IdentityOf(At("link.txt")));
+  EXPECT_FALSE(fs().OneEntry(At("a.txt"), At("link.txt")));
+  EXPECT_FALSE(fs().OneEntry(At("LINK.txt"), At("a.txt")));
 }
 
 // Also: a folder is searched in other letter case where the backend

@@ -104,6 +104,9 @@ class PosixBackend : public testing::FileSystemBackend {
   void MakeFolder(std::string_view path) override {
     std::filesystem::create_directory(ToNativePath(path));
   }
+  void MakeLink(std::string_view existing, std::string_view path) override {
+    link(ToNativePath(existing).c_str(), ToNativePath(path).c_str());
+  }
   std::optional<std::string> Read(std::string_view path) override {
     const std::string native = ToNativePath(path);
     const auto names = NamesIn(native.substr(0, native.find_last_of('/')));
@@ -154,26 +157,27 @@ class PosixFileSystemTest : public ::testing::Test {
 
 // Answers are kept for reuse (the program's own changes replace them at
 // once, as the contract checks); changes made behind its back count from
-// the next ForgetAnswers.
-TEST_F(PosixFileSystemTest, KeptAnswersAreForgottenOnRequest) {
+// the next ForgetAnswers. A folder put in place of one the program has met
+// is never reached: its files were never listed.
+TEST_F(PosixFileSystemTest, KeptAnswersAreForgottenOnRequestButAReplacedFolderIsNotReached) {
   std::filesystem::create_directory(Native("Sub"));
   WriteNative(Native("Sub/x"), "");
   EXPECT_TRUE(fs_.GetAttributes(Model("SUB\\x")));
   std::filesystem::create_directory(Native("sub"));  // now two folders match
   EXPECT_TRUE(fs_.GetAttributes(Model("SUB\\x")));
-  // The folder a run works in is held open: one put in its place counts
-  // from the next ForgetAnswers as well.
   std::filesystem::create_directory(Native("Run"));
   WriteNative(Native("Run/a"), "");
+  WriteNative(Native("Run/b"), "");
   EXPECT_TRUE(fs_.GetAttributes(Model("Run\\a")));
-  EXPECT_FALSE(fs_.GetAttributes(Model("Run\\b")));
   std::filesystem::rename(Native("Run"), Native("Old"));
   std::filesystem::create_directory(Native("Run"));
-  WriteNative(Native("Run/b"), "");
+  WriteNative(Native("Run/b"), "theirs");
   fs_.ForgetAnswers();
   EXPECT_FALSE(fs_.GetAttributes(Model("SUB\\x")));
-  EXPECT_FALSE(fs_.GetAttributes(Model("Run\\a")));
-  EXPECT_TRUE(fs_.GetAttributes(Model("Run\\b")));
+  EXPECT_FALSE(fs_.GetAttributes(Model("Run\\b")));
+  EXPECT_FALSE(fs_.Rename(Model("Run\\b"), Model("Run\\c")));
+  EXPECT_THAT(NamesIn(Native("Run")), ElementsAre("b"));
+  EXPECT_THAT(NamesIn(Native("Old")), ElementsAre("a", "b"));
 }
 
 // Moving out of one held folder into a third one must not let go of the
@@ -210,6 +214,17 @@ TEST_F(PosixFileSystemTest, NeitherWayOfPlacingReplacesATakenName) {
   EXPECT_EQ(ReadNative(Native("theirs")), "theirs");
   EXPECT_EQ(LinkThenUnlink(Native("mine"), Native("free")), PlaceResult::kDone);
   EXPECT_THAT(NamesIn(folder_.path()), ElementsAre("free", "theirs"));
+  // A disk that refuses both (FUSE exFAT): the name is tested, then taken.
+  const PlacementCalls refusing = {
+      [](int, const char*, int, const char*) { return errno = EINVAL, -1; },
+      [](int, const char*, int, const char*) { return errno = EPERM, -1; }};
+  const auto place = [&](const char* from, const char* to) {
+    return RenameWithoutReplacing(AT_FDCWD, Native(from).c_str(), AT_FDCWD, Native(to).c_str(), refusing);
+  };
+  EXPECT_EQ(place("free", "theirs"), PlaceResult::kTaken);
+  EXPECT_EQ(place("free", "placed"), PlaceResult::kDone);
+  EXPECT_THAT(NamesIn(folder_.path()), ElementsAre("placed", "theirs"));
+  EXPECT_EQ(ReadNative(Native("theirs")), "theirs");
 }
 
 // A second file system for moves between file systems: the shared memory
@@ -261,6 +276,32 @@ TEST_F(CrossDeviceMoveTest, MovesDataOwnerPermissionsTimesAndAttributes) {
   if (!administrator) GTEST_SKIP() << "only an administrator can give a file to another owner";
   EXPECT_EQ(moved.st_uid, 1234u);
   EXPECT_EQ(moved.st_gid, 5678u);
+}
+
+// A newer version saved under the source's name while it is copied, in
+// place or the way editors save (a new file renamed over the name): the
+// copy is in place, and the source stays.
+TEST_F(CrossDeviceMoveTest, ASourceChangedDuringTheCopyStays) {
+  const std::function<void()> saves[] = {
+      [this] { std::ofstream(From(), std::ios::app) << "newer"; },
+      [this] {
+        WriteNative(From() + ".new", "newer");
+        std::filesystem::rename(From(), From() + ".bak");
+        std::filesystem::rename(From() + ".new", From());
+      },
+  };
+  for (const auto& save : saves) {
+    WriteNative(From(), data_);
+    std::filesystem::remove(To());
+    fs_.SetMoveFaultForTesting([&](MoveStage at) {
+      if (at == MoveStage::kSync) save();
+      return false;
+    });
+    ASSERT_TRUE(Move(From(), To()));
+    EXPECT_EQ(ReadNative(To()), data_);
+    EXPECT_THAT(ReadNative(From()), ::testing::Optional(::testing::EndsWith("newer")));
+    fs_.ForgetAnswers();
+  }
 }
 
 // A failure at any stage, a FIFO (whose copy would wait for a writer for

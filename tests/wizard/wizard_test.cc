@@ -428,7 +428,10 @@ TEST_F(WizardTest, TakenNamesAskOnlyWhereAnotherFileWouldBeLost) {
     LetterCase letterCase;
     std::vector<std::string> disk;  // besides the listed file, "path=contents"
     const char *listed, *newName;
-    char hold;  // 'L' locked; 'C' copied where moved, and read-only
+    // 'L' locked; 'C' copied where moved, and read-only; 'N' copied where
+    // moved, and a newer version saved under its name as it is; 'H' its new
+    // name a hard link of it; 'Y' the file asked about changed while asked.
+    char hold;
     bool yes;
     const char *asked, *outcome;
     std::size_t moves;
@@ -459,6 +462,15 @@ TEST_F(WizardTest, TakenNamesAskOnlyWhereAnotherFileWouldBeLost) {
       // name; either completion line will do.
       {"original stays", LetterCase::kIgnore, {"C:\\g\\b.txt=theirs"}, "C:\\g\\a.txt", "b.txt", 'C', true,
        "b.txt", "(Completed", 2, {"C:\\g\\a.txt=C:\\g\\a.txt", "C:\\g\\b.txt=C:\\g\\a.txt"}},
+      // Only the very file the move left behind is removed, only the file
+      // the question named is deleted, and a hard link is another file.
+      {"newer original", LetterCase::kIgnore, {}, "C:\\g\\a.txt", "b.txt", 'N', false, "",
+       "(Completed - Error Removing Original File)", 1, {"C:\\g\\a.txt=newer", "C:\\g\\b.txt=newer"}},
+      {"changed while asked", LetterCase::kIgnore, {"C:\\g\\b.txt=theirs"}, "C:\\g\\a.txt", "b.txt", 'Y',
+       true, "b.txt", "(Completed - Error Removing Temp File)", 1,
+       {"C:\\g\\b.txt=newer", "C:\\g\\b.txt.temp=C:\\g\\a.txt"}},
+      {"hard link", LetterCase::kExact, {}, "C:\\h\\x", "y", 'H', true, "y", "(Completed)", 2,
+       {"C:\\h\\y=C:\\h\\x"}},
       // A case-only rename needs no question; only a disk that ignores case
       // goes by way of the temp name.
       {"case only", LetterCase::kIgnore, {}, "c:\\k\\A", "a", ' ', false, "", "(Completed)", 2,
@@ -479,6 +491,12 @@ TEST_F(WizardTest, TakenNamesAskOnlyWhereAnotherFileWouldBeLost) {
       files.CopyInsteadOfMoving(c.listed);
       files.MakeReadOnly(c.listed);
     }
+    if (c.hold == 'N') {
+      files.CopyInsteadOfMoving(c.listed);
+      files.BeforeNextRename([&] { files.SetContents(c.listed, "newer"); });
+    }
+    if (c.hold == 'H') files.AddLink(c.listed, "C:\\h\\y");
+    if (c.hold == 'Y') ui.OnMessageBox([&] { files.SetContents("C:\\g\\b.txt", "newer"); });
     fTessaly& wizard = Start();
     List({c.listed});
     wizard.lblStep[2].Click();

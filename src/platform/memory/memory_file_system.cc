@@ -116,9 +116,17 @@ void MemoryFileSystem::AddDirectory(std::string_view path) {
 
 void MemoryFileSystem::Remove(std::string_view path) { entries_.erase(Key(path)); }
 
+void MemoryFileSystem::AddLink(std::string_view existing, std::string_view path) {
+  Entry link = *Find(existing);
+  link.path = std::string(WithoutClosingBackslash(path));
+  entries_[Key(path)] = std::move(link);
+}
+
 void MemoryFileSystem::SetContents(std::string_view path, std::string contents) {
   if (Find(path) == nullptr) AddFile(path);
-  Find(path)->contents = std::move(contents);
+  Entry& entry = *Find(path);
+  entry.contents = std::move(contents);
+  ++entry.writes;
 }
 
 std::optional<std::string> MemoryFileSystem::Contents(std::string_view path) const {
@@ -177,13 +185,11 @@ bool MemoryFileSystem::Rename(std::string_view source, std::string_view target) 
   return true;
 }
 
-bool MemoryFileSystem::Delete(std::string_view path) {
+bool MemoryFileSystem::DeleteIfUnchanged(std::string_view path, const FileVersion& expected) {
   if (std::exchange(failNextDelete_, false)) return false;
-  if (!IsUsableName(path)) return false;
+  if (!IsUsableName(path) || VersionOf(path) != expected) return false;
   const Entry* entry = Find(path);
-  if (entry == nullptr || (entry->attributes & (attr::kDirectory | attr::kReadOnly)) != 0) {
-    return false;
-  }
+  if ((entry->attributes & (attr::kDirectory | attr::kReadOnly)) != 0) return false;
   if (locked_.contains(Key(entry->path))) return false;
   entries_.erase(Key(entry->path));
   deletes_.push_back(std::string(path));
@@ -213,6 +219,17 @@ std::optional<FileIdentity> MemoryFileSystem::IdentityOf(std::string_view path) 
   const Entry* entry = Find(path);
   if (entry == nullptr) return std::nullopt;
   return FileIdentity{0, entry->node};
+}
+
+std::optional<FileVersion> MemoryFileSystem::VersionOf(std::string_view path) {
+  const Entry* entry = Find(path);
+  if (entry == nullptr) return std::nullopt;
+  return FileVersion{{0, entry->node}, entry->contents.size(), entry->writes, entry->writes};
+}
+
+bool MemoryFileSystem::OneEntry(std::string_view a, std::string_view b) {
+  const Entry* one = Find(a);
+  return one != nullptr && one == Find(b);
 }
 
 std::string MemoryFileSystem::Shown(std::string_view path) const {

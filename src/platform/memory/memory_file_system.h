@@ -37,7 +37,10 @@ class MemoryFileSystem : public FileSystem {
   void AddFile(std::string_view path, std::uint32_t attributes = attr::kArchive);
   void AddDirectory(std::string_view path);
   void Remove(std::string_view path);
-  // Gives the file `path` the text `contents`, adding the file if missing.
+  // A second name for the file `existing`, as a hard link: one identity.
+  void AddLink(std::string_view existing, std::string_view path);
+  // Gives the file `path` the text `contents`, adding the file if missing;
+  // an existing file keeps its identity and gets a new version.
   void SetContents(std::string_view path, std::string contents);
   // The text of the file `path`, or nothing if there is no such file.
   std::optional<std::string> Contents(std::string_view path) const;
@@ -46,9 +49,11 @@ class MemoryFileSystem : public FileSystem {
 
   std::optional<std::uint32_t> GetAttributes(std::string_view path) override;
   bool Rename(std::string_view source, std::string_view target) override;
-  bool Delete(std::string_view path) override;
+  bool DeleteIfUnchanged(std::string_view path, const FileVersion& expected) override;
   std::vector<DirectoryEntry> Search(std::string_view pattern, std::uint32_t include) override;
   std::optional<FileIdentity> IdentityOf(std::string_view path) override;
+  std::optional<FileVersion> VersionOf(std::string_view path) override;
+  bool OneEntry(std::string_view a, std::string_view b) override;
   std::string SameNameKey(std::string_view path) const override { return Key(path); }
   std::string Shown(std::string_view path) const override;
   void ForgetAnswers() override { ++forgets_; }
@@ -83,6 +88,7 @@ class MemoryFileSystem : public FileSystem {
     std::uint32_t attributes = attr::kArchive;
     std::string contents;
     std::uint64_t node = 0;  // its identity, kept across renames
+    std::int64_t writes = 0;  // its version, raised by every write
   };
 
   std::string Key(std::string_view path) const;

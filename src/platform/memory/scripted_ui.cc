@@ -20,6 +20,7 @@ T TakeFront(std::deque<T>& queue, T otherwise) {
 MessageAnswer ScriptedUi::MessageBox(std::string_view text, MessageButtons buttons,
                                      std::string_view title) {
   messages_.push_back({std::string(text), buttons, std::string(title)});
+  if (messageAction_) messageAction_();
   const MessageAnswer otherwise =
       buttons == MessageButtons::kOk ? MessageAnswer::kOk : MessageAnswer::kCancel;
   return TakeFront(answers_, otherwise);

@@ -38,6 +38,8 @@ class ScriptedUi : public Ui {
   void OnModal(std::string dialog, std::function<void(Form&)> action) {
     modalActions_[std::move(dialog)] = std::move(action);
   }
+  // What happens while each message box stands, say another program at work.
+  void OnMessageBox(std::function<void()> action) { messageAction_ = std::move(action); }
   // What happens each time pending events run, say a click on a button.
   void OnPendingEvents(std::function<void()> action) { pendingAction_ = std::move(action); }
 
@@ -70,6 +72,7 @@ class ScriptedUi : public Ui {
   std::deque<OpenFileAnswer> openFileAnswers_;
   std::map<std::string, std::function<void(Form&)>, std::less<>> modalActions_;
   std::function<void()> pendingAction_;
+  std::function<void()> messageAction_;
   std::vector<Message> messages_;
   std::vector<std::string> modalDialogs_;
   std::vector<std::string> shownForms_;

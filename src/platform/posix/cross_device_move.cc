@@ -10,6 +10,7 @@
 
 #include "platform/posix/copied_metadata.h"
 #include "platform/posix/no_replace_rename.h"
+#include "platform/posix/posix_attributes.h"
 
 namespace tessaly {
 
@@ -135,7 +136,10 @@ bool MoveAcrossFileSystems(const std::string& source, const std::string& target,
     return false;
   }
   SyncFolder(folder);
-  unlink(source.c_str());
+  // The source goes only if it is still the file that was copied: another
+  // program may have saved a newer version under its name meanwhile.
+  struct stat now {};
+  if (lstat(source.c_str(), &now) == 0 && VersionFrom(now) == VersionFrom(info)) unlink(source.c_str());
   return true;
 }
 

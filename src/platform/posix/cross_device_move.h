@@ -20,10 +20,11 @@ using MoveFault = std::function<bool(MoveStage)>;
 // Moves the regular file `source` to `target` on another file system: copies
 // data, owner (where permitted), permissions, extended attributes and times
 // into an unnamed file in the target's folder, flushes it, links it in under
-// `target` without replacing anything, then removes the source. On failure
-// the source is untouched and no copy is left behind. If the source cannot
-// be removed at the end, the move still counts as done and both files
-// remain, as the desktop platform does. Anything but a regular file fails at
+// `target` without replacing anything, then removes the source if it is
+// still the file that was copied (same inode, size and times as at the
+// open). On failure the source is untouched and no copy is left behind. If
+// the source has changed meanwhile or cannot be removed, the move still
+// counts as done and both files remain, as the desktop platform does. Anything but a regular file fails at
 // once without being opened.
 bool MoveAcrossFileSystems(const std::string& source, const std::string& target,
                            const MoveFault& fault = nullptr);

@@ -19,19 +19,26 @@ HeldFolders::Place HeldFolders::Reach(const std::string& native) {
       return {held_[i].fd, name};
     }
   }
-  if (folder != lastAsked_) {
-    lastAsked_.assign(folder);
-    return {AT_FDCWD, native.c_str()};
-  }
-  const int fd = open(lastAsked_.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+  std::string path(folder);
+  const int fd = open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
   if (fd < 0) return {AT_FDCWD, native.c_str()};
+  struct stat info {};
+  if (fstat(fd, &info) != 0 || !IsFolderFirstMet(path, info)) {
+    close(fd);
+    return {kReplacedFolder, name};
+  }
   lastGiven_ = (lastGiven_ + 1) % held_.size();
   Held& slot = held_[lastGiven_];
   if (slot.fd >= 0) close(slot.fd);
   slot.fd = fd;
-  slot.folder.swap(lastAsked_);
-  lastAsked_.clear();
+  slot.folder = std::move(path);
   return {fd, name};
+}
+
+bool HeldFolders::IsFolderFirstMet(const std::string& native, const struct stat& info) {
+  const FileIdentity identity{static_cast<std::uint64_t>(info.st_dev),
+                              static_cast<std::uint64_t>(info.st_ino)};
+  return firstMet_.try_emplace(native, identity).first->second == identity;
 }
 
 void HeldFolders::Release() {
@@ -40,7 +47,6 @@ void HeldFolders::Release() {
     held.fd = -1;
     held.folder.clear();
   }
-  lastAsked_.clear();
 }
 
 }  // namespace tessaly

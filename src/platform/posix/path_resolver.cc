@@ -141,7 +141,8 @@ void PathResolver::LookIn(const std::string& folder, std::string_view name, Reso
   answer.state = State::kMissing;
   if (resolved == folder) return;  // the exact look already missed
   answer.native = Join(resolved, name);
-  if (lstat(answer.native.c_str(), &answer.info) == 0) {
+  const HeldFolders::Place place = held_.Reach(answer.native);
+  if (fstatat(place.folder, place.name, &answer.info, AT_SYMLINK_NOFOLLOW) == 0) {
     answer.state = State::kFound;
   } else if (errno != ENOENT) {
     answer.state = State::kUnusable;
@@ -167,7 +168,9 @@ bool PathResolver::ResolveFolder(std::string_view native, std::string& resolved)
 
 PathResolver::FolderAnswer PathResolver::LookForFolder(const std::string& native) {
   struct stat info {};
-  if (stat(native.c_str(), &info) == 0) return {S_ISDIR(info.st_mode), native};
+  if (stat(native.c_str(), &info) == 0) {
+    return {S_ISDIR(info.st_mode) && held_.IsFolderFirstMet(native, info), native};
+  }
   if (errno != ENOENT || native == "/" || native == ".") return {};
   const std::string_view name = NameOf(native);
   std::string parent;

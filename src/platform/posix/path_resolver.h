@@ -35,6 +35,9 @@ struct ResolvedPath {
 // the one folder of its parent that matches ignoring case, if exactly one
 // does.
 //
+// A folder that another program has replaced since the resolver first met
+// it is unusable (see HeldFolders).
+//
 // Answers are kept for reuse: a name's answer until the owner changes that
 // name or another spelling of it (NoteChanged), which a case-folding disk
 // may share; a folder's answer until Forget, since the owner never makes,
@@ -89,7 +92,7 @@ class PathResolver {
   std::size_t nextRecent_ = 0;
   ResolvedPath unkept_;  // the answer about a link, or an empty path
   std::unordered_map<std::string, FolderAnswer> folders_;  // by the path asked for
-  HeldFolders held_;  // released with the folder answers
+  HeldFolders held_;  // its handles released with the folder answers
   std::string lastFolderNoted_;
 };
 

@@ -20,6 +20,14 @@ std::uint32_t AttributesOf(std::string_view name, const struct stat& info) {
   return bits;
 }
 
+FileVersion VersionFrom(const struct stat& info) {
+  constexpr std::int64_t kBillion = 1'000'000'000;
+  return {{static_cast<std::uint64_t>(info.st_dev), static_cast<std::uint64_t>(info.st_ino)},
+          static_cast<std::uint64_t>(info.st_size),
+          info.st_mtim.tv_sec * kBillion + info.st_mtim.tv_nsec,
+          info.st_ctim.tv_sec * kBillion + info.st_ctim.tv_nsec};
+}
+
 struct stat FollowLink(int dirFd, const char* name, const struct stat& own) {
   if (!S_ISLNK(own.st_mode)) return own;
   struct stat target {};

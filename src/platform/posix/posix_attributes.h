@@ -6,7 +6,12 @@
 #include <cstdint>
 #include <string_view>
 
+#include "platform/file_system.h"
+
 namespace tessaly {
+
+// The version of the entry with status `info`, times in nanoseconds.
+FileVersion VersionFrom(const struct stat& info);
 
 // The desktop attribute bits of the entry `name` with status `info`:
 // directory; hidden for a name that begins with "."; system for anything

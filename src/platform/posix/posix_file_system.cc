@@ -1,9 +1,11 @@
 #include "platform/posix/posix_file_system.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <stdio.h>
 #include <unistd.h>
 
+#include <memory>
 #include <utility>
 
 #include "platform/path_forms.h"
@@ -32,13 +34,39 @@ std::uint32_t AttributesOfFound(const ResolvedPath& found) {
   return AttributesOf(name, FollowLink(AT_FDCWD, found.native.c_str(), found.info));
 }
 
+bool SameInode(const struct stat& one, const struct stat& other) {
+  return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+}
+
+bool FolderListsName(const std::string& folder, std::string_view name) {
+  const std::unique_ptr<DIR, int (*)(DIR*)> dir(opendir(folder.c_str()), closedir);
+  if (!dir) return false;
+  while (const dirent* entry = readdir(dir.get())) {
+    if (name == entry->d_name) return true;
+  }
+  return false;
+}
+
+// `one` and `other`, two native paths found to lead to the inode `info`,
+// are spellings of a single directory entry that the disk folds together,
+// not two hard links. A file with one link has one entry; with more, two
+// names are two entries when the folder lists them both.
+bool OtherSpellingOfEntry(const std::string& one, const std::string& other,
+                          const struct stat& info) {
+  if (text::CompareIgnoreCase(ToModelPath(one), ToModelPath(other)) != 0) return false;
+  if (info.st_nlink <= 1) return true;
+  const std::size_t slash = other.find_last_of('/');
+  const std::string folder = slash == std::string::npos ? "." : other.substr(0, slash + 1);
+  return !(FolderListsName(folder, one.substr(one.find_last_of('/') + 1)) &&
+           FolderListsName(folder, other.substr(slash + 1)));
+}
+
 // `target` holds the entry `source` names under a spelling that differs in
 // letter case only: the disk folds case, and the move is a change of case.
 bool IsCaseChangeOfItself(const ResolvedPath& source, const std::string& target) {
   struct stat info {};
-  if (lstat(target.c_str(), &info) != 0) return false;
-  if (info.st_dev != source.info.st_dev || info.st_ino != source.info.st_ino) return false;
-  return text::CompareIgnoreCase(ToModelPath(source.native), ToModelPath(target)) == 0;
+  return lstat(target.c_str(), &info) == 0 && SameInode(info, source.info) &&
+         OtherSpellingOfEntry(source.native, target, info);
 }
 
 }  // namespace
@@ -99,14 +127,24 @@ const std::string& PosixFileSystem::NativeOf(std::string_view modelPath) {
   return native_;
 }
 
-bool PosixFileSystem::Delete(std::string_view path) {
+bool PosixFileSystem::DeleteIfUnchanged(std::string_view path, const FileVersion& expected) {
   if (!NamesFile(path)) return false;
   const ResolvedPath& found = resolver_.Resolve(NativeOf(path));
-  if (found.state != State::kFound || S_ISDIR(found.info.st_mode)) return false;
-  // A read-only file is protected from deletion, as on the desktop platform.
-  if ((AttributesOfFound(found) & attr::kReadOnly) != 0) return false;
-  const bool removed = unlink(found.native.c_str()) == 0;
-  resolver_.NoteChanged(found.native);
+  if (found.state != State::kFound) return false;
+  const std::string native = found.native;
+  // Looked at afresh, through the folder's handle, right before the unlink:
+  // a kept answer may be older than the file now under the name. The kernel
+  // has no unlink by identity, so a file put in place between these two
+  // calls is the one narrow gap left.
+  const HeldFolders::Place place = resolver_.Reach(native);
+  struct stat now {};
+  const bool removed =
+      fstatat(place.folder, place.name, &now, AT_SYMLINK_NOFOLLOW) == 0 && !S_ISDIR(now.st_mode) &&
+      VersionFrom(now) == expected &&
+      // A read-only file is protected from deletion, as on the desktop platform.
+      (AttributesOf(place.name, FollowLink(place.folder, place.name, now)) & attr::kReadOnly) == 0 &&
+      unlinkat(place.folder, place.name, 0) == 0;
+  resolver_.NoteChanged(native);
   return removed;
 }
 
@@ -126,6 +164,24 @@ std::optional<FileIdentity> PosixFileSystem::IdentityOf(std::string_view path) {
   struct stat info {};
   if (found.state != State::kFound || stat(found.native.c_str(), &info) != 0) return std::nullopt;
   return FileIdentity{static_cast<std::uint64_t>(info.st_dev), static_cast<std::uint64_t>(info.st_ino)};
+}
+
+std::optional<FileVersion> PosixFileSystem::VersionOf(std::string_view path) {
+  if (!NamesFile(path)) return std::nullopt;
+  const ResolvedPath& found = resolver_.Resolve(NativeOf(path));
+  if (found.state != State::kFound) return std::nullopt;
+  return VersionFrom(found.info);
+}
+
+bool PosixFileSystem::OneEntry(std::string_view a, std::string_view b) {
+  if (a == b) return true;
+  const ResolvedPath& first = resolver_.Resolve(NativeOf(a));
+  if (first.state != State::kFound) return false;
+  const std::string one = first.native;
+  const struct stat info = first.info;
+  const ResolvedPath& second = resolver_.Resolve(NativeOf(b));
+  if (second.state != State::kFound || !SameInode(second.info, info)) return false;
+  return second.native == one || OtherSpellingOfEntry(one, second.native, info);
 }
 
 }  // namespace tessaly
