@@ -7,18 +7,22 @@
 // TESSALY_CRASH_FILES and TESSALY_CRASH_KILLS (kills per run) change the
 // size; bench/crash_consistency.sh repeats larger runs and prints figures.
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <signal.h>
+#include <sys/inotify.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <map>
 #include <random>
 #include <set>
 #include <string>
@@ -148,6 +152,105 @@ class CrashConsistencyTest : public ::testing::Test {
   std::string target_ = files_;
   std::mt19937 random_{std::random_device{}()};
 };
+
+// Another program that puts a file of its own under each name in `folder`
+// the moment a file is moved away from it, as fast as the kernel tells it.
+class Recreator {
+ public:
+  explicit Recreator(std::string folder) : folder_(std::move(folder)) {
+    inotify_add_watch(fd_, folder_.c_str(), IN_MOVED_FROM);
+    thread_ = std::thread([this] { Watch(); });
+  }
+  ~Recreator() { Stop(); }
+  // Stops watching; the names it has filled, each with "theirs" and the name.
+  const std::vector<std::string>& Stop() {
+    if (thread_.joinable()) {
+      stop_ = true;
+      thread_.join();
+      close(fd_);
+    }
+    return recreated_;
+  }
+
+ private:
+  void Watch() {
+    alignas(inotify_event) char buffer[64 * 1024];
+    pollfd watch{fd_, POLLIN, 0};
+    while (!stop_) {
+      if (poll(&watch, 1, 20) <= 0) continue;
+      const ssize_t got = read(fd_, buffer, sizeof buffer);
+      for (ssize_t at = 0; at < got;) {
+        const auto* event = reinterpret_cast<const inotify_event*>(buffer + at);
+        at += static_cast<ssize_t>(sizeof(inotify_event) + event->len);
+        const std::string name = event->len > 0 ? event->name : "";
+        const int file = open((folder_ + "/" + name).c_str(), O_WRONLY | O_CREAT | O_EXCL, 0644);
+        if (file < 0) continue;
+        const std::string theirs = "theirs " + name;
+        if (write(file, theirs.data(), theirs.size()) > 0) recreated_.push_back(name);
+        close(file);
+      }
+    }
+  }
+
+  std::string folder_;
+  int fd_ = inotify_init1(IN_CLOEXEC);
+  std::atomic<bool> stop_ = false;
+  std::vector<std::string> recreated_;
+  std::thread thread_;
+};
+
+// The contents of every file in `folder`, counted.
+std::map<std::string, int> ContentsIn(const std::string& folder) {
+  std::map<std::string, int> contents;
+  for (const auto& entry : fs::directory_iterator(folder)) {
+    std::ifstream in(entry.path(), std::ios::binary);
+    ++contents[std::string(std::istreambuf_iterator<char>(in), {})];
+  }
+  return contents;
+}
+
+// Races with other programs: a file put under an old name as the file is
+// moved away from it is theirs and stays; two runs renaming into each
+// other's names at once lose nothing (what they refuse waits under a
+// temporary name).
+TEST_F(CrashConsistencyTest, OtherProgramsAtWorkInTheFolderLoseNothing) {
+  Recreator other(files_);
+  waitpid(Start({}), nullptr, 0);
+  const std::vector<std::string> recreated = other.Stop();
+  std::map<std::string, int> contents = ContentsIn(files_);
+  int lost = 0;
+  for (const std::string& name : recreated) lost += contents["theirs " + name] != 1;
+  for (int i = 0; i < count_; ++i) lost += contents[Content(i)] != 1;
+  std::cout << "race: " << recreated.size() << " names taken again as they were moved away, "
+            << lost << " files lost\n";
+  EXPECT_EQ(lost, 0);
+
+  const testing::TempFolder crossing;
+  std::vector<std::string> lower, upper;
+  const int pairs = std::min(count_, 500);  // each run asks about every pair
+  for (int i = 0; i < pairs; ++i) {
+    const std::string name = "x" + std::to_string(i) + ".txt", twin = "X" + std::to_string(i) + ".TXT";
+    std::ofstream(crossing.path() + "/" + name) << "lower " << i;
+    std::ofstream(crossing.path() + "/" + twin) << "upper " << i;
+    lower.push_back(name);
+    upper.push_back(twin);
+  }
+  lower.insert(lower.end(), {"/settings:UpperCase", "/step:4"});
+  upper.insert(upper.end(), {"/settings:LowerCase", "/step:4"});
+  fs::create_directories(registry_ + "/up");
+  fs::create_directories(registry_ + "/down");
+  const pid_t up = StartCli(lower, crossing.path(), registry_ + "/up");
+  const pid_t down = StartCli(upper, crossing.path(), registry_ + "/down");
+  waitpid(up, nullptr, 0);
+  waitpid(down, nullptr, 0);
+  contents = ContentsIn(crossing.path());
+  lost = 0;
+  for (int i = 0; i < pairs; ++i) {
+    lost += (contents["lower " + std::to_string(i)] != 1) + (contents["upper " + std::to_string(i)] != 1);
+  }
+  std::cout << "race: two crossing runs over " << 2 * pairs << " files, " << lost << " lost\n";
+  EXPECT_EQ(lost, 0);
+}
 
 TEST_F(CrashConsistencyTest, KilledRenamesLoseAndDoubleNothing) { KillAndCheck({}, "renames"); }
 

@@ -34,10 +34,11 @@ class Win32Backend : public FileSystemBackend {
   bool IgnoresCase() const override { return true; }
   void MakeFile(std::string_view path, std::string_view contents,
                 std::uint32_t attributes) override {
-    std::ofstream(fs::path(Widen(path)), std::ios::binary)
+    // The "\\?\" form, so a name may end in a period or a blank.
+    std::ofstream(fs::path(L"\\\\?\\" + Widen(path)), std::ios::binary)
         .write(contents.data(), static_cast<std::streamsize>(contents.size()));
     if (NameOf(path).starts_with('.')) attributes |= attr::kHidden;
-    if (attributes != 0) SetFileAttributesW(Widen(path).c_str(), attributes);
+    if (attributes != 0) SetFileAttributesW((L"\\\\?\\" + Widen(path)).c_str(), attributes);
   }
   void MakeFolder(std::string_view path) override {
     CreateDirectoryW(Widen(path).c_str(), nullptr);
@@ -52,7 +53,7 @@ class Win32Backend : public FileSystemBackend {
     const std::string folder(path.substr(0, path.find_last_of('\\')));
     const auto names = Names(folder);
     if (std::find(names.begin(), names.end(), NameOf(path)) == names.end()) return std::nullopt;
-    std::ifstream in(fs::path(Widen(path)), std::ios::binary);
+    std::ifstream in(fs::path(L"\\\\?\\" + Widen(path)), std::ios::binary);
     return std::string(std::istreambuf_iterator<char>(in), {});
   }
   std::vector<std::string> Names(std::string_view folder) override {

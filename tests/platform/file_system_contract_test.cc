@@ -132,6 +132,17 @@ TEST_P(FileSystemContract, CaseTwinsAreSeparateFilesWhereCaseCounts) {
   EXPECT_EQ(backend_->Read(At("bar")), "FOO");
 }
 
+// A name may end in a period or a blank, beside the same name without it
+// (Windows reaches such names only through their exact form).
+TEST_P(FileSystemContract, NamesEndingInAPeriodOrABlankAreTheirOwn) {
+  MakeFiles({"TRAIL", "TRAIL.", "blank", "blank "});
+  ASSERT_TRUE(fs().Rename(At("TRAIL."), At("dot.txt")));
+  ASSERT_TRUE(fs().Rename(At("blank "), At("space.txt")));
+  EXPECT_THAT(backend_->Names(root_), ElementsAre("TRAIL", "blank", "dot.txt", "space.txt"));
+  EXPECT_EQ(backend_->Read(At("dot.txt")), "TRAIL.");
+  EXPECT_EQ(backend_->Read(At("space.txt")), "blank ");
+}
+
 // A conversion may change a folder's letter case, and no folder is ever
 // made, so a folder is the one folder that matches ignoring case; a file
 // name is taken as the backend takes names.

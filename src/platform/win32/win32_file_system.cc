@@ -17,6 +17,28 @@ using win32::Widen;
 // A path that can name a file: not empty and not ending in a separator.
 bool NamesFile(std::string_view path) { return !path.empty() && path.back() != '\\'; }
 
+bool HasDotFolder(std::string_view path) {
+  for (std::size_t start = 0; start <= path.size();) {
+    const std::size_t end = std::min(path.find('\\', start), path.size());
+    const std::string_view part = path.substr(start, end - start);
+    if (part == "." || part == "..") return true;
+    start = end + 1;
+  }
+  return false;
+}
+
+// `path` as the system must be given it to reach exactly that name: an
+// absolute path goes in the "\\?\" form, which Windows takes as it is
+// written, so a name that ends in a period or a blank is not cut to
+// another file's name. Relative paths and paths with "." or ".." parts
+// need the system's reading and keep their form.
+std::wstring Exact(std::string_view path) {
+  if (HasDotFolder(path) || path.starts_with("\\\\?\\")) return Widen(path);
+  if (path.size() >= 3 && path[1] == ':' && path[2] == '\\') return L"\\\\?\\" + Widen(path);
+  if (path.starts_with("\\\\")) return L"\\\\?\\UNC\\" + Widen(path.substr(2));
+  return Widen(path);
+}
+
 bool IsFile(const std::wstring& path) {
   const DWORD bits = GetFileAttributesW(path.c_str());
   return bits != INVALID_FILE_ATTRIBUTES && (bits & FILE_ATTRIBUTE_DIRECTORY) == 0;
@@ -52,6 +74,45 @@ bool ChangeLetterCase(const std::wstring& from, const std::wstring& to) {
   return false;
 }
 
+class FileHandle {
+ public:
+  explicit FileHandle(HANDLE handle) : handle_(handle) {}
+  ~FileHandle() {
+    if (valid()) CloseHandle(handle_);
+  }
+  FileHandle(const FileHandle&) = delete;
+  FileHandle& operator=(const FileHandle&) = delete;
+  bool valid() const { return handle_ != INVALID_HANDLE_VALUE; }
+  HANDLE get() const { return handle_; }
+
+ private:
+  HANDLE handle_;
+};
+
+// The entry `path` names itself (a link is not followed), opened for
+// `access` and shared with every other program.
+HANDLE Open(std::string_view path, DWORD access) {
+  return CreateFileW(Exact(path).c_str(), access,
+                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+                     FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
+}
+
+std::optional<FileVersion> VersionBehind(HANDLE file) {
+  BY_HANDLE_FILE_INFORMATION info{};
+  FILE_BASIC_INFO basic{};
+  if (file == INVALID_HANDLE_VALUE || GetFileInformationByHandle(file, &info) == 0) {
+    return std::nullopt;
+  }
+  // Not every file system keeps the time of the last change; then it reads 0.
+  GetFileInformationByHandleEx(file, FileBasicInfo, &basic, sizeof basic);
+  const auto wide = [](DWORD high, DWORD low) { return (static_cast<std::uint64_t>(high) << 32) | low; };
+  return FileVersion{{info.dwVolumeSerialNumber, wide(info.nFileIndexHigh, info.nFileIndexLow)},
+                     wide(info.nFileSizeHigh, info.nFileSizeLow),
+                     static_cast<std::int64_t>(wide(info.ftLastWriteTime.dwHighDateTime,
+                                                    info.ftLastWriteTime.dwLowDateTime)),
+                     basic.ChangeTime.QuadPart};
+}
+
 class FindHandle {
  public:
   explicit FindHandle(HANDLE handle) : handle_(handle) {}
@@ -71,28 +132,38 @@ class FindHandle {
 
 std::optional<std::uint32_t> Win32FileSystem::GetAttributes(std::string_view path) {
   if (path.empty()) return std::nullopt;
-  const DWORD bits = GetFileAttributesW(Widen(path).c_str());
+  const DWORD bits = GetFileAttributesW(Exact(path).c_str());
   if (bits == INVALID_FILE_ATTRIBUTES) return std::nullopt;
   return static_cast<std::uint32_t>(bits);
 }
 
 bool Win32FileSystem::Rename(std::string_view source, std::string_view target) {
   if (!NamesFile(source) || !NamesFile(target)) return false;
-  const std::wstring from = Widen(source);
+  const std::wstring from = Exact(source);
   if (!IsFile(from)) return false;
   if (source == target) return true;
   if (beforeNextRename_) std::exchange(beforeNextRename_, nullptr)();
-  const std::wstring to = Widen(target);
+  const std::wstring to = Exact(target);
   if (SameNameKey(source) == SameNameKey(target)) return ChangeLetterCase(from, to);
   // Without MOVEFILE_REPLACE_EXISTING the move fails on any existing target,
   // also one that appeared after the check.
   return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_COPY_ALLOWED) != 0;
 }
 
-bool Win32FileSystem::Delete(std::string_view path) {
+bool Win32FileSystem::DeleteIfUnchanged(std::string_view path, const FileVersion& expected) {
   if (!NamesFile(path)) return false;
-  // DeleteFileW refuses folders and read-only files by itself.
-  return DeleteFileW(Widen(path).c_str()) != 0;
+  // The file is opened, checked and marked for deletion through one
+  // handle, so the file deleted is the file checked.
+  const FileHandle file(Open(path, DELETE | FILE_READ_ATTRIBUTES));
+  if (!file.valid()) return false;
+  const std::optional<FileVersion> now = VersionBehind(file.get());
+  BY_HANDLE_FILE_INFORMATION info{};
+  if (!now || *now != expected || GetFileInformationByHandle(file.get(), &info) == 0) return false;
+  if ((info.dwFileAttributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) != 0) {
+    return false;
+  }
+  FILE_DISPOSITION_INFO dispose{TRUE};
+  return SetFileInformationByHandle(file.get(), FileDispositionInfo, &dispose, sizeof dispose) != 0;
 }
 
 std::vector<DirectoryEntry> Win32FileSystem::Search(std::string_view pattern,
@@ -102,7 +173,7 @@ std::vector<DirectoryEntry> Win32FileSystem::Search(std::string_view pattern,
   // FindExInfoBasic leaves the short names out of the answer, but Windows
   // still matches the pattern against them; the project's own matching
   // below drops a name that only its short form matched.
-  const FindHandle search(FindFirstFileExW(Widen(pattern).c_str(), FindExInfoBasic, &found,
+  const FindHandle search(FindFirstFileExW(Exact(pattern).c_str(), FindExInfoBasic, &found,
                                            FindExSearchNameMatch, nullptr,
                                            FIND_FIRST_EX_LARGE_FETCH));
   std::vector<DirectoryEntry> entries;
@@ -124,16 +195,27 @@ std::optional<FileIdentity> Win32FileSystem::IdentityOf(std::string_view path) {
   if (path.empty()) return std::nullopt;
   // No access asked for: the handle only reads the file's facts, and
   // FILE_FLAG_BACKUP_SEMANTICS lets it open a folder too.
-  const HANDLE file = CreateFileW(Widen(path).c_str(), 0,
-                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                  OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
-  if (file == INVALID_HANDLE_VALUE) return std::nullopt;
-  BY_HANDLE_FILE_INFORMATION info{};
-  const bool known = GetFileInformationByHandle(file, &info) != 0;
-  CloseHandle(file);
-  if (!known) return std::nullopt;
-  return FileIdentity{info.dwVolumeSerialNumber,
-                      (static_cast<std::uint64_t>(info.nFileIndexHigh) << 32) | info.nFileIndexLow};
+  const FileHandle file(CreateFileW(Exact(path).c_str(), 0,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  const std::optional<FileVersion> version = VersionBehind(file.get());
+  if (!version) return std::nullopt;
+  return version->identity;
+}
+
+std::optional<FileVersion> Win32FileSystem::VersionOf(std::string_view path) {
+  if (path.empty()) return std::nullopt;
+  const FileHandle file(Open(path, FILE_READ_ATTRIBUTES));
+  return VersionBehind(file.get());
+}
+
+bool Win32FileSystem::OneEntry(std::string_view a, std::string_view b) {
+  if (a == b) return true;
+  // Names that differ in letter case alone are one name to Windows, but a
+  // disk shared with another system may still hold them as two files.
+  if (SameNameKey(a) != SameNameKey(b)) return false;
+  const auto one = IdentityOf(a);
+  return one && one == IdentityOf(b);
 }
 
 std::string Win32FileSystem::SameNameKey(std::string_view path) const {

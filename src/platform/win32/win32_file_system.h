@@ -16,9 +16,11 @@ class Win32FileSystem : public FileSystem {
  public:
   std::optional<std::uint32_t> GetAttributes(std::string_view path) override;
   bool Rename(std::string_view source, std::string_view target) override;
-  bool Delete(std::string_view path) override;
+  bool DeleteIfUnchanged(std::string_view path, const FileVersion& expected) override;
   std::vector<DirectoryEntry> Search(std::string_view pattern, std::uint32_t include) override;
   std::optional<FileIdentity> IdentityOf(std::string_view path) override;
+  std::optional<FileVersion> VersionOf(std::string_view path) override;
+  bool OneEntry(std::string_view a, std::string_view b) override;
   // Upper case, as Windows compares names, without a closing backslash.
   std::string SameNameKey(std::string_view path) const override;
   std::string Shown(std::string_view path) const override { return std::string(path); }
