@@ -14,6 +14,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <map>
 
 #include "registry_test_support.h"
 
@@ -44,6 +45,21 @@ mode_t ModeOf(const std::string& path) {
   struct stat info {};
   stat(path.c_str(), &info);
   return info.st_mode & 07777;
+}
+
+// Every entry under `folder`: a link's target, a hash of a file's bytes.
+std::map<std::string, std::string> Contents(const std::string& folder) {
+  std::map<std::string, std::string> found;
+  for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+    std::string& seen = found[entry.path().string()];
+    if (entry.is_symlink()) {
+      seen = "-> " + fs::read_symlink(entry.path()).string();
+    } else if (entry.is_regular_file()) {
+      std::ifstream in(entry.path(), std::ios::binary);
+      seen = std::to_string(std::hash<std::string>{}({std::istreambuf_iterator<char>(in), {}}));
+    }
+  }
+  return found;
 }
 
 class SqliteRegistryTest : public ::testing::Test {
@@ -177,6 +193,47 @@ TEST_F(SqliteRegistryTest, WritesMakeOwnerOnlyFilesAndOthersAreRefused) {
   EXPECT_EQ(ExitStatusOf(child), 0);
   chmod(location_.user.folder.c_str(), 0700);
   chmod(location_.machine.folder.c_str(), 0700);
+}
+
+// Storage that someone else controls, or that leads elsewhere, is not used:
+// said once, reads give nothing, writes fail, nothing on disk changes.
+TEST_F(SqliteRegistryTest, StorageOthersControlIsNotUsed) {
+  const std::string elsewhere = folder_.path() + "/elsewhere";
+  const auto linkTo = [this](const std::string& target) {
+    fs::remove(location_.user.path);
+    fs::create_symlink(target, location_.user.path);
+    return true;
+  };
+  const auto otherDatabase = [&] {
+    sqlite3* other = nullptr;
+    sqlite3_open((elsewhere + "/other.db").c_str(), &other);
+    sqlite3_exec(other, "CREATE TABLE notes(text)", nullptr, nullptr, nullptr);
+    sqlite3_close(other);
+    return linkTo(elsewhere + "/other.db");
+  };
+  const std::pair<const char*, std::function<bool()>> plants[] = {
+      {"folder others may write", [&] { return chmod(location_.user.folder.c_str(), 0777) == 0; }},
+      {"folder of another user",
+       [&] { return chown(location_.user.folder.c_str(), 65534, 65534) == 0; }},
+      {"file its group may write", [&] { return chmod(location_.user.path.c_str(), 0620) == 0; }},
+      {"link to nowhere", [&] { return linkTo(elsewhere + "/made.db"); }},
+      {"link to another program's database", otherDatabase},
+  };
+  for (const auto& [what, plant] : plants) {
+    SCOPED_TRACE(what);
+    fs::remove_all(location_.user.folder);
+    fs::create_directories(elsewhere);
+    ASSERT_EQ(Write(SqliteRegistry(location_), "K", "v", "kept"), reg::kSuccess);
+    if (!plant()) continue;  // giving a folder away takes an administrator
+    const auto before = Contents(folder_.path());
+    std::vector<std::string> told;
+    SqliteRegistry registry(location_, [&](const std::string& why) { told.push_back(why); });
+    EXPECT_NE(Read(registry, "K", "v"), "kept");
+    EXPECT_NE(Write(registry, "K", "v", "changed"), reg::kSuccess);
+    EXPECT_NE(Write(registry, "New", "v", "1"), reg::kSuccess);
+    EXPECT_EQ(Contents(folder_.path()), before);
+    EXPECT_EQ(told.size(), 1u);
+  }
 }
 
 TEST_F(SqliteRegistryTest, TwoProcessesWritingOneKeyAtOnceLoseNothing) {

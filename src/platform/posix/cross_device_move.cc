@@ -11,27 +11,13 @@
 #include "platform/posix/copied_metadata.h"
 #include "platform/posix/no_replace_rename.h"
 #include "platform/posix/posix_attributes.h"
+#include "platform/posix/unique_fd.h"
 
 namespace tessaly {
 
 namespace {
 
 constexpr std::size_t kBlockSize = 1 << 20;
-
-class UniqueFd {
- public:
-  explicit UniqueFd(int fd) : fd_(fd) {}
-  UniqueFd(const UniqueFd&) = delete;
-  UniqueFd& operator=(const UniqueFd&) = delete;
-  ~UniqueFd() {
-    if (fd_ >= 0) close(fd_);
-  }
-  int get() const { return fd_; }
-  explicit operator bool() const { return fd_ >= 0; }
-
- private:
-  int fd_;
-};
 
 bool Faulted(const MoveFault& fault, MoveStage stage) { return fault && fault(stage); }
 

@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <vector>
@@ -16,15 +17,21 @@
 
 namespace tessaly {
 
+// Told why a hive's storage is not used.
+using StorageNotice = std::function<void(const std::string& why)>;
+
 // One hive in one SQLite database file. The file is opened at first need and
-// kept open; a read never creates it. Every write is its own transaction,
-// waiting a short while for other processes' writes to end; after one wait
-// in vain every call fails at once. Keys and values are filed under
+// kept open; a read never creates it. A folder or file that someone else
+// controls is not used for the rest of the process: `notice` is told once,
+// and every call fails. Every write is its own transaction, waiting a short
+// while for other processes' writes to end; after one wait in vain every
+// call fails at once. Keys and values are filed under
 // their folded names. Reads are answered from a cache while the database's
 // version is unchanged. Results are registry codes.
 class SqliteHive {
  public:
-  explicit SqliteHive(HiveFile file) : file_(std::move(file)) {}
+  SqliteHive(HiveFile file, StorageNotice notice)
+      : file_(std::move(file)), notice_(std::move(notice)) {}
   SqliteHive(const SqliteHive&) = delete;
   SqliteHive& operator=(const SqliteHive&) = delete;
   ~SqliteHive() { Close(); }
@@ -49,13 +56,15 @@ class SqliteHive {
 
   // Opens the database if needed. kNotFound when reading a hive with no file.
   long Connect(Need need);
+  long Open(Need need);
+  // Gives up the hive for good, saying why.
+  long Refuse(const std::string& why);
   // Drops cached reads unless the database is still at their version.
   void RefreshCache();
   std::optional<std::uint64_t> DatabaseVersion();
   long FindKeyInDatabase(const std::string& foldedKey);
   long ReadValueFromDatabase(const std::string& foldedKey, const std::string& foldedName,
                              HiveReadCache::Value* value);
-  long CreateFile();
   long PrepareSchema();
   long Prepare(Statement& statement, const char* sql);
   long InsertKeys(const std::vector<registry_rules::KeyName>& names, bool* existed);
@@ -66,7 +75,9 @@ class SqliteHive {
   long CodeFor(int sqliteCode);
 
   HiveFile file_;
+  StorageNotice notice_;
   bool unavailable_ = false;  // for the rest of the process, after one wait in vain
+  bool refused_ = false;      // for the rest of the process, once found unsafe
   sqlite3* db_ = nullptr;
   bool hasSchema_ = false;
   HiveReadCache cache_;

@@ -1,9 +1,6 @@
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <cerrno>
 #include <chrono>
 
+#include "platform/posix/owned_hive_file.h"
 #include "platform/posix/sqlite_hive.h"
 
 // Opening a hive's database, preparing its tables, and the plumbing under
@@ -22,11 +19,6 @@ constexpr const char* kCreateSchema =
     "  type INTEGER NOT NULL, data BLOB NOT NULL,"
     "  PRIMARY KEY(key, fold)) WITHOUT ROWID;"
     "PRAGMA user_version = 1;";
-
-long CodeForErrno(int error) {
-  return (error == EACCES || error == EPERM || error == EROFS) ? reg::kAccessDenied
-                                                               : reg::kIoFailed;
-}
 
 // The registry code for an SQLite result.
 long RegistryCodeFor(int sqliteCode) {
@@ -59,18 +51,9 @@ long SqliteHive::CodeFor(int sqliteCode) {
 
 long SqliteHive::Connect(Need need) {
   if (unavailable_) return reg::kIoFailed;
+  if (refused_) return reg::kAccessDenied;
   if (db_ == nullptr) {
-    if (access(file_.path.c_str(), F_OK) != 0) {
-      if (need == Need::kRead) return reg::kNotFound;
-      if (const long code = CreateFile(); code != reg::kSuccess) return code;
-    }
-    // Falls back to reading only when the file is write-protected.
-    const int opened = sqlite3_open_v2(file_.path.c_str(), &db_, SQLITE_OPEN_READWRITE, nullptr);
-    if (opened != SQLITE_OK) {
-      Close();
-      return CodeFor(opened);
-    }
-    sqlite3_busy_timeout(db_, file_.busyTimeoutMs);
+    if (const long code = Open(need); code != reg::kSuccess) return code;
   }
   if (hasSchema_) return reg::kSuccess;
   const long code = PrepareSchema();
@@ -106,14 +89,33 @@ std::optional<std::uint64_t> SqliteHive::DatabaseVersion() {
          std::uint64_t{header[8]} << 8 | header[9];
 }
 
-long SqliteHive::CreateFile() {
-  if (const int error = EnsureFolder(file_.folder, file_.folderMode); error != 0) {
-    return CodeForErrno(error);
+long SqliteHive::Open(Need need) {
+  const OwnedHiveFile owned = OpenOwnedHiveFile(file_, need == Need::kWrite);
+  if (!owned.refusal.empty()) return Refuse(owned.refusal);
+  if (owned.code != reg::kSuccess) return owned.code;
+  // SQLite opens the file by name once more: a name with no link in it, and
+  // the file it opened must be the one checked. It opens its journal beside
+  // the file without following a link either, and nobody else can put one
+  // there: the folder is its owner's alone. Falls back to reading only when
+  // the file is write-protected.
+  const int opened = sqlite3_open_v2(owned.path.c_str(), &db_,
+                                     SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOFOLLOW, nullptr);
+  if (opened != SQLITE_OK) {
+    Close();
+    return CodeFor(opened);
   }
-  const int fd = open(file_.path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, file_.fileMode);
-  if (fd < 0) return CodeForErrno(errno);
-  close(fd);
+  if (!IsSameFile(sqlite3_db_filename(db_, "main"), owned)) {
+    Close();
+    return Refuse(RefusalText(file_.path, "it was replaced while it was opened"));
+  }
+  sqlite3_busy_timeout(db_, file_.busyTimeoutMs);
   return reg::kSuccess;
+}
+
+long SqliteHive::Refuse(const std::string& why) {
+  refused_ = true;
+  if (notice_) notice_(why);
+  return reg::kAccessDenied;
 }
 
 long SqliteHive::PrepareSchema() {

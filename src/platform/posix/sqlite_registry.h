@@ -11,14 +11,21 @@
 
 namespace tessaly {
 
+// Writes `why` on standard error behind the program's name.
+void SayOnStandardError(const std::string& why);
+
 // The registry of a POSIX machine: one SQLite database per hive, shared by
 // every running copy of the program. A damaged or locked database fails the
-// call with a registry code; it never ends the program. Not to be carried
-// across fork().
+// call with a registry code; it never ends the program. Storage that someone
+// else controls is not used, and `notice` is told so once. Not to be
+// carried across fork().
 class SqliteRegistry : public Registry {
  public:
-  explicit SqliteRegistry(const RegistryLocation& location = RegistryLocationFromEnvironment())
-      : user_(location.user), machine_(location.machine) {}
+  explicit SqliteRegistry(const RegistryLocation& location = RegistryLocationFromEnvironment(),
+                          StorageNotice notice = SayOnStandardError)
+      : notice_(std::move(notice)),
+        user_(location.user, [this](const std::string& why) { Tell(why); }),
+        machine_(location.machine, [this](const std::string& why) { Tell(why); }) {}
 
   long OpenKey(Hive hive, std::string_view path, std::uint32_t access, RegistryKey* key) override;
   long QueryValue(RegistryKey key, std::string_view name, std::uint32_t* type, std::uint8_t* data,
@@ -30,10 +37,14 @@ class SqliteRegistry : public Registry {
   long CloseKey(RegistryKey key) override;
 
  private:
+  // Both hives in one folder refused for the folder say the same: once is enough.
+  void Tell(const std::string& why);
   SqliteHive& HiveFor(Hive hive) { return hive == Hive::kCurrentUser ? user_ : machine_; }
   // Null for a path with an empty key name.
   const std::string* FoldedKeyPath(std::string_view path);
 
+  StorageNotice notice_;
+  std::string lastTold_;
   SqliteHive user_;
   SqliteHive machine_;
   registry_rules::KeyHandleTable handles_;
