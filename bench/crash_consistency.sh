@@ -14,7 +14,7 @@ start=$SECONDS
 log=$(TESSALY_CRASH_FILES=${1:-5000} TESSALY_CRASH_KILLS=4 "$test" --gtest_brief=1 \
   --gtest_repeat="${2:-10}" 2>&1) \
   && status=0 || status=$?
-grep -E "kill [0-9]+" <<<"$log" || true
+grep -E "kill [0-9]+|race:" <<<"$log" || true
 grep -E "Failure|found|unknown|wrong name" <<<"$log" || true
 kills=$(grep -cE "kill [0-9]+:" <<<"$log" || true)
 alone=$(grep -c "ended by itself" <<<"$log" || true)

@@ -227,7 +227,7 @@ TEST_F(CrashConsistencyTest, OtherProgramsAtWorkInTheFolderLoseNothing) {
 
   const testing::TempFolder crossing;
   std::vector<std::string> lower, upper;
-  const int pairs = std::min(count_, 500);  // each run asks about every pair
+  const int pairs = count_ / 4;  // each run asks about every pair
   for (int i = 0; i < pairs; ++i) {
     const std::string name = "x" + std::to_string(i) + ".txt", twin = "X" + std::to_string(i) + ".TXT";
     std::ofstream(crossing.path() + "/" + name) << "lower " << i;
