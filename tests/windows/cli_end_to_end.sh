@@ -81,5 +81,15 @@ check "overwrite question asked" '[[ "$err" == *"Confirm Overwrite"* && "$err" =
 check "a file that could not be renamed fails the run" '[ "$status" = 1 ]'
 check "no content lost" '[ "$(contents)" = "6|7|" ]'
 
+# The Linux disk under Wine may hold case twins: the file listed is moved,
+# its twin is someone else's and stays. A name ending in a period is its
+# own file, not the one without it.
+folder "NORMAL.TXT=8" "normal.txt=9"
+run "$W\\NORMAL.TXT /settings:LowerCase /step:4 /exit"
+check "a case twin is never deleted" '[ "$(contents)" = "8|9|" ]'
+folder "TRAIL.=10" "TRAIL=11"
+run "$W\\TRAIL. /placement1:\"renamed\" /placement2:\"(none)\" /placement3:\"(none)\" /placement4:\"(none)\" /placement5:\"(none)\" /placement6:\"(none)\" /step:4 /exit"
+check "a name ending in a period is the file given" '[ "$(names)" = "TRAIL|renamed|" ] && [ "$(contents)" = "10|11|" ]'
+
 echo "Windows end-to-end: $passed passed, $failed failed"
 [ "$failed" = 0 ]
