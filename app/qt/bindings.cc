@@ -13,6 +13,7 @@
 #include <algorithm>
 
 #include "model_widgets.h"
+#include "text/visible_text.h"
 
 namespace tessaly::qt {
 
@@ -28,6 +29,8 @@ QString ToQtLines(std::string_view text) {
 }
 
 std::string FromQt(const QString& text) { return text.toStdString(); }
+
+QString ToQtShown(std::string_view text) { return ToQt(text::Pictured(text, text::Layout::kNone)); }
 
 QString WithMnemonic(const QString& caption, const char* keys) {
   if (!QKeySequence::mnemonic(caption).isEmpty()) return caption;
@@ -137,7 +140,7 @@ void BindPathLabel(Label& label, QLabel* widget,
                    std::function<std::string(std::string_view)> shown) {
   widget->setTextFormat(Qt::PlainText);
   Follow(label.changed, widget, [&label, widget, shown = std::move(shown)] {
-    widget->setText(ToQt(shown(label.caption())));
+    widget->setText(ToQtShown(shown(label.caption())));
     widget->setHidden(!label.visible());
   });
 }
@@ -181,7 +184,7 @@ void BindLineEdit(TextBox& box, QLineEdit* widget) {
 void BindReadOnlyText(TextBox& box, QPlainTextEdit* widget) {
   widget->setReadOnly(true);
   Follow(box.changed, widget, [&box, widget] {
-    const QString text = ToQtLines(box.text());
+    const QString text = ToQtLines(text::Pictured(box.text(), text::Layout::kLineEnds));
     if (widget->toPlainText() != text) widget->setPlainText(text);
     widget->setHidden(!box.visible());
   });

@@ -34,6 +34,10 @@ class ModelRadioButton;
 QString ToQt(std::string_view text);
 QString ToQtLines(std::string_view text);
 std::string FromQt(const QString& text);
+// A name or path as a person reads it: every character that would act as
+// layout (controls, the marks that turn the direction of writing) shows as
+// a picture of itself, as in the log, so no name can pass for another.
+QString ToQtShown(std::string_view text);
 
 // Runs `redraw` now and after every emit of `signal`, for as long as
 // `receiver` lives: the models outlive many of their views (a dialog's
@@ -72,7 +76,8 @@ void BindLabel(Label& label, QLabel* widget, bool followBold = false);
 void BindPathLabel(Label& label, QLabel* widget, std::function<std::string(std::string_view)> shown);
 void BindFrame(Label& frame, QGroupBox* widget);
 void BindLineEdit(TextBox& box, QLineEdit* widget);
-// A read-only multi-line box that shows a text box's text.
+// A read-only multi-line box that shows a text box's text; within its
+// lines, layout characters show as pictures.
 void BindReadOnlyText(TextBox& box, QPlainTextEdit* widget);
 
 }  // namespace tessaly::qt

@@ -45,7 +45,7 @@ QVariant ListBoxModel::data(const QModelIndex& index, int role) const {
   // Between a change and its refresh the list may be shorter than shown.
   if (!index.isValid() || index.row() >= static_cast<int>(list_.ListCount())) return {};
   const auto row = static_cast<std::size_t>(index.row());
-  if (role == Qt::DisplayRole) return ToQt(shown ? shown(list_.List(row)) : list_.List(row));
+  if (role == Qt::DisplayRole) return ToQtShown(shown ? shown(list_.List(row)) : list_.List(row));
   if (role == Qt::CheckStateRole && checkable_) {
     return list_.Checked(row) ? Qt::Checked : Qt::Unchecked;
   }

@@ -25,7 +25,8 @@ class ListBoxModel : public QAbstractListModel {
   // Brings the rows in line with the list now, if anything changed.
   void Refresh();
   std::function<void()> refreshed;
-  // How a row's text is shown; as it stands when unset.
+  // How a row's text is shown; as it stands when unset. Either way its
+  // layout characters show as pictures.
   std::function<std::string(std::string_view)> shown;
 
  private:

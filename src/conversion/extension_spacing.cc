@@ -19,12 +19,26 @@ std::string FixExtension(std::string_view text, bool shortForm) {
   return out;
 }
 
-std::string FixSpacing(std::string_view text) {
+namespace {
+
+std::string MendBlanks(std::string_view text) {
   std::string out(text);
   text::ReplaceAllIn(out, " .", ".");
   text::ReplaceAllIn(out, "   ", " ");
   text::ReplaceAllIn(out, "  ", " ");
-  return std::string(text::TrimBlanks(out));
+  return out;
+}
+
+}  // namespace
+
+std::string FixSpacing(std::string_view text) {
+  return std::string(text::TrimBlanks(MendBlanks(text)));
+}
+
+std::string FixSpacingBehindFolder(std::string_view text) {
+  std::string out = MendBlanks(text);
+  out.erase(out.find_last_not_of(' ') + 1);  // all of it when it is blanks only
+  return out;
 }
 
 }  // namespace tessaly

@@ -71,7 +71,9 @@ std::string NameConverter::ConvertName(ConversionOptions& options,
   if (Ticked(options.chkExtra)) KeepLastPeriodOnly(work, extension);
   ApplySpacingStages(options, work);
   ApplyCaseStages(options, work);
-  if (Ticked(options.chkFixSpacing)) work = FixSpacing(work);
+  if (Ticked(options.chkFixSpacing)) {
+    work = folder.empty() ? FixSpacing(work) : FixSpacingBehindFolder(work);
+  }
 
   options.pFolderPathVisible = includePath;
   return folder + work;

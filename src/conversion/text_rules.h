@@ -16,8 +16,12 @@ std::string CapitalizeWords(std::string_view text);
 // mpg, jpg, tif into mpeg, jpeg, tiff.
 std::string FixExtension(std::string_view text, bool shortForm);
 
-// " ." to ".", blank runs shortened by two single passes, then a trim.
+// " ." to ".", blank runs shortened by two single passes, then a trim of
+// both ends of the whole path.
 std::string FixSpacing(std::string_view text);
+// The same for the text behind a folder that is kept apart: the path
+// starts with the folder, so only the end is trimmed.
+std::string FixSpacingBehindFolder(std::string_view text);
 
 }  // namespace tessaly
 

@@ -29,6 +29,9 @@ class RunningProgram {
   virtual std::string Folder() const = 0;
   // The name of the program's file, without folder and extension.
   virtual std::string FileName() const = 0;
+  // What the platform puts behind a program's name: ".exe" on the desktop
+  // platform, nothing on POSIX.
+  virtual std::string FileExtension() const = 0;
   // The command line behind the program's name, as one text.
   virtual std::string CommandLine() const = 0;
 };

@@ -37,8 +37,7 @@ void KeepOrWrite(SettingsStore& store, const std::string& name, const std::strin
 }  // namespace
 
 void RecordProduct(SettingsStore& store, const RunningProgram& program, ShortPaths& shortPaths,
-                   const Clock& clock, std::string_view filePatterns,
-                   std::string_view programExtension) {
+                   const Clock& clock, std::string_view filePatterns) {
   std::string title;
   std::string folder;
   std::string fileName;
@@ -47,7 +46,7 @@ void RecordProduct(SettingsStore& store, const RunningProgram& program, ShortPat
   Quietly([&] {
     title = program.Title();
     folder = program.Folder();
-    fileName = std::string(program.FileName()).append(programExtension);
+    fileName = program.FileName() + program.FileExtension();
     fullPath = WithTrailingBackslash(folder) + fileName;
   });
   Quietly([&] { store.SaveSharedSetting(kFileSupportKey, title, Text(std::string(filePatterns))); });

@@ -10,10 +10,8 @@
 
 namespace tessaly {
 
-// What the program records about itself: the patterns it works on and the
-// extension of its file on the desktop platform.
+// The file patterns the program records that it works on.
 inline constexpr std::string_view kAllFilesPattern = "*.*";
-inline constexpr std::string_view kProgramFileExtension = ".exe";
 
 // The date of this build, as the record states it.
 inline constexpr std::string_view kBuildDate = "April 2nd, 2003";
@@ -22,15 +20,14 @@ inline constexpr std::string_view kBuildDate = "April 2nd, 2003";
 inline constexpr std::string_view kUninstallKeyPrefix =
     "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\";
 
-// Writes the program's record for its sibling programs: where it lies, its
-// version, what it opens and its web site, in the shared tree of the user's
+// Writes the program's record for its sibling programs: where it lies (its
+// file with the platform's extension), its version, what it opens and its web site, in the shared tree of the user's
 // hive, and its path in the machine's hive. The site and the install date
 // keep the text they were first given. Every write stands alone: one that
 // fails (as those to the machine's hive do for a normal user) is skipped
 // quietly and the next one is made.
 void RecordProduct(SettingsStore& store, const RunningProgram& program, ShortPaths& shortPaths,
-                   const Clock& clock, std::string_view filePatterns = kAllFilesPattern,
-                   std::string_view programExtension = kProgramFileExtension);
+                   const Clock& clock, std::string_view filePatterns = kAllFilesPattern);
 
 }  // namespace tessaly
 

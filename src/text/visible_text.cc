@@ -57,6 +57,27 @@ std::optional<char32_t> ControlPicture(char32_t code) {
   return std::nullopt;
 }
 
+std::string Pictured(std::string_view text, Layout layout) {
+  std::string out;
+  out.reserve(text.size());
+  for (std::size_t pos = 0; pos < text.size();) {
+    if (layout == Layout::kLineEnds && text.substr(pos).starts_with("\r\n")) {
+      out += "\r\n";
+      pos += 2;
+      continue;
+    }
+    const DecodedChar c = DecodeAt(text, pos);
+    const std::optional<char32_t> picture = ControlPicture(c.code);
+    if (picture) {
+      AppendChar(out, *picture);
+    } else {
+      out.append(text.substr(pos, c.length));
+    }
+    pos += c.length;
+  }
+  return out;
+}
+
 std::string Visible(std::string_view text, Layout layout) {
   std::string out;
   out.reserve(text.size());

@@ -29,6 +29,10 @@ void AppendVisible(std::string_view text, Layout layout, std::string& out);
 // the other characters that Visible escapes, and nothing
 // for a character that shows as itself.
 std::optional<char32_t> ControlPicture(char32_t code);
+// `text` with every character that ControlPicture has a picture for shown
+// as that picture; under kLineEnds, CR LF pairs stay. For a window's views,
+// which show everything else as it is.
+std::string Pictured(std::string_view text, Layout layout);
 
 }  // namespace tessaly::text
 

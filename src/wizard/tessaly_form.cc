@@ -94,8 +94,7 @@ void fTessaly::WireControls() {
 }
 
 void fTessaly::Form_Load() {
-  RecordProduct(services_.store, services_.program, services_.shortPaths, services_.clock, "*.*",
-                services_.programExtension);
+  RecordProduct(services_.store, services_.program, services_.shortPaths, services_.clock, "*.*");
   CurrentStep = 0;
   ShowStep(0);
   SetSamplePaths(kBuiltInSamples[0], kBuiltInSamples[1], kBuiltInSamples[2]);

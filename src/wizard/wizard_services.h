@@ -1,8 +1,6 @@
 #ifndef TESSALY_WIZARD_WIZARD_SERVICES_H_
 #define TESSALY_WIZARD_WIZARD_SERVICES_H_
 
-#include <string_view>
-
 #include "platform/clock.h"
 #include "platform/file_system.h"
 #include "platform/locale.h"
@@ -29,9 +27,6 @@ struct WizardServices {
   Shell& shell;
   NetworkStatus& network;
   ShortPaths& shortPaths;
-  // What the platform puts behind a program's name (".exe" on the
-  // desktop platform, nothing on POSIX), for the product record.
-  std::string_view programExtension = "";
 };
 
 }  // namespace tessaly

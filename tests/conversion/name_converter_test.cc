@@ -71,8 +71,10 @@ TEST_F(NameConverterTest, BoxesTickedOneRowAtATime) {
       {{&O::chkRemoveu, &O::chkExtra}, "\\home\\ann\\my_photos.2024\\a_b.c.JPG",
        "\\home\\ann\\my photos2024\\a bc.jpg"},
       {{&O::chkCapitalize}, "\\home\\ann\\x.txt", "\\Home\\Ann\\X.txt"},
-      // A blank behind the folder is the name's own first character.
-      {{&O::chkFixSpacing}, "\\tmp\\ x  y .txt", "\\tmp\\ x y.txt", "\\tmp\\x y.txt"},
+      // The trim sees the whole path: a blank behind the folder stays.
+      {{&O::chkFixSpacing}, "\\tmp\\ x  y .txt", "\\tmp\\ x y.txt"},
+      // Three single passes: runs of 5 and 11 blanks end as one and two.
+      {{&O::chkRemoveDoubleSpace}, "c:\\a\\x     y           z.txt", "c:\\a\\x y  z.txt"},
       // The destination folder is shielded like the source's.
       {{&O::chkRemoveu, &O::chkUpperCase}, "c:\\a\\b_c.txt", "E:\\MY NEW.FOLDER\\B C.TXT",
        "e:\\my_new.folder\\B C.TXT", true},

@@ -19,6 +19,7 @@
 #include <thread>
 
 #include "platform/open_file_answer.h"
+#include "platform/posix/format_separator.h"
 #include "platform/posix/native_path.h"
 #include "platform/posix/posix_locale.h"
 #include "platform/posix/posix_network_status.h"
@@ -32,11 +33,29 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A separator is the text between the first two fields of a format.
+// A separator is the one text that stands between the numeric fields of a
+// format; words of units (year, month, hour) are none. Formats as locales
+// of the C library write them.
 TEST(PosixLocaleTest, SeparatorsOfFormatsAndOfTheCLocale) {
   const std::pair<const char*, const char*> cases[] = {
-      {"%d.%m.%Y", "."}, {"%Y. %m. %d.", ". "}, {"%OH.%OM", "."},
-      {"%D", "/"},       {"%T", ":"},           {"%x", "?"},
+      {"%d.%m.%Y", "."},
+      {"%Y. %m. %d.", ". "},
+      {"%OH.%OM", "."},
+      {"%D", "/"},
+      {"%T", ":"},
+      {"%r", ":"},
+      {"%x", "?"},
+      {"%-d/%-m/%y", "/"},
+      {"%a\u060c %d-%m-%Y", "-"},
+      {"%Z %H:%M:%S", ":"},
+      {"%p %I:%M:%S %Z", ":"},
+      {"kl. %H.%M %z", "."},
+      {"%A, %B %d, %Y", "?"},
+      {"%Y\u5e74%m\u6708%d\u65e5", "?"},
+      {"%H\u6642%M\u5206%S\u79d2", "?"},
+      {"%Y\ub144 %m\uc6d4 %d\uc77c", "?"},
+      {"%H\uc2dc %M\ubd84 %S\ucd08", "?"},
+      {"%OC%Oy\u5e74%B%Od\u65e5", "?"},
   };
   for (const auto& [format, separator] : cases) {
     EXPECT_EQ(SeparatorOfFormat(format, "?"), separator) << format;

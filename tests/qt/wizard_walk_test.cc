@@ -321,6 +321,23 @@ TEST_F(FilePageTest, AddFilesTakesEveryFileChosenInTheDialog) {
   EXPECT_EQ(Rows(list), (QStringList{model + "\\a.txt", model + "\\b.txt"}));
 }
 
+// A mark that turns the direction of writing shows as a mark wherever the
+// window shows a path, so "invoice<U+202E>txt.exe" cannot pass for a text
+// file.
+TEST_F(FilePageTest, LayoutMarksInNamesShowInEveryViewOfAPath) {
+  ASSERT_TRUE(DropFiles(list->viewport(), {QString::fromUtf8("/srv/invoice\u202etxt.exe")}));
+  const QString shown = QString::fromUtf8("invoice\ufffdtxt.exe");
+  EXPECT_EQ(Rows(list), QStringList{"\\srv\\" + shown});
+  form->lFolder.SetCaption("\\srv\\in\u202ebox");
+  Click(Find("lblStep2"));
+  form->cboBatch[0].SetText("invoice\u202etxt");  // the samples' names
+  EXPECT_THAT(Find<QPlainTextEdit>("txtExample")->toPlainText().toStdString(),
+              ::testing::StartsWith("invoice\ufffdtxt.jpeg\n"));
+  Click(Find("lblStep3"));
+  EXPECT_TRUE(Find<QPlainTextEdit>("tOutput")->toPlainText().contains("\\srv\\" + shown));
+  EXPECT_EQ(Find<QLabel>("lFolder")->text(), QString::fromUtf8("\\srv\\in\ufffdbox"));
+}
+
 // A greyed box is drawn partly checked; a click ticks it.
 TEST_F(QtWizardTest, BoxesFollowTheirControlsBothWays) {
   Start(2);

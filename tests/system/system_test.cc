@@ -73,6 +73,23 @@ TEST_F(SystemTest, AFreshSystemGetsTheWholeRecord) {
   }
 }
 
+// The rows that name the program's file give it the platform's extension,
+// and the short form is that of the file.
+TEST_F(SystemTest, ThePathsOfTheProgramsFileCarryThePlatformsExtension) {
+  for (const std::string extension : {".exe", ""}) {
+    program_.fileExtension = extension;
+    Record();
+    const SettingValue path = Text("C:\\Program Files\\Tessaly\\Tessaly" + extension);
+    EXPECT_EQ(Shared(kAssoPathsKey, "Tessaly"), path) << extension;
+    EXPECT_EQ(Shared(kProductRecordKey, "Tessaly path"), path) << extension;
+    EXPECT_EQ(Shared(kProgramPathsKey, "Tessaly"), path) << extension;
+    EXPECT_EQ(Machine("Software\\Microsoft\\Windows\\CurrentVersion\\App Paths\\Tessaly" + extension, ""),
+              path) << extension;
+    EXPECT_EQ(Shared(kShortPathsKey, "Tessaly").AsText(),
+              extension.empty() ? "" : "C:\\PROGRA~1\\Tessaly\\Tessaly.exe") << extension;
+  }
+}
+
 TEST_F(SystemTest, ALaterStartInAnotherFolderKeepsSiteAndInstallDate) {
   Record();
   store_.SaveSharedSetting(kWebSitesKey, "Tessaly", Text("https://example.org/tessaly"));

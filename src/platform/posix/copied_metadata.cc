@@ -44,9 +44,11 @@ void CopyAttributes(int from, int to) {
 
 void CopyMetadata(int from, int to, const struct stat& info) {
   CopyOwner(to, info);
-  // After the owner: a change of owner clears the set-id bits.
-  fchmod(to, info.st_mode & 07777);
+  // After the owner, whose change clears capabilities; before the mode,
+  // since a file its owner may not write takes no user attribute from them.
   CopyAttributes(from, to);
+  // After the owner too: a change of owner clears the set-id bits.
+  fchmod(to, info.st_mode & 07777);
   const struct timespec times[2] = {info.st_atim, info.st_mtim};
   futimens(to, times);
 }

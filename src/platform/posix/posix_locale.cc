@@ -7,21 +7,11 @@
 #include <cstdlib>
 #include <optional>
 
+#include "platform/posix/format_separator.h"
+
 namespace tessaly {
 
 namespace {
-
-// Skips one field that starts at the "%" at `pos`, with its flags and
-// modifiers; returns the position behind it and its conversion letter.
-std::size_t SkipField(std::string_view format, std::size_t pos, char& conversion) {
-  ++pos;
-  constexpr std::string_view kFlagsAndModifiers = "EO-_0^#";
-  while (pos < format.size() && kFlagsAndModifiers.find(format[pos]) != std::string_view::npos) {
-    ++pos;
-  }
-  conversion = pos < format.size() ? format[pos] : '\0';
-  return pos + 1;
-}
 
 std::string Langinfo(nl_item item, locale_t locale, const char* fallback) {
   const char* text = locale != nullptr ? nl_langinfo_l(item, locale) : nullptr;
@@ -104,19 +94,6 @@ SettledLocale UserSettings() {
 }
 
 }  // namespace
-
-std::string SeparatorOfFormat(std::string_view format, std::string_view fallback) {
-  const std::size_t first = format.find('%');
-  if (first == std::string_view::npos) return std::string(fallback);
-  char conversion = '\0';
-  const std::size_t behind = SkipField(format, first, conversion);
-  // Fields that stand for a whole date or time carry their own separator.
-  if (conversion == 'D') return "/";
-  if (conversion == 'T' || conversion == 'R') return ":";
-  const std::size_t next = format.find('%', behind);
-  if (next == std::string_view::npos || next == behind) return std::string(fallback);
-  return std::string(format.substr(behind, next - behind));
-}
 
 PosixLocale::PosixLocale() : SettledLocale(UserSettings()) {}
 

@@ -1,9 +1,6 @@
 #ifndef TESSALY_PLATFORM_POSIX_POSIX_LOCALE_H_
 #define TESSALY_PLATFORM_POSIX_POSIX_LOCALE_H_
 
-#include <string>
-#include <string_view>
-
 #include "platform/locale.h"
 
 namespace tessaly {
@@ -15,10 +12,6 @@ class PosixLocale : public SettledLocale {
  public:
   PosixLocale();
 };
-
-// The text between the first two fields of a strftime format, such as "/"
-// of "%m/%d/%y"; `fallback` if there is none.
-std::string SeparatorOfFormat(std::string_view format, std::string_view fallback);
 
 }  // namespace tessaly
 

@@ -15,6 +15,7 @@ class PosixProgram : public RunningProgram {
 
   std::string Folder() const override { return folder_; }
   std::string FileName() const override { return fileName_; }
+  std::string FileExtension() const override { return {}; }
   std::string CommandLine() const override { return commandLine_; }
 
  private:

@@ -39,6 +39,7 @@ class Win32Program : public RunningProgram {
 
   std::string Folder() const override { return folder_; }
   std::string FileName() const override { return fileName_; }
+  std::string FileExtension() const override { return ".exe"; }
   std::string CommandLine() const override { return commandLine_; }
 
  private:
