@@ -33,6 +33,7 @@ class VisiblePathsFileSystem : public FileSystem {
     return real_.IdentityOf(path);
   }
   std::string SameNameKey(std::string_view path) const override { return real_.SameNameKey(path); }
+  std::string PathOnDisk(std::string_view path) override { return real_.PathOnDisk(path); }
   std::string Shown(std::string_view path) const override {
     std::string shown = real_.Shown(path);
     if (!machine::NamesMayHoldBackslash() &&

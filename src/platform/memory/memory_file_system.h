@@ -50,6 +50,7 @@ class MemoryFileSystem : public FileSystem {
   std::vector<DirectoryEntry> Search(std::string_view pattern, std::uint32_t include) override;
   std::optional<FileIdentity> IdentityOf(std::string_view path) override;
   std::string SameNameKey(std::string_view path) const override { return Key(path); }
+  std::string PathOnDisk(std::string_view path) override { return MatchFolders(path); }
   std::string Shown(std::string_view path) const override;
   void ForgetAnswers() override { ++forgets_; }
 

@@ -24,6 +24,7 @@ class PosixFileSystem : public FileSystem {
   std::vector<DirectoryEntry> Search(std::string_view pattern, std::uint32_t include) override;
   std::optional<FileIdentity> IdentityOf(std::string_view path) override;
   std::string SameNameKey(std::string_view path) const override { return std::string(path); }
+  std::string PathOnDisk(std::string_view path) override;
   std::string Shown(std::string_view path) const override { return ToNativePath(path); }
   void ForgetAnswers() override { resolver_.Forget(); }
 
