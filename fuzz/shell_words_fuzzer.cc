@@ -46,9 +46,10 @@ void CheckSwitchText(const std::vector<std::string>& words) {
   if (!sorted.badSwitch.empty()) return;
   std::vector<std::string> given;  // the switch words before "--" that name no file
   for (auto word = words.begin(); word != words.end() && *word != "--"; ++word) {
+    // As the kernel walks the word, ".." through links included.
     std::error_code error;
-    const fs::path path = (fs::path(kFolder) / *word).lexically_normal();
-    const bool file = fs::exists(fs::symlink_status(path, error));
+    const bool file = fs::symlink_status(fs::path(kFolder) / *word, error).type() !=
+                      fs::file_type::not_found;
     if (!file && cl::KindOfWord(*word) == cl::WordKind::kSwitch) given.push_back(*word);
   }
   const std::string& text = sorted.switches;

@@ -67,7 +67,7 @@ Taken TakeLong(std::string_view word, const std::string* next, Request& request)
 
 }  // namespace
 
-Request ReadArguments(const std::vector<std::string>& words) {
+Request ReadArguments(const std::vector<std::string>& words, const NamesAnEntry& exists) {
   Request request;
   for (std::size_t i = 0; i < words.size(); ++i) {
     const std::string& word = words[i];
@@ -75,7 +75,7 @@ Request ReadArguments(const std::vector<std::string>& words) {
       request.words.insert(request.words.end(), words.begin() + static_cast<long>(i), words.end());
       break;
     }
-    if (word.size() < 2 || word[0] != '-') {
+    if (word.size() < 2 || word[0] != '-' || (exists && exists(word))) {
       request.words.push_back(word);
     } else if (word[1] != '-') {
       for (char letter : std::string_view(word).substr(1)) {
@@ -135,12 +135,39 @@ Request ReadWholeCommandLine(std::string_view text) {
   return request;
 }
 
-std::vector<std::string> ReadFileNames(std::istream& in, bool nulSeparated) {
+namespace {
+
+// Ends the name read so far; true when it was one to keep.
+bool EndName(std::string& name, bool nulSeparated, std::vector<std::string>& names) {
+  if (!nulSeparated && name.ends_with('\r')) name.pop_back();
+  if (name.empty()) return false;
+  names.push_back(std::move(name));
+  name.clear();
+  return true;
+}
+
+}  // namespace
+
+std::optional<std::vector<std::string>> ReadFileNames(std::istream& in, bool nulSeparated,
+                                                      std::size_t longest) {
+  const char separator = nulSeparated ? '\0' : '\n';
   std::vector<std::string> names;
   std::string name;
-  while (std::getline(in, name, nulSeparated ? '\0' : '\n')) {
-    if (!name.empty()) names.push_back(std::move(name));
-  }
+  std::size_t sinceLastName = 0;  // bytes, empty entries' separators included
+  char chunk[1 << 16];
+  do {
+    in.read(chunk, sizeof chunk);
+    for (std::streamsize i = 0; i < in.gcount(); ++i) {
+      if (chunk[i] != separator) {
+        name.push_back(chunk[i]);
+      } else if (EndName(name, nulSeparated, names)) {
+        sinceLastName = 0;
+        continue;
+      }
+      if (++sinceLastName > longest) return std::nullopt;
+    }
+  } while (in);
+  EndName(name, nulSeparated, names);
   return names;
 }
 

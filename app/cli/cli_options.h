@@ -1,6 +1,8 @@
 #ifndef TESSALY_APP_CLI_CLI_OPTIONS_H_
 #define TESSALY_APP_CLI_CLI_OPTIONS_H_
 
+#include <cstddef>
+#include <functional>
 #include <istream>
 #include <optional>
 #include <string>
@@ -22,12 +24,17 @@ struct Request {
   std::string error;                       // for kError: what was wrong
 };
 
+// Whether an entry of that name exists, relative names in the current folder.
+using NamesAnEntry = std::function<bool(const std::string& name)>;
+
 // Reads the options: "--help" (or "-h") and "--version" ask for those
 // texts; "--" ends the options and stays in `words` for the switches' end;
-// short options may be bundled ("-n0"). Any other word beginning with "-"
-// before "--" is an error, so is "--command-line" beside files or
-// switches. Every other word goes to `words`.
-Request ReadArguments(const std::vector<std::string>& words);
+// short options may be bundled ("-n0"). A word is an option only when no
+// entry of its name exists (as `exists` tells), so a name that a glob
+// brings in stays a file. Any other word beginning with "-" before "--" is
+// an error, so is "--command-line" beside files or switches. Every other
+// word goes to `words`.
+Request ReadArguments(const std::vector<std::string>& words, const NamesAnEntry& exists = {});
 
 // Reads the options at the front of a command line that arrives as one
 // text (Windows): words up to the first blank, each read as ReadArguments
@@ -37,9 +44,13 @@ Request ReadArguments(const std::vector<std::string>& words);
 // the text is that command line already.
 Request ReadWholeCommandLine(std::string_view text);
 
-// The names of a --files-from list: one a line, or each ended by a NUL
-// byte; empty ones are skipped, every other byte is kept.
-std::vector<std::string> ReadFileNames(std::istream& in, bool nulSeparated);
+// The names of a --files-from list: one a line (a CR before the line end
+// taken off, as a list written on Windows ends its lines), or each ended
+// by a NUL byte; empty ones are skipped, every other byte is kept. Nothing
+// when the list runs on for more than `longest` bytes without a name
+// ending (as /dev/zero does): no path is that long.
+std::optional<std::vector<std::string>> ReadFileNames(std::istream& in, bool nulSeparated,
+                                                      std::size_t longest);
 
 }  // namespace tessaly::cli
 

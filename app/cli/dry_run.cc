@@ -10,8 +10,6 @@ namespace tessaly::cli {
 
 namespace {
 
-constexpr std::string_view kStep = "/step:";
-
 // The entry under the exact new name, if any, is not the file itself (as
 // after a change of letter case on a disk that folds it).
 bool TakenByAnother(FileSystem& files, const std::string& oldPath, const std::string& newPath) {
@@ -20,18 +18,6 @@ bool TakenByAnother(FileSystem& files, const std::string& oldPath, const std::st
 }
 
 }  // namespace
-
-DryRunCommandLine StopAtPreview(std::string_view commandLine) {
-  DryRunCommandLine safe{std::string(commandLine), false};
-  const std::size_t found = safe.text.find(kStep);
-  const std::size_t digit = found + kStep.size();
-  if (found != std::string::npos && digit < safe.text.size() && safe.text[digit] >= '4' &&
-      safe.text[digit] <= '9') {
-    safe.text[digit] = '3';
-    safe.wouldRename = true;
-  }
-  return safe;
-}
 
 std::vector<PlannedRename> PlanRenames(const ListBox& oldPaths, const ListBox& newPaths,
                                        FileSystem& files) {
@@ -60,10 +46,11 @@ void PrintPlan(const std::vector<PlannedRename>& plan, const FileSystem& files, 
   out << std::flush;
 }
 
-void PrintPlanJson(const std::vector<PlannedRename>& plan, std::ostream& out) {
+void PrintPlanJson(const std::vector<PlannedRename>& plan, FileSystem& files, std::ostream& out) {
   for (const PlannedRename& rename : plan) {
     const bool same = rename.newPath == rename.oldPath;
-    WriteJsonLine(out, machine::NativePath(rename.oldPath), machine::NativePath(rename.newPath),
+    WriteJsonLine(out, machine::NativePath(rename.oldPath),
+                  machine::NativePath(files.PathOnDisk(rename.newPath)),
                   same ? OutcomeText(Outcome::kNoChange)
                        : (rename.clash ? "(Would Clash)" : "(Would Rename)"),
                   same ? "no-change" : (rename.clash ? "would-clash" : "would-rename"));

@@ -3,7 +3,6 @@
 
 #include <ostream>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "controls/list_box.h"
@@ -11,16 +10,6 @@
 #include "platform/file_system.h"
 
 namespace tessaly::cli {
-
-// A command line made safe for a dry run: its steps stop at the preview.
-struct DryRunCommandLine {
-  std::string text;
-  bool wouldRename = false;  // it asked for step 4 or beyond
-};
-
-// The first "/step:" (the one the reading takes) with a digit of 4 or more
-// gets a 3; nothing else changes.
-DryRunCommandLine StopAtPreview(std::string_view commandLine);
 
 // What a run would do with one file of the preview.
 struct PlannedRename {
@@ -39,9 +28,10 @@ std::vector<PlannedRename> PlanRenames(const ListBox& oldPaths, const ListBox& n
 void PrintPlan(const std::vector<PlannedRename>& plan, const FileSystem& files, std::ostream& out,
                ColourMode colours);
 
-// One JSON object a file, full native paths, with the codes "would-rename",
-// "would-clash" and "no-change".
-void PrintPlanJson(const std::vector<PlannedRename>& plan, std::ostream& out);
+// One JSON object a file, full native paths (folders as `files` finds them
+// on the disk), with the codes "would-rename", "would-clash" and
+// "no-change".
+void PrintPlanJson(const std::vector<PlannedRename>& plan, FileSystem& files, std::ostream& out);
 
 }  // namespace tessaly::cli
 

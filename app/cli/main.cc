@@ -10,8 +10,6 @@
 #include <string>
 
 #include "cli_options.h"
-#include "dry_run.h"
-#include "log_printer.h"
 #include "platform/machine.h"
 #include "read_only_registry.h"
 #include "settings/settings_store.h"
@@ -44,23 +42,6 @@ cli::ColourMode OutputColours() {
                             std::getenv("TERM"));
 }
 
-void Report(const fTessaly& form, FileSystem& files, const cli::Request& request,
-            bool wouldRename) {
-  const cli::ColourMode colours = OutputColours();
-  if (request.dryRun && wouldRename && form.CurrentStep == 3 && form.lstFilesC.ListCount() > 0) {
-    const auto plan = cli::PlanRenames(form.lstFiles, form.lstFilesC, files);
-    if (request.json) {
-      cli::PrintPlanJson(plan, std::cout);
-    } else {
-      cli::PrintPlan(plan, files, std::cout, colours);
-    }
-  } else if (request.json) {
-    cli::ReportWizardJson(form, std::cout, std::cerr);
-  } else {
-    cli::ReportWizard(form, std::cout, std::cerr, colours);
-  }
-}
-
 // What holds a row or a kept answer for every file: freeing that piece by
 // piece at exit costs more than the run's own bookkeeping, while the system
 // takes the memory back at once. Kept reachable, so leak checkers stay quiet.
@@ -91,12 +72,9 @@ int RunWizard(cli::WizardInput input, const cli::Request& request) {
   auto form = std::make_unique<fTessaly>(
       WizardServices{fileSystem, store, ui, *machine.clock, *machine.locale, *machine.random,
                      *program, *machine.shell, *machine.network, *shortPaths});
-  if (input.raw) {
-    StartWizard(*form, ui);
-  } else {
-    StartWizard(*form, ui, std::move(input.files), input.commandLine);
-  }
-  Report(*form, fileSystem, request, input.wouldRename);
+  if (request.dryRun) form->MakeDryRun();
+  StartWizard(*form, ui, std::move(input.files), input.commandLine);
+  cli::ReportEnd(*form, fileSystem, request.json, OutputColours(), std::cout, std::cerr);
   const int status = cli::ExitStatus(*form);
   LeaveAtExit({std::move(form), std::move(machine.fileSystem)});
   return status;
@@ -127,5 +105,9 @@ int main(int argc, char** argv) {
   std::string refusal;
   std::optional<cli::WizardInput> input = cli::InputFor(*request, refusal);
   if (!input) return RefuseUsage(refusal);
+  for (const std::string& path : input->tooLong) {
+    std::cerr << "tessaly-cli: left out, too long for this system: "
+              << text::Visible(path, text::Layout::kNone) << '\n';
+  }
   return RunWizard(std::move(*input), *request);
 }

@@ -10,8 +10,10 @@ std::string UsageText() {
          "\n"
          "Renames files without a window. Each FILE goes into the wizard's list as\n"
          "it is (any byte a name can hold), made absolute; missing files, folders\n"
-         "and repeats are left out. A word is a SWITCH only when it is one of these\n"
-         "in full, letter case counting, and no file or folder of that name exists:\n"
+         "and repeats are left out, and paths too long for this system are named on\n"
+         "standard error. A word is an OPTION or a SWITCH only when no file or\n"
+         "folder of that name exists, and a SWITCH is one of these in full, letter\n"
+         "case counting:\n"
          "  /settings:NAME       tick an option: ShortExtension, LongExtension,\n"
          "                       RemoveDoubleSpace, RemoveExtraSpaces, Capitalize,\n"
          "                       RemoveUnderscores, LowerCase, DontAllowSpaces,\n"
@@ -27,14 +29,15 @@ std::string UsageText() {
          "Options:\n"
          "  -n, --dry-run        show what would be renamed, old -> new, the new path\n"
          "                       in colour where it clashes; rename nothing, store\n"
-         "                       no setting\n"
+         "                       no setting, start no other program\n"
          "      --json           write the change log as JSON Lines: one object per\n"
          "                       file with \"old\", \"new\" (full paths), \"outcome\" and\n"
          "                       \"code\"\n"
-         "      --files-from F   take files from F, one a line (\"-\": standard input);\n"
-         "                       they follow the files given as words\n"
+         "      --files-from F   take files from F, one a line (\"-\": standard input;\n"
+         "                       a CR before the line end is dropped); they follow\n"
+         "                       the files given as words\n"
          "  -0, --null           names in --files-from end with a NUL byte, as\n"
-         "                       find -print0 writes them\n"
+         "                       find -print0 writes them (a CR is then kept)\n"
          "      --command-line TEXT  hand TEXT to the wizard unchanged, as one command\n"
          "                       line: files joined by \";\" before the switches\n"
          "  --                   every word behind it is a file\n"
@@ -48,8 +51,9 @@ std::string UsageText() {
          "Settings live in TESSALY_REGISTRY_DIR when it is set.\n"
          "\n"
          "Exit status: 0 when every file ended \"(Completed)\" or \"(No Change}\" (or\n"
-         "nothing was renamed), 1 when any file failed or ended with an error, 2 for\n"
-         "bad usage, and then nothing is done.\n";
+         "nothing was renamed), 1 when any file failed or ended with an error or\n"
+         "the list (32,767 files at most) left paths out, 2 for bad usage, and then\n"
+         "nothing is done.\n";
 }
 
 std::string WholeCommandLineUsageText() {
@@ -65,11 +69,12 @@ std::string WholeCommandLineUsageText() {
          "\n"
          "Options, before the command line:\n"
          "  -n, --dry-run        show what would be renamed; rename nothing, store\n"
-         "                       no setting\n"
+         "                       no setting, start no other program\n"
          "      --json           write the change log as JSON Lines\n"
          "      --files-from F   take files from F, one a line (\"-\": standard\n"
-         "                       input), for more than a command line holds; the\n"
-         "                       command line then holds the switches only\n"
+         "                       input; a CR before the line end is dropped), for\n"
+         "                       more than a command line holds; they follow the\n"
+         "                       files of the command line\n"
          "  -0, --null           names in --files-from end with a NUL byte\n"
          "  --                   the command line starts behind it\n"
          "  -h, --help           this text\n"
@@ -80,7 +85,8 @@ std::string WholeCommandLineUsageText() {
          "with none it is answered No. Settings live in the registry.\n"
          "\n"
          "Exit status: 0 when every file ended well (or nothing was renamed), 1\n"
-         "when any file failed or ended with an error, 2 for bad usage.\n";
+         "when any file failed or ended with an error or the list (32,767 files at\n"
+         "most) left paths out, 2 for bad usage.\n";
 }
 
 std::string VersionText() {

@@ -1,8 +1,8 @@
 // A POSIX shell has split the command line into words: each word that is
 // not a switch is a file, put into the list as it is, so no file name
 // travels through the command-line text.
+#include <filesystem>
 #include <fstream>
-#include <iostream>
 
 #include "platform/posix/shell_words.h"
 #include "usage_text.h"
@@ -12,21 +12,25 @@ namespace tessaly::cli {
 
 namespace {
 
-// Adds the names of --files-from; false when the list cannot be read.
-bool AddFilesFrom(const Request& request, const std::string& here, WizardInput& input) {
-  std::ifstream file;
-  if (*request.filesFrom != "-") {
-    file.open(*request.filesFrom, std::ios::binary);
-    if (!file) return false;
-  }
-  std::istream& in = *request.filesFrom == "-" ? std::cin : file;
-  for (const std::string& name : ReadFileNames(in, request.nulSeparated)) {
-    input.files.push_back(AbsoluteModelPath(name, here));
-  }
-  return !in.bad();
+// Anything under that name in the current folder, a dangling link included.
+bool NamesAnything(const std::string& name) {
+  std::error_code error;
+  return std::filesystem::exists(std::filesystem::symlink_status(name, error));
+}
+
+// Adds the names of --files-from; false, with the reason, when the list
+// cannot be read or is none.
+bool AddFilesFrom(const Request& request, const std::string& here, WizardInput& input,
+                  std::string& refusal) {
+  const auto names = ReadList(request, refusal);
+  if (!names) return false;
+  for (const std::string& name : *names) input.files.push_back(AbsoluteModelPath(name, here));
+  return true;
 }
 
 }  // namespace
+
+std::ifstream OpenList(const std::string& name) { return std::ifstream(name, std::ios::binary); }
 
 std::string CommandLineUsage() { return UsageText(); }
 
@@ -35,14 +39,13 @@ std::optional<Request> ReadRequest(int argc, char** argv) {
   // encoding.
   const std::vector<std::string> words(argv + 1, argv + argc);
   if (words.empty()) return std::nullopt;
-  return ReadArguments(words);
+  return ReadArguments(words, NamesAnything);
 }
 
 std::optional<WizardInput> InputFor(const Request& request, std::string& refusal) {
   WizardInput input;
   if (request.commandLine) {
-    input.raw = true;
-    input.commandLine = *request.commandLine;
+    TakeFilePartApart(*request.commandLine, input);
   } else {
     const std::string here = CurrentFolder();
     ShellWords sorted = SortShellWords(request.words, here);
@@ -53,12 +56,9 @@ std::optional<WizardInput> InputFor(const Request& request, std::string& refusal
     }
     input.files = std::move(sorted.files);
     input.commandLine = std::move(sorted.switches);
-    if (request.filesFrom && !AddFilesFrom(request, here, input)) {
-      refusal = "cannot read the list of files '" + *request.filesFrom + "'";
-      return std::nullopt;
-    }
+    if (request.filesFrom && !AddFilesFrom(request, here, input, refusal)) return std::nullopt;
   }
-  KeepDryRunToPreview(request, input);
+  LeaveOutWhatNamesNoFile(input);
   return input;
 }
 

@@ -1,11 +1,11 @@
 // Windows keeps the command line as one text: the program's options come
 // off its front and the rest goes to the wizard unchanged, never rebuilt
-// from the C runtime's argv. A list of files (--files-from) goes into the
-// wizard's list apart from that text, for more files than a command line
-// holds.
+// from the C runtime's argv; only its file part is taken apart, so that
+// relative paths count against the current folder. A list of files
+// (--files-from) goes into the wizard's list too, for more files than a
+// command line holds.
 #include <filesystem>
 #include <fstream>
-#include <iostream>
 
 #include "platform/machine.h"
 #include "usage_text.h"
@@ -15,24 +15,22 @@ namespace tessaly::cli {
 
 namespace {
 
-// Adds the names of --files-from; false when the list cannot be read. Text
-// mode, unless names end with NUL, so a CR LF line end is a line end.
-bool AddFilesFrom(const Request& request, WizardInput& input) {
-  const std::string& list = *request.filesFrom;
-  std::ifstream file;
-  if (list != "-") {
-    const auto mode = request.nulSeparated ? std::ios::binary : std::ios::in;
-    file.open(std::filesystem::path(std::u8string(list.begin(), list.end())), mode);
-    if (!file) return false;
-  }
-  std::istream& in = list == "-" ? std::cin : file;
-  for (const std::string& name : ReadFileNames(in, request.nulSeparated)) {
-    input.files.push_back(machine::AbsolutePath(name));
-  }
-  return !in.bad();
+// Adds the names of --files-from; false, with the reason, when the list
+// cannot be read or is none.
+bool AddFilesFrom(const Request& request, WizardInput& input, std::string& refusal) {
+  const auto names = ReadList(request, refusal);
+  if (!names) return false;
+  for (const std::string& name : *names) input.files.push_back(machine::AbsolutePath(name));
+  return true;
 }
 
 }  // namespace
+
+// As bytes: the reading takes a CR before a line end off itself.
+std::ifstream OpenList(const std::string& name) {
+  return std::ifstream(std::filesystem::path(std::u8string(name.begin(), name.end())),
+                       std::ios::binary);
+}
 
 std::string CommandLineUsage() { return WholeCommandLineUsageText(); }
 
@@ -44,16 +42,9 @@ std::optional<Request> ReadRequest(int, char**) {
 
 std::optional<WizardInput> InputFor(const Request& request, std::string& refusal) {
   WizardInput input;
-  input.commandLine = request.commandLine.value_or("");
-  if (request.filesFrom) {
-    if (!AddFilesFrom(request, input)) {
-      refusal = "cannot read the list of files '" + *request.filesFrom + "'";
-      return std::nullopt;
-    }
-  } else {
-    input.raw = true;
-  }
-  KeepDryRunToPreview(request, input);
+  TakeFilePartApart(request.commandLine.value_or(""), input);
+  if (request.filesFrom && !AddFilesFrom(request, input, refusal)) return std::nullopt;
+  LeaveOutWhatNamesNoFile(input);
   return input;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "dry_run.h"
 #include "json_lines.h"
 #include "platform/machine.h"
 #include "wizard/wizard_texts.h"
@@ -43,14 +44,33 @@ void ReportWizard(const fTessaly& form, std::ostream& out, std::ostream& message
   out << std::flush;
 }
 
-void ReportWizardJson(const fTessaly& form, std::ostream& out, std::ostream& messages) {
+void ReportWizardJson(const fTessaly& form, FileSystem& files, std::ostream& out,
+                      std::ostream& messages) {
   ReportListFull(form, messages);
   if (form.outcomes().empty()) ReportNoRun(form, messages);
   for (const fTessaly::FileOutcome& file : form.outcomes()) {
-    WriteJsonLine(out, machine::NativePath(file.oldPath), machine::NativePath(file.newPath),
-                  OutcomeText(file.outcome), OutcomeCode(file.outcome));
+    WriteJsonLine(out, machine::NativePath(file.oldPath),
+                  machine::NativePath(files.PathOnDisk(file.newPath)), OutcomeText(file.outcome),
+                  OutcomeCode(file.outcome));
   }
   out << std::flush;
+}
+
+void ReportEnd(const fTessaly& form, FileSystem& files, bool json, ColourMode colours,
+               std::ostream& out, std::ostream& messages) {
+  if (form.dryRunHeldBackTheRun() && form.lstFilesC.ListCount() > 0) {
+    ReportListFull(form, messages);
+    const auto plan = PlanRenames(form.lstFiles, form.lstFilesC, files);
+    if (json) {
+      PrintPlanJson(plan, files, out);
+    } else {
+      PrintPlan(plan, files, out, colours);
+    }
+  } else if (json) {
+    ReportWizardJson(form, files, out, messages);
+  } else {
+    ReportWizard(form, out, messages, colours);
+  }
 }
 
 std::string_view OutcomeCode(Outcome outcome) {
@@ -76,7 +96,7 @@ int ExitStatus(const fTessaly& form) {
   const bool allWell = std::all_of(outcomes.begin(), outcomes.end(), [](const auto& file) {
     return file.outcome == Outcome::kCompleted || file.outcome == Outcome::kNoChange;
   });
-  return allWell ? 0 : 1;
+  return allWell && form.refusedForLimit() == 0 ? 0 : 1;
 }
 
 }  // namespace tessaly::cli

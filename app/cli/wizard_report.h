@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "log_printer.h"
+#include "platform/file_system.h"
 #include "wizard/tessaly_form.h"
 
 namespace tessaly::cli {
@@ -16,14 +17,23 @@ void ReportWizard(const fTessaly& form, std::ostream& out, std::ostream& message
                   ColourMode colours);
 
 // The change log of the last run as JSON Lines on `out`, full native
-// paths; the same notes as ReportWizard on `messages` when nothing ran.
-void ReportWizardJson(const fTessaly& form, std::ostream& out, std::ostream& messages);
+// paths, each new one where the file is on the disk (folders as `files`
+// finds them); the same notes as ReportWizard on `messages` when nothing
+// ran.
+void ReportWizardJson(const fTessaly& form, FileSystem& files, std::ostream& out,
+                      std::ostream& messages);
+
+// What the console shows when the command line's work is done: for a dry
+// run held back from the run, what the run would do (see dry_run.h); else
+// as ReportWizard or, with `json`, ReportWizardJson.
+void ReportEnd(const fTessaly& form, FileSystem& files, bool json, ColourMode colours,
+               std::ostream& out, std::ostream& messages);
 
 // The short code of an outcome in JSON, such as "completed".
 std::string_view OutcomeCode(Outcome outcome);
 
-// 0 when every file ended "(Completed)" or "(No Change}" (or none ran),
-// else 1.
+// 0 when every file ended "(Completed)" or "(No Change}" (or none ran)
+// and the list took every path, else 1.
 int ExitStatus(const fTessaly& form);
 
 }  // namespace tessaly::cli

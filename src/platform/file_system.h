@@ -101,6 +101,12 @@ class FileSystem {
   // where the file system ignores letter case.
   virtual std::string SameNameKey(std::string_view path) const = 0;
 
+  // `path` with its folders spelled as on the disk, where the folder rule
+  // found one under another letter case; as given where that is how the
+  // disk spells them, where a folder is missing, or where the disk itself
+  // folds case and so reaches the file under `path` already.
+  virtual std::string PathOnDisk(std::string_view path) { return std::string(path); }
+
   // `path` as a person on this platform writes it. Every path that is put
   // into a text a person reads goes through here.
   virtual std::string Shown(std::string_view path) const = 0;

@@ -1,6 +1,7 @@
 #ifndef TESSALY_PLATFORM_MACHINE_H_
 #define TESSALY_PLATFORM_MACHINE_H_
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
@@ -49,6 +50,14 @@ std::string ModelPath(std::string_view nativePath);
 // `name`, a path as the system's own programs write it, made absolute
 // against the current folder, in model form.
 std::string AbsolutePath(std::string_view name);
+
+// The longest path the system takes, in bytes (PATH_MAX on POSIX): no
+// name in a list of files can be longer.
+std::size_t LongestPath();
+
+// Whether the system refuses `modelPath` for its length, the whole path or
+// a name in it: no file can be reached under it.
+bool PathTooLong(std::string_view modelPath);
 
 // Whether a file name may hold a backslash (POSIX). Where it may not
 // (Windows), every backslash in a path is a separator.

@@ -101,8 +101,10 @@ void fTessaly::Form_Load() {
   const ProgramVersion version = services_.program.Version();
   SetCaption(services_.program.Title() + " - v" + std::to_string(version.major) + "." +
              std::to_string(version.minor) + "." + std::to_string(version.revision));
-  CheckForUpdates(services_.store, services_.network, services_.shell, services_.clock,
-                  services_.program, services_.fileSystem);
+  if (!dryRun_) {
+    CheckForUpdates(services_.store, services_.network, services_.shell, services_.clock,
+                    services_.program, services_.fileSystem);
+  }
   if (!filesApart_) commandLine_ = services_.program.CommandLine();
   if (!commandLine_.empty() || !givenFiles_.empty()) ProcessCommandLine();
 }
@@ -143,6 +145,12 @@ void fTessaly::ShowStep(std::int32_t index) {
   // A click that arrives while a step's loop lets events run would enter a
   // step inside a step; it is dropped. So is anything after the end.
   if (stepRunning_ || ended_ || index < 0 || index >= kStepCount) return;
+  // A dry run shows the preview in the run's place; the front-end tells
+  // what the run would do from it.
+  if (dryRun_ && index == kStepCount - 1) {
+    runHeldBack_ = true;
+    return;
+  }
   for (Label& page : pStep) page.SetVisible(false);
   for (int i = 0; i < kStepCount - 1; ++i) lblStep[i].SetBold(false);
   CurrentStep = index;

@@ -54,6 +54,12 @@ class fTessaly : public Form {
   // their order, and only `switches` is read as the command line, which
   // then holds no file part. Call before Load.
   void GiveFilesApart(std::vector<std::string> files, std::string switches);
+  // Makes this a dry run; call before Load. The steps stop at the preview,
+  // step 4 is never entered, and no other program is started (no update
+  // check), so the command line's work can be shown without being done.
+  void MakeDryRun() { dryRun_ = true; }
+  // A dry run whose steps were to go on into the run (step 4).
+  bool dryRunHeldBackTheRun() const { return runHeldBack_; }
   Signal programEnded;
 
   // Handlers a view forwards a person's actions to.
@@ -208,6 +214,8 @@ class fTessaly : public Form {
   bool PlacementsFilled = false;
   bool stepRunning_ = false;
   bool ended_ = false;
+  bool dryRun_ = false;
+  bool runHeldBack_ = false;
   int refusedForLimit_ = 0;
   std::unique_ptr<fProgress> progress_;
 };

@@ -44,7 +44,7 @@ class CliEndToEnd : public ::testing::Test {
   Names Held() {
     Names names;
     for (const auto& entry : fs::recursive_directory_iterator(files)) {
-      names.insert(fs::relative(entry.path(), files).string());
+      names.insert(entry.path().lexically_relative(files).string());
     }
     return names;
   }
@@ -96,6 +96,7 @@ TEST_F(CliEndToEnd, Runs) {
     Names after;
     int exitCode;
     std::string outHas, errHas, list = "";  // `list` is written to .list
+    std::string link = "";                    // where a link "lnk" points, if any
   };
   const Row rows[] = {
       // Missing paths, folders and repeats are not listed.
@@ -141,6 +142,19 @@ TEST_F(CliEndToEnd, Runs) {
        {"/settings:LowerCase", "/step:4", "--", "-N.TXT", "TWO\nLINES.TXT", "EVIL\x1b[2J\x1b[HX.TXT"},
        {"-n.txt", "two\nlines.txt", "evil\x1b[2j\x1b[hx.txt"}, 0,
        "/evil\\x1b[2j\\x1b[hx.txt (Completed)", ""},
+      // A word is an option only where no file of its name exists: a name
+      // a glob brings in stays a file.
+      {{"A.TXT", "B.TXT", "--files-from=.list"},
+       {"--files-from=.list", "A.TXT", "/settings:LowerCase", "/step:4"},
+       {"--files-from=.list", ".list", "a.txt", "B.TXT"}, 0, "(Completed)", "", "B.TXT\n"},
+      // A path means what it means to the kernel: ".." behind a link leads
+      // beside the link's target, and a name with a closing "/" is no file.
+      {{"X.TXT", "t/X.TXT", "t/in/KEEP", "Y.TXT"},
+       {"lnk/../X.TXT", "Y.TXT/", "/settings:LowerCase", "/step:4"},
+       {"lnk", "t", "t/in", "t/in/KEEP", "t/x.txt", "X.TXT", "Y.TXT"}, 0, "1 total files.", "",
+       "", "t/in"},
+      {{}, {std::string(256, 'L') + ".TXT", "/step:4"}, {}, 0, "",
+       "left out, too long for this system: /"},
       // A path from the root that only begins like a switch is a file, so
       // without a switch the wizard opens on File Selection, and says so.
       {{"A.TXT"}, {"--json", "/showwiz/Photo.JPG", "A.TXT"}, {}, 0, "",
@@ -153,17 +167,32 @@ TEST_F(CliEndToEnd, Runs) {
        {"-n", "--json", "x (1).TXT", "y (1).TXT", "/settings:RemoveNumbers", "/step:4"}, {}, 0,
        R"j("code":"would-rename"}
 {"old":"FILES/y (1).TXT","new":"FILES/y .txt","outcome":"(Would Clash)","code":"would-clash"})j", ""},
-      // The log as JSON, one object a line, a name's newline and quotes escaped.
-      {{"NEW\nLINE.TXT", "SAY \"HI\".TXT"},
+      // The log as JSON, one object a line, a name's newline, quotes and
+      // backslash escaped.
+      {{"NEW\nLINE.TXT", "SAY \"HI\".TXT", "BACK\\SLASH.TXT"},
        {"-0", "--files-from", ".list", "--json", "/settings:LowerCase", "/step:4"},
-       {".list", "new\nline.txt", "say \"hi\".txt"}, 0,
-       R"j({"old":"FILES/NEW\nLINE.TXT","new":"FILES/new\nline.txt","outcome":"(Completed)","code":"completed"}
+       {".list", "new\nline.txt", "say \"hi\".txt", "back\\slash.txt"}, 0,
+       R"j({"old":"FILES/BACK\\SLASH.TXT","new":"FILES/back\\slash.txt","outcome":"(Completed)","code":"completed"}
+{"old":"FILES/NEW\nLINE.TXT","new":"FILES/new\nline.txt","outcome":"(Completed)","code":"completed"}
 {"old":"FILES/SAY \"HI\".TXT","new":"FILES/say \"hi\".txt","outcome":"(Completed)","code":"completed"})j",
-       "", std::string("NEW\nLINE.TXT\0SAY \"HI\".TXT\0", 26)},
+       "", std::string("NEW\nLINE.TXT\0SAY \"HI\".TXT\0BACK\\SLASH.TXT\0", 42)},
+      // A folder matched ignoring case is named as the disk spells it.
+      {{"Z.TXT", "Sub/KEEP"},
+       {"--json", "Z.TXT", "/placement1:sub\\", "/placement2:Document Name", "/placement3:extension",
+        "/step:4"},
+       {"Sub", "Sub/KEEP", "Sub/Z.txt"}, 0, R"j("new":"FILES/Sub/Z.txt")j", ""},
+      // A raw command line: a relative path counts from the current folder,
+      // and a dry run shows the run its text asks for.
+      {{"A.TXT"}, {"-n", "--command-line", "A.TXT /settings:LowerCase /step:4"}, {}, 0,
+       "FILES/A.TXT -> FILES/a.txt\n", ""},
+      {{"A.TXT"}, {"-n", "--command-line", R"q(A.TXT /placement2:"/step:5" /step:4)q"}, {}, 0,
+       R"(FILES/A.TXT -> FILES/A\\step:5)", ""},
       // Bad usage does nothing and ends with 2.
       {{}, {}, {}, 2, "", "usage: tessaly-cli"},
       {{"A.TXT"}, {"A.TXT", "/stpe:4"}, {}, 2, "", "'/stpe:4' is not a switch"},
       {{}, {"--files-from", "missing.list", "/step:4"}, {}, 2, "", "cannot read the list"},
+      {{}, {"-0", "--files-from", "/dev/zero", "/step:4"}, {}, 2, "",
+       "'/dev/zero' runs on for more than 4096 bytes without a name ending"},
       {{}, {"--version"}, {}, 0, "tessaly-cli (Tessaly) 1.0.14\n", ""},
   };
   for (const Row& row : rows) {
@@ -171,6 +200,7 @@ TEST_F(CliEndToEnd, Runs) {
     Fresh(row.made);
     if (row.after.contains("folder")) fs::create_directory(files + "/folder");
     if (!row.list.empty()) std::ofstream(files + "/.list", std::ios::binary) << row.list;
+    if (!row.link.empty()) fs::create_directory_symlink(row.link, files + "/lnk");
     const CliResult result = RunCli(row.args, files, registry);
     EXPECT_EQ(result.exitCode, row.exitCode) << result.err;
     const std::multiset<std::string> made(row.made.begin(), row.made.end());

@@ -1,5 +1,6 @@
 // The console program's pieces: its options, the shell's words, its printers
 // and its dialogs.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -10,9 +11,12 @@
 
 #include "cli_options.h"
 #include "log_printer.h"
+#include "platform/memory/memory_file_system.h"
 #include "platform/posix/shell_words.h"
 #include "progress_printer.h"
 #include "terminal_ui.h"
+#include "wizard/memory_world.h"
+#include "wizard_report.h"
 
 namespace tessaly::cli {
 namespace {
@@ -51,6 +55,11 @@ TEST(ReadArguments, OptionsAndWhatTheyLeave) {
       {{"--files-from", "list", "--command-line", "x"}, "error"},
   };
   for (const auto& [words, summary] : cases) EXPECT_EQ(Summary(ReadArguments(words)), summary);
+  // A name that exists is a file, even one a glob brought in that is
+  // written like an option.
+  const auto exists = [](const std::string& word) { return word == "--files-from=x" || word == "--"; };
+  EXPECT_EQ(Summary(ReadArguments({"-n", "--files-from=x", "--", "--json"}, exists)),
+            "n [--files-from=x] [--] [--json]");
   EXPECT_EQ(ReadArguments({"--lower"}).error, "unknown option '--lower' (for a file of that name, "
                                               "write ./--lower or put it behind --)");
 }
@@ -69,11 +78,22 @@ TEST(ReadWholeCommandLine, OptionsComeOffTheFrontAndTheRestStaysAsItIs) {
   for (const auto& [text, summary] : cases) EXPECT_EQ(Summary(ReadWholeCommandLine(text)), summary);
 }
 
+// A line's CR LF end (a list written on Windows) is taken off whole; a CR
+// elsewhere, or before a NUL, is part of the name. A list that runs on for
+// longer than a path without a name is none: an endless one ends.
 TEST(ReadFileNames, KeepsEveryByteButTheSeparator) {
-  std::istringstream lines("a;b.txt\n\nsay \"hi\"\\n.txt\n");
-  EXPECT_EQ(ReadFileNames(lines, false), (Words{"a;b.txt", "say \"hi\"\\n.txt"}));
-  std::istringstream nul(std::string("new\nline.txt\0\0tab\t.txt", 22));
-  EXPECT_EQ(ReadFileNames(nul, true), (Words{"new\nline.txt", "tab\t.txt"}));
+  std::istringstream lines("a;b.txt\r\n\nsay \"hi\"\\n.txt\n\rcr\r\r\n");
+  EXPECT_EQ(ReadFileNames(lines, false, 20), (Words{"a;b.txt", "say \"hi\"\\n.txt", "\rcr\r"}));
+  std::istringstream nul(std::string("new\nline.txt\0\0tab\t.txt\r", 23));
+  EXPECT_EQ(ReadFileNames(nul, true, 20), (Words{"new\nline.txt", "tab\t.txt\r"}));
+  for (bool nulSeparated : {false, true}) {
+    for (std::size_t length : {15, 16}) {
+      std::istringstream list(std::string(5, '\0') + std::string(length, 'a'));
+      EXPECT_EQ(ReadFileNames(list, nulSeparated, 20).has_value(), length == 15);
+    }
+    std::istringstream endless(std::string(1 << 17, nulSeparated ? '\0' : 'a'));
+    EXPECT_EQ(ReadFileNames(endless, nulSeparated, 20), std::nullopt);
+  }
 }
 
 TEST(SortShellWords, SwitchesOnlyInFullTheRestFiles) {
@@ -83,7 +103,9 @@ TEST(SortShellWords, SwitchesOnlyInFullTheRestFiles) {
   } cases[] = {
       // Files: made absolute, cleaned, model form, every byte kept.
       {{"a.txt", "/tmp/b  c.JPG"}, {R"(\home\ann\work\a.txt)", R"(\tmp\b  c.JPG)"}, ""},
-      {{"./sub/../c.txt", "../up.txt"}, {R"(\home\ann\work\c.txt)", R"(\home\ann\up.txt)"}, ""},
+      // A ".." is the kernel's to walk (through links); where it finds no
+      // folder, the path stays as written.
+      {{"./sub//./c.txt", "../up.txt"}, {R"(\home\ann\work\sub\c.txt)", R"(\home\ann\work\..\up.txt)"}, ""},
       {{"one;two.txt", R"(x\step:4.txt)", R"(say "hi".TXT)", "new\nline"},
        {R"(\home\ann\work\one;two.txt)", R"(\home\ann\work\x/step:4.txt)",
         R"(\home\ann\work\say "hi".TXT)", "\\home\\ann\\work\\new\nline"},
@@ -114,6 +136,26 @@ TEST(SortShellWords, SwitchesOnlyInFullTheRestFiles) {
                           "/placement7:x", "/placement1:a\"b", "/placement1:x /exit", "/Exit",
                           "/settings:UpperCase/x"}) {
     EXPECT_EQ(SortShellWords({"a.txt", bad}, "/home/ann/work").badSwitch, bad);
+  }
+}
+
+// The list takes 32,767 files: a dry run says how many paths it left out,
+// as the run does, and either ends with status 1.
+TEST(ReportEnd, PathsTheFullListLeftOutAreSaidAndFailTheRun) {
+  MemoryFileSystem files;
+  std::string line;
+  for (int i = 0; i < 32768; ++i) {
+    const std::string path = "C:\\many\\" + std::to_string(i) + ".txt";
+    files.AddFile(path);
+    line += path + ";";
+  }
+  for (bool dryRun : {true, false}) {
+    MemoryWorld world(files);
+    const fTessaly& form = world.Start(line + " /step:4", dryRun);
+    std::ostringstream out, messages;
+    ReportEnd(form, files, false, ColourMode::kNone, out, messages);
+    EXPECT_THAT(messages.str(), ::testing::StartsWith("tessaly-cli: 1 path was not added")) << dryRun;
+    EXPECT_EQ(ExitStatus(form), 1);
   }
 }
 

@@ -81,6 +81,12 @@ check "overwrite question asked" '[[ "$err" == *"Confirm Overwrite"* && "$err" =
 check "a file that could not be renamed fails the run" '[ "$status" = 1 ]'
 check "no content lost" '[ "$(contents)" = "6|7|" ]'
 
+# The log as JSON Lines: full paths, each backslash escaped.
+folder "J.TXT=8"
+run "--json $W\\J.TXT /settings:LowerCase /step:4 /exit"
+json=${W//\\/\\\\}
+check "JSON line of a file" 'logged "{\"old\":\"$json\\\\J.TXT\",\"new\":\"$json\\\\j.txt\",\"outcome\":\"(Completed)\",\"code\":\"completed\"}"'
+
 # The Linux disk under Wine may hold case twins: the file listed is moved,
 # its twin is someone else's and stays. A name ending in a period is its
 # own file, not the one without it.

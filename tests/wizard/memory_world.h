@@ -27,10 +27,11 @@ struct BasicMemoryWorld {
   explicit BasicMemoryWorld(FileSystem& fileSystem) : files(fileSystem) {}
 
   // Starts the program with `commandLine`, as its start-up routine does.
-  fTessaly& Start(std::string commandLine = "") {
+  fTessaly& Start(std::string commandLine = "", bool dryRun = false) {
     program.commandLine = std::move(commandLine);
     form = std::make_unique<fTessaly>(WizardServices{files, store, ui, clock, locale, random,
                                                      program, shell, network, shortPaths});
+    if (dryRun) form->MakeDryRun();
     StartWizard(*form, ui);
     return *form;
   }

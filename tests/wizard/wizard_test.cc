@@ -6,6 +6,7 @@
 #include "memory_world.h"
 #include "platform/memory/memory_file_system.h"
 #include "settings/command_line.h"
+#include "system/shared_keys.h"
 #include "text/text_ops.h"
 #include "text/utf8.h"
 #include "wizard/change_log.h"
@@ -264,6 +265,22 @@ TEST_F(WizardTest, ShowAndHideDecideWhetherTheWizardAppears) {
     ui = ScriptedUi();
     EXPECT_EQ(Start(c.line).ended(), c.ended) << c.line;
     EXPECT_EQ(ui.shownForms(), c.shown) << c.line;
+  }
+}
+
+// A dry run shows what the run would do and does nothing else: its steps
+// stop at the preview, and the weekly check starts no updater (a real run
+// after it still does).
+TEST_F(WizardTest, ADryRunStopsAtThePreviewAndStartsNoOtherProgram) {
+  MakeFiles({"C:\\d\\A.TXT", "C:\\up\\Updater.exe"});
+  store.SaveSharedSetting(kShortPathsKey, "AutoUpdate", SettingValue::FromText("C:\\up\\Updater.exe"));
+  world.network.Set(connection::kLan);
+  for (bool dryRun : {true, false}) {
+    fTessaly& wizard = world.Start("C:\\d\\A.TXT /step:4", dryRun);
+    EXPECT_EQ(wizard.CurrentStep, dryRun ? 3 : 4);
+    EXPECT_EQ(wizard.dryRunHeldBackTheRun(), dryRun);
+    EXPECT_EQ(files.renames().empty(), dryRun);
+    EXPECT_EQ(world.shell.requests().size(), dryRun ? 0u : 1u);
   }
 }
 

@@ -1,5 +1,12 @@
 // The machine is a POSIX one.
 #include "platform/machine.h"
+
+#include <limits.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+
 #include "platform/posix/existing_short_paths.h"
 #include "platform/posix/native_path.h"
 #include "platform/posix/posix_file_system.h"
@@ -13,6 +20,19 @@
 #include "platform/standard_random.h"
 
 namespace tessaly::machine {
+
+namespace {
+
+bool HasNameLongerThan(std::string_view modelPath, std::size_t longest) {
+  for (std::size_t start = 0; start < modelPath.size();) {
+    const std::size_t end = std::min(modelPath.find('\\', start), modelPath.size());
+    if (end - start > longest) return true;
+    start = end + 1;
+  }
+  return false;
+}
+
+}  // namespace
 
 Services MakeServices() {
   return {std::make_unique<PosixFileSystem>(), std::make_unique<SqliteRegistry>(),
@@ -34,6 +54,16 @@ std::string NativePath(std::string_view modelPath) { return ToNativePath(modelPa
 std::string ModelPath(std::string_view nativePath) { return ToModelPath(nativePath); }
 
 std::string AbsolutePath(std::string_view name) { return AbsoluteModelPath(name, CurrentFolder()); }
+
+std::size_t LongestPath() { return PATH_MAX; }
+
+bool PathTooLong(std::string_view modelPath) {
+  // The kernel has the last word, as a file system may take longer names
+  // than NAME_MAX; it is asked only about a path beyond the usual limits.
+  if (modelPath.size() < PATH_MAX && !HasNameLongerThan(modelPath, NAME_MAX)) return false;
+  struct stat info {};
+  return lstat(ToNativePath(modelPath).c_str(), &info) != 0 && errno == ENAMETOOLONG;
+}
 
 bool NamesMayHoldBackslash() { return true; }
 

@@ -122,6 +122,12 @@ bool PosixFileSystem::PlaceOnDisk(const std::string& native, std::string& placed
   return true;
 }
 
+std::string PosixFileSystem::PathOnDisk(std::string_view path) {
+  std::string placed;
+  if (!PlaceOnDisk(NativeOf(path), placed)) return std::string(path);
+  return ToModelPath(placed);
+}
+
 const std::string& PosixFileSystem::NativeOf(std::string_view modelPath) {
   SwapSlashesInto(modelPath, native_);
   return native_;

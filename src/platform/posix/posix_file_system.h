@@ -26,6 +26,7 @@ class PosixFileSystem : public FileSystem {
   std::optional<FileVersion> VersionOf(std::string_view path) override;
   bool OneEntry(std::string_view a, std::string_view b) override;
   std::string SameNameKey(std::string_view path) const override { return std::string(path); }
+  std::string PathOnDisk(std::string_view path) override;
   std::string Shown(std::string_view path) const override { return ToNativePath(path); }
   void ForgetAnswers() override { resolver_.Forget(); }
 

@@ -1,5 +1,6 @@
 #include "platform/posix/shell_words.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "platform/path_forms.h"
@@ -24,6 +25,31 @@ bool HasDotOrEmptyParts(std::string_view path) {
   return false;
 }
 
+// Where the last ".." part of `path` ends; 0 when it has none.
+std::size_t EndOfLastUpPart(std::string_view path) {
+  std::size_t found = 0;
+  for (std::size_t start = 0; start <= path.size();) {
+    const std::size_t end = std::min(path.find('/', start), path.size());
+    if (path.substr(start, end - start) == "..") found = end;
+    start = end + 1;
+  }
+  return found;
+}
+
+// "." and empty parts go without changing what the path means; ".." is
+// the kernel's to resolve, since behind a link ("lnk/..") it leads to the
+// parent of the link's target. A path whose ".." the kernel cannot walk
+// stays as written, and names nothing then either.
+std::string Normal(std::string joined) {
+  if (const std::size_t up = EndOfLastUpPart(joined); up > 0) {
+    std::error_code error;
+    const fs::path folder = fs::canonical(fs::path(joined.substr(0, up)), error);
+    if (error) return joined;
+    joined = (folder / joined.substr(std::min(up + 1, joined.size()))).native();
+  }
+  return fs::path(std::move(joined)).lexically_normal().native();
+}
+
 std::string Absolute(std::string_view name, std::string_view currentFolder) {
   // A shell's glob gives many words like "./name": the common forms are
   // joined by hand, the rest normalised by the library.
@@ -36,7 +62,7 @@ std::string Absolute(std::string_view name, std::string_view currentFolder) {
   }
   joined += name;
   if (!HasDotOrEmptyParts(joined)) return joined;
-  return fs::path(std::move(joined)).lexically_normal().native();
+  return Normal(std::move(joined));
 }
 
 // Anything at all under that name, a dangling link included.

@@ -24,8 +24,9 @@ struct ShellWords {
 // path.
 ShellWords SortShellWords(const std::vector<std::string>& words, std::string_view currentFolder);
 
-// `name` made absolute against `currentFolder`, cleaned of "." and "..",
-// in model form. Every byte of the name is kept.
+// `name` made absolute against `currentFolder`, in model form, naming the
+// entry the kernel finds under it: "." parts dropped, ".." resolved as the
+// kernel walks it (through links). Every byte of the name is kept.
 std::string AbsoluteModelPath(std::string_view name, std::string_view currentFolder);
 
 // This process's working folder, or nothing when it cannot be had (then

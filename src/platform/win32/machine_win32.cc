@@ -1,6 +1,10 @@
 // The machine is a Windows one.
 #include "platform/machine.h"
+
+#include <windows.h>
+
 #include "platform/standard_random.h"
+#include "platform/win32/utf16.h"
 #include "platform/win32/win32_clock.h"
 #include "platform/win32/win32_file_system.h"
 #include "platform/win32/win32_locale.h"
@@ -29,6 +33,16 @@ std::string NativePath(std::string_view modelPath) { return std::string(modelPat
 std::string ModelPath(std::string_view nativePath) { return std::string(nativePath); }
 
 std::string AbsolutePath(std::string_view name) { return FullPathOf(name); }
+
+// 32,767 UTF-16 units, each at most three bytes of UTF-8.
+std::size_t LongestPath() { return 3 * 32767; }
+
+bool PathTooLong(std::string_view modelPath) {
+  const std::wstring wide = win32::Widen(modelPath);
+  if (wide.size() < MAX_PATH) return false;
+  return GetFileAttributesW(wide.c_str()) == INVALID_FILE_ATTRIBUTES &&
+         GetLastError() == ERROR_FILENAME_EXCED_RANGE;
+}
 
 bool NamesMayHoldBackslash() { return false; }
 
