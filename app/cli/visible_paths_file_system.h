@@ -19,24 +19,6 @@ class VisiblePathsFileSystem : public FileSystemWrapper {
  public:
   using FileSystemWrapper::FileSystemWrapper;
 
-<<<<<<< HEAD
-=======
-  std::optional<std::uint32_t> GetAttributes(std::string_view path) override {
-    return real_.GetAttributes(path);
-  }
-  bool Rename(std::string_view source, std::string_view target) override {
-    return real_.Rename(source, target);
-  }
-  bool Delete(std::string_view path) override { return real_.Delete(path); }
-  std::vector<DirectoryEntry> Search(std::string_view pattern, std::uint32_t include) override {
-    return real_.Search(pattern, include);
-  }
-  std::optional<FileIdentity> IdentityOf(std::string_view path) override {
-    return real_.IdentityOf(path);
-  }
-  std::string SameNameKey(std::string_view path) const override { return real_.SameNameKey(path); }
-  std::string PathOnDisk(std::string_view path) override { return real_.PathOnDisk(path); }
->>>>>>> h-cli
   std::string Shown(std::string_view path) const override {
     std::string shown = real().Shown(path);
     if (!machine::NamesMayHoldBackslash() &&
