@@ -11,6 +11,7 @@
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <algorithm>
+#include <memory>
 
 #include "model_widgets.h"
 
@@ -28,6 +29,11 @@ QString ToQtLines(std::string_view text) {
 }
 
 std::string FromQt(const QString& text) { return text.toStdString(); }
+
+void HoldUntilGone(QObject* owner, Connection connection) {
+  auto held = std::make_shared<Connection>(std::move(connection));
+  QObject::connect(owner, &QObject::destroyed, [held] { held->Disconnect(); });
+}
 
 QString WithMnemonic(const QString& caption, const char* keys) {
   if (!QKeySequence::mnemonic(caption).isEmpty()) return caption;

@@ -1,7 +1,7 @@
 #ifndef TESSALY_APP_QT_BINDINGS_H_
 #define TESSALY_APP_QT_BINDINGS_H_
 
-#include <QPointer>
+#include <QObject>
 #include <QString>
 #include <functional>
 #include <string>
@@ -35,16 +35,16 @@ QString ToQt(std::string_view text);
 QString ToQtLines(std::string_view text);
 std::string FromQt(const QString& text);
 
+// Keeps `connection` until `owner` goes: the models outlive many of their
+// views (a dialog's form is unloaded after its view is gone).
+void HoldUntilGone(QObject* owner, Connection connection);
+
 // Runs `redraw` now and after every emit of `signal`, for as long as
-// `receiver` lives: the models outlive many of their views (a dialog's
-// form is unloaded after its view is gone), and signals cannot disconnect.
+// `receiver` lives.
 template <typename Redraw>
 void Follow(Signal& signal, QObject* receiver, Redraw redraw) {
   redraw();
-  QPointer<QObject> alive(receiver);
-  signal.Connect([alive, redraw]() mutable {
-    if (alive) redraw();
-  });
+  HoldUntilGone(receiver, signal.Connect(std::move(redraw)));
 }
 
 // `caption` with a mnemonic on the first of `keys` (letters, in order of

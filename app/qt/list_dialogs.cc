@@ -85,9 +85,7 @@ ListDialog::ListDialog(Form& form, QWidget* owner) : QDialog(owner) {
   setObjectName(QString::fromStdString(form.name()));
   setModal(true);
   Follow(form.changed, this, [this, &form] { setWindowTitle(ToQt(form.caption())); });
-  form.unloaded.Connect([alive = QPointer<ListDialog>(this)] {
-    if (alive) alive->accept();
-  });
+  HoldUntilGone(this, form.unloaded.Connect([this] { accept(); }));
 }
 
 ReplaceAdvancedDialog::ReplaceAdvancedDialog(fReplaceAdvanced& form, QWidget* owner)

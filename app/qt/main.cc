@@ -54,8 +54,8 @@ int main(int argc, char** argv) {
   // Cancel, the close box or "/exit" end the program at once, also in the
   // middle of a loop: the loop stops at its next file, and the event loop
   // it runs under returns.
-  form.programEnded.Connect([] { QCoreApplication::exit(0); });
-  form.listFull.Connect([&form, &ui] {
+  const Connection ending = form.programEnded.Connect([] { QCoreApplication::exit(0); });
+  const Connection warning = form.listFull.Connect([&form, &ui] {
     ui.MessageBox(ListFullText(form.refusedForLimit()), MessageButtons::kOk, kProgramTitle);
   });
   if (raw) {

@@ -61,11 +61,10 @@ ProgressWindow::ProgressWindow(fProgress& form, QWidget* owner)
   Follow(form.lCaption.changed, this, [this] {
     if (form_ != nullptr) caption_->setText(ToQt(form_->lCaption.caption()));
   });
-  form.unloaded.Connect([alive = QPointer<ProgressWindow>(this)] {
-    if (!alive) return;
-    alive->form_ = nullptr;
-    alive->close();
-  });
+  HoldUntilGone(this, form.unloaded.Connect([this] {
+    form_ = nullptr;
+    close();
+  }));
   PlaceOnOwner();
 }
 

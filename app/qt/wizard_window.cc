@@ -82,11 +82,10 @@ WizardWindow::WizardWindow(fTessaly& form) : form_(&form) {
   Follow(form.changed, this, [this] {
     if (form_ != nullptr) setWindowTitle(ToQt(form_->caption()));
   });
-  form.unloaded.Connect([alive = QPointer<WizardWindow>(this)] {
-    if (!alive) return;
-    alive->form_ = nullptr;
-    alive->close();
-  });
+  HoldUntilGone(this, form.unloaded.Connect([this] {
+    form_ = nullptr;
+    close();
+  }));
 }
 
 void WizardWindow::keyPressEvent(QKeyEvent* event) {

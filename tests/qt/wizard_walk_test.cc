@@ -232,7 +232,7 @@ TEST_F(WizardWalkTest, PersonRenamesDroppedFilesAndReadsTheColouredLog) {
   EXPECT_EQ(ColourOf(log, "Apple.txt > "), QColor(0, 0, 255));
   EXPECT_EQ(ColourOf(log, "3 total files."), QApplication::palette().color(QPalette::Text));
   bool ended = false;
-  form->programEnded.Connect([&ended] { ended = true; });
+  const Connection ending = form->programEnded.Connect([&ended] { ended = true; });
   QTest::keyClick(log, Qt::Key_Escape);  // does what "Finished" does
   EXPECT_TRUE(ended);
 }
@@ -409,7 +409,7 @@ TEST_F(QtWizardTest, ProgressLeavesTheWizardFreeAndCancelEndsTheLoopAtOnce) {
     }
   };
   fTessaly& wizard = Start();
-  wizard.programEnded.Connect([&ended] { ended = true; });
+  const Connection ending = wizard.programEnded.Connect([&ended] { ended = true; });
   DropData drop;
   for (int i = 0; i < 8; ++i) drop.files.push_back("c:\\p\\" + std::to_string(i) + ".jpg");
   wizard.AddDroppedFiles(drop);
