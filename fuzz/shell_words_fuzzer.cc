@@ -8,7 +8,7 @@
 
 #include "cli_options.h"
 #include "fuzz_input.h"
-#include "platform/posix/shell_words.h"
+#include "settings/shell_words.h"
 #include "settings/command_line.h"
 #include "settings/switch_words.h"
 

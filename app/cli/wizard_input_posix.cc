@@ -4,7 +4,7 @@
 #include <fstream>
 #include <iostream>
 
-#include "platform/posix/shell_words.h"
+#include "settings/shell_words.h"
 #include "usage_text.h"
 #include "wizard_input.h"
 

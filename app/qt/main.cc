@@ -10,7 +10,7 @@
 
 #include "desktop_identity.h"
 #include "platform/machine.h"
-#include "platform/posix/shell_words.h"
+#include "settings/shell_words.h"
 #include "person_acts.h"
 #include "qt_ui.h"
 #include "settings/settings_store.h"

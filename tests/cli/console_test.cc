@@ -10,7 +10,7 @@
 
 #include "cli_options.h"
 #include "log_printer.h"
-#include "platform/posix/shell_words.h"
+#include "settings/shell_words.h"
 #include "progress_printer.h"
 #include "terminal_ui.h"
 

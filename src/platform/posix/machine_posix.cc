@@ -7,10 +7,10 @@
 #include "platform/posix/posix_network_status.h"
 #include "platform/posix/posix_program.h"
 #include "platform/posix/posix_shell.h"
-#include "platform/posix/shell_words.h"
 #include "platform/posix/sqlite_registry.h"
 #include "platform/posix/system_clock.h"
 #include "platform/standard_random.h"
+#include "settings/shell_words.h"
 
 namespace tessaly::machine {
 

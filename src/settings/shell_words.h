@@ -1,5 +1,5 @@
-#ifndef TESSALY_PLATFORM_POSIX_SHELL_WORDS_H_
-#define TESSALY_PLATFORM_POSIX_SHELL_WORDS_H_
+#ifndef TESSALY_SETTINGS_SHELL_WORDS_H_
+#define TESSALY_SETTINGS_SHELL_WORDS_H_
 
 #include <string>
 #include <string_view>
@@ -34,4 +34,4 @@ std::string CurrentFolder();
 
 }  // namespace tessaly
 
-#endif  // TESSALY_PLATFORM_POSIX_SHELL_WORDS_H_
+#endif  // TESSALY_SETTINGS_SHELL_WORDS_H_

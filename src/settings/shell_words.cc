@@ -1,4 +1,4 @@
-#include "platform/posix/shell_words.h"
+#include "settings/shell_words.h"
 
 #include <filesystem>
 
