@@ -4,6 +4,7 @@
 #include <fstream>
 #include <iostream>
 
+#include "platform/machine.h"
 #include "settings/shell_words.h"
 #include "usage_text.h"
 #include "wizard_input.h"
@@ -13,7 +14,7 @@ namespace tessaly::cli {
 namespace {
 
 // Adds the names of --files-from; false when the list cannot be read.
-bool AddFilesFrom(const Request& request, const std::string& here, WizardInput& input) {
+bool AddFilesFrom(const Request& request, const WorkingFolder& here, WizardInput& input) {
   std::ifstream file;
   if (*request.filesFrom != "-") {
     file.open(*request.filesFrom, std::ios::binary);
@@ -21,7 +22,7 @@ bool AddFilesFrom(const Request& request, const std::string& here, WizardInput& 
   }
   std::istream& in = *request.filesFrom == "-" ? std::cin : file;
   for (const std::string& name : ReadFileNames(in, request.nulSeparated)) {
-    input.files.push_back(AbsoluteModelPath(name, here));
+    input.files.push_back(here.Absolute(name));
   }
   return !in.bad();
 }
@@ -44,8 +45,8 @@ std::optional<WizardInput> InputFor(const Request& request, std::string& refusal
     input.raw = true;
     input.commandLine = *request.commandLine;
   } else {
-    const std::string here = CurrentFolder();
-    ShellWords sorted = SortShellWords(request.words, here);
+    const std::unique_ptr<WorkingFolder> here = machine::MakeWorkingFolder();
+    ShellWords sorted = SortShellWords(request.words, *here);
     if (!sorted.badSwitch.empty()) {
       refusal = "'" + sorted.badSwitch +
                 "' is not a switch (see --help), and no file or folder of that name exists";
@@ -53,7 +54,7 @@ std::optional<WizardInput> InputFor(const Request& request, std::string& refusal
     }
     input.files = std::move(sorted.files);
     input.commandLine = std::move(sorted.switches);
-    if (request.filesFrom && !AddFilesFrom(request, here, input)) {
+    if (request.filesFrom && !AddFilesFrom(request, *here, input)) {
       refusal = "cannot read the list of files '" + *request.filesFrom + "'";
       return std::nullopt;
     }

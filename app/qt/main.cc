@@ -33,7 +33,7 @@ int main(int argc, char** argv) {
   // "--command-line TEXT", alone, hands the wizard TEXT unchanged, for
   // exact control.
   const bool raw = words.size() == 2 && words[0] == "--command-line";
-  ShellWords sorted = raw ? ShellWords{{}, words[1], {}} : SortShellWords(words, CurrentFolder());
+  ShellWords sorted = raw ? ShellWords{{}, words[1], {}} : SortShellWords(words, *machine::MakeWorkingFolder());
   if (!sorted.badSwitch.empty()) {
     std::cerr << "tessaly: '" << text::Visible(sorted.badSwitch, text::Layout::kNone)
               << "' is not a switch, and no file or folder of that name exists\n";

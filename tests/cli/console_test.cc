@@ -10,8 +10,9 @@
 
 #include "cli_options.h"
 #include "log_printer.h"
-#include "settings/shell_words.h"
+#include "platform/posix/posix_working_folder.h"
 #include "progress_printer.h"
+#include "settings/shell_words.h"
 #include "terminal_ui.h"
 
 namespace tessaly::cli {
@@ -77,6 +78,7 @@ TEST(ReadFileNames, KeepsEveryByteButTheSeparator) {
 }
 
 TEST(SortShellWords, SwitchesOnlyInFullTheRestFiles) {
+  const PosixWorkingFolder here("/home/ann/work");
   const struct {
     Words words, files;
     std::string switches;
@@ -104,7 +106,7 @@ TEST(SortShellWords, SwitchesOnlyInFullTheRestFiles) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.words.back());
-    const ShellWords sorted = SortShellWords(c.words, "/home/ann/work");
+    const ShellWords sorted = SortShellWords(c.words, here);
     EXPECT_EQ(sorted.badSwitch, "");
     EXPECT_EQ(sorted.files, c.files);
     EXPECT_EQ(sorted.switches, c.switches);
@@ -113,7 +115,7 @@ TEST(SortShellWords, SwitchesOnlyInFullTheRestFiles) {
   for (const char* bad : {"/stpe:4", "/step:45", "/settings:Bogus", "/placement0:x",
                           "/placement7:x", "/placement1:a\"b", "/placement1:x /exit", "/Exit",
                           "/settings:UpperCase/x"}) {
-    EXPECT_EQ(SortShellWords({"a.txt", bad}, "/home/ann/work").badSwitch, bad);
+    EXPECT_EQ(SortShellWords({"a.txt", bad}, here).badSwitch, bad);
   }
 }
 
