@@ -24,8 +24,8 @@ MachineWizard::MachineWizard(Ui& ui, WizardInput input, const Layers& layers)
       program_(machine::MakeProgram(input_.commandLine)),
       shortPaths_(machine::MakeShortPaths(fileSystem())),
       form_(std::make_unique<fTessaly>(WizardServices{
-          fileSystem(), store_, ui, *machine_.clock, *machine_.locale, *machine_.random,
-          *program_, *machine_.shell, *machine_.network, *shortPaths_})) {}
+          fileSystem(), store_, ui, *machine_.clock, *machine_.locale, *machine_.random, *program_,
+          *machine_.shell, *machine_.network, *shortPaths_})) {}
 
 void MachineWizard::Start() {
   if (input_.raw) {

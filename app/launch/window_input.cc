@@ -6,7 +6,8 @@
 
 namespace tessaly::launch {
 
-std::optional<WizardInput> WindowInput(const std::vector<std::string>& words, std::string& refusal) {
+std::optional<WizardInput> WindowInput(const std::vector<std::string>& words,
+                                       std::string& refusal) {
   if (std::optional<std::string> whole = machine::WholeCommandLine()) {
     return WizardInput{true, {}, std::move(*whole)};
   }

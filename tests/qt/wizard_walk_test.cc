@@ -14,6 +14,7 @@
 #include "platform/posix/native_path.h"
 #include "platform/posix/posix_file_system.h"
 #include "qt_ui.h"
+#include "wizard/layout/windows.h"
 
 namespace tessaly::qt {
 namespace {
@@ -128,6 +129,22 @@ void WhenModalOpens(std::function<void(QWidget*)> action) {
   });
   timer->start();
 }
+
+// The names in the items under `roots` that no widget in `window` carries.
+QStringList Missing(QWidget* window, const std::vector<const layout::Item*>& roots) {
+  QStringList missing;
+  for (const layout::Item* root : roots) {
+    layout::ForEach(*root, [&](const layout::Item& item) {
+      const QString name = QString::fromStdString(item.name);
+      if (!name.isEmpty() && window->objectName() != name && window->findChild<QWidget*>(name) == nullptr) {
+        missing << name;
+      }
+    });
+  }
+  return missing;
+}
+
+QStringList Missing(QWidget* window, const layout::Dialog& dialog) { return Missing(window, {&dialog.body}); }
 
 // The colour the log draws `text` in: its own, or the palette's text colour.
 QColor ColourOf(QPlainTextEdit* log, const QString& text) {
@@ -349,10 +366,26 @@ TEST_F(QtWizardTest, IncludePathCoversTheDestinationWithItsNote) {
   EXPECT_EQ(window()->childAt(centre)->objectName(), "lInfoPath");
 }
 
+TEST_F(QtWizardTest, EveryDescribedControlIsOnTheWindow) {
+  Start();
+  const layout::WizardWindow description = layout::DescribeWizard(*form);
+  std::vector<const layout::Item*> roots = {&description.buttons};
+  for (const layout::Item& step : description.steps) roots.push_back(&step);
+  for (const layout::Page& page : description.pages) {
+    roots.push_back(&page.heading);
+    roots.push_back(&page.body);
+  }
+  EXPECT_THAT(Missing(window(), roots), ::testing::IsEmpty());
+  for (const layout::Page& page : description.pages) Find(page.name.c_str());
+}
+
 TEST_F(QtWizardTest, UnwantedFormattingShowsItsRowsAndSavesOnClose) {
   Start(2);
   bool worked = false;
   WhenModalOpens([&](QWidget* dialog) {
+    fUnwantedFormatting described(world.store, ui);
+    EXPECT_THAT(Missing(dialog, layout::DescribeUnwantedFormatting(described)),
+                ::testing::IsEmpty());
     auto* list = Find<QListView>("lstRemove", dialog);
     TypeOver(Find("txtAdd", dialog), "Copy ");
     Click(Find("cmdAdd", dialog));
@@ -375,6 +408,9 @@ TEST_F(QtWizardTest, PickingAdvancedInTheWithBoxOpensItsDialog) {
   Start(2);
   QString opened;
   WhenModalOpens([&](QWidget* dialog) {
+    fReplaceAdvanced described(world.store, ui);
+    EXPECT_THAT(Missing(dialog, layout::DescribeReplaceAdvanced(described)),
+                ::testing::IsEmpty());
     // The other box and the buttons beside both show the choice already.
     opened = dialog->windowTitle() + " " + Find<QComboBox>("cboBatch6")->currentText();
     EXPECT_TRUE(form->cmdReplaceAdv.visible());
@@ -401,6 +437,8 @@ TEST_F(QtWizardTest, ProgressLeavesTheWizardFreeAndCancelEndsTheLoopAtOnce) {
       ++runsAfterCancel;
     } else if (progress != nullptr && progress->percentText() == "25%") {
       EXPECT_TRUE(progress->windowFlags().testFlag(Qt::Tool));  // no task-bar entry
+      fProgress described(ui, world.locale);
+      EXPECT_THAT(Missing(progress, layout::DescribeProgress(described)), ::testing::IsEmpty());
       EXPECT_FALSE(progress->isModal());
       const QPoint offset = progress->frameGeometry().center() - window()->frameGeometry().center();
       EXPECT_LE(offset.manhattanLength(), 4);

@@ -17,7 +17,8 @@ bool HasDotOrEmptyParts(std::string_view path) {
     std::size_t end = path.find('/', start);
     if (end == std::string_view::npos) end = path.size();
     const std::string_view part = path.substr(start, end - start);
-    if ((part.empty() && start > 0 && end < path.size()) || part == "." || part == "..") return true;
+    if ((part.empty() && start > 0 && end < path.size()) || part == "." || part == "..")
+      return true;
     start = end + 1;
   }
   return false;

@@ -93,7 +93,9 @@ Item Option(OptionButton& option, std::string name, std::string keys) {
   return Bound(Kind::kOption, &option, std::move(name)).Keys(std::move(keys));
 }
 
-Item Combo(ComboBox& box, std::string name) { return Bound(Kind::kComboBox, &box, std::move(name)); }
+Item Combo(ComboBox& box, std::string name) {
+  return Bound(Kind::kComboBox, &box, std::move(name));
+}
 
 Item Edit(TextBox& box, std::string name) { return Bound(Kind::kTextBox, &box, std::move(name)); }
 
@@ -182,9 +184,8 @@ std::string WithMnemonic(std::string_view caption, std::string_view keys) {
     for (std::size_t i = 0; i < caption.size(); ++i) {
       if (Lower(caption[i]) != Lower(key)) continue;
       // A byte of a longer character counts as a letter before it.
-      const bool startsWord =
-          i == 0 || (!IsAsciiLetterOrDigit(caption[i - 1]) &&
-                     static_cast<unsigned char>(caption[i - 1]) < 0x80);
+      const bool startsWord = i == 0 || (!IsAsciiLetterOrDigit(caption[i - 1]) &&
+                                         static_cast<unsigned char>(caption[i - 1]) < 0x80);
       if (startsWord) {
         first = i;
         break;

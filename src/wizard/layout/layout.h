@@ -48,17 +48,17 @@ enum class Kind {
               // mnemonic moves the focus to the control named `buddy`
   // Controls, each bound two ways to its model.
   kButton,
-  kCheckBox,  // three states, decided by the model
-  kOption,    // the form keeps the group exclusive
-  kComboBox,  // a drop-down with free text
-  kTextBox,   // one line
-  kExample,   // a TextBox shown read-only on `rows` lines, no wrapping
-  kFileList,  // a ListBox with extended selection, rows shown by `shownPath`
-  kCheckList, // a ListBox with a check box on each row, one row current
-  kRichText,  // a read-only RichTextBox
-  kProgress,  // a trough (this item's Label, which carries the total), with
-              // a bar (children[0], its Label carries the current value) and
-              // a text over both (children[1])
+  kCheckBox,   // three states, decided by the model
+  kOption,     // the form keeps the group exclusive
+  kComboBox,   // a drop-down with free text
+  kTextBox,    // one line
+  kExample,    // a TextBox shown read-only on `rows` lines, no wrapping
+  kFileList,   // a ListBox with extended selection, rows shown by `shownPath`
+  kCheckList,  // a ListBox with a check box on each row, one row current
+  kRichText,   // a read-only RichTextBox
+  kProgress,   // a trough (this item's Label, which carries the total), with
+               // a bar (children[0], its Label carries the current value) and
+               // a text over both (children[1])
   // Layout alone.
   kLine,     // a horizontal rule
   kSpace,    // a fixed gap along the parent box: `fixed` across or down
@@ -73,6 +73,8 @@ enum class Arrange {
   kOverlay,  // all in one place, a later one over an earlier one
 };
 
+// Where a text stands in the room its item gets, or a control in its cell;
+// kFill: a text at the left, a control filling its cell.
 enum class Align { kFill, kLeft, kRight, kCentre, kTopLeft };
 
 enum class Look {
@@ -128,7 +130,8 @@ struct Item {
   Align align = Align::kFill;
   bool wrap = false;        // texts: wrap at the width they get
   bool takesDrops = false;  // files dropped on it go to the page's `drop`
-  int stretch = 0;          // share of the room left over in the parent box
+  int stretch = 0;          // share of the room left over in the parent box;
+                            // a frame with none keeps its height
   int columns = 0;          // room for this many average characters
   int rows = 0;             // drop-down rows, or lines of text, on show
   Size minimum;
@@ -136,8 +139,9 @@ struct Item {
   Cell cell;
   // Containers.
   Arrange arrange = Arrange::kColumn;
-  Size spacing{-1, -1};       // between children, across and down; -1: the toolkit's
-  bool hasMargins = false;    // else none for a kBox, the toolkit's for a window
+  Size spacing{-1, -1};     // between children, across and down; -1: the toolkit's
+  bool hasMargins = false;  // else none for a kBox inside another, and the
+                            // toolkit's for a window or a window's body
   Margins margins;
   std::vector<int> columnStretch;  // grids: per column
   std::vector<int> rowMinimum;     // grids: per row, dialog units down

@@ -40,7 +40,7 @@ struct WizardWindow {
   Size size;                  // it opens at least this big
 };
 
-// A dialog or small window of its own.
+// A dialog or small window of its own; its body fills it.
 struct Dialog {
   std::string name;  // the form's
   Item body;

@@ -12,13 +12,17 @@ namespace {
 std::string Numbered(const char* name, int index) { return name + std::to_string(index); }
 
 Page MakePage(int step, Item heading, std::vector<Item> body) {
-  return {Numbered("pStep", step), std::move(heading),
-          Column(std::move(body)).Margined(8, 5, 8, 3).Spaced(-1, 4), false, {}};
+  return {Numbered("pStep", step),
+          std::move(heading),
+          Column(std::move(body)).Margined(8, 6, 8, 3).Spaced(-1, 5),
+          false,
+          {}};
 }
 
 Page WelcomePage(fTessaly& form) {
-  return MakePage(0, Text(form.pStep[0], ""),
-                  {Space(4), Text(form.lWelcome, "lWelcome").Wrapping().Aligned(Align::kTopLeft).Grow(1)});
+  return MakePage(
+      0, Text(form.pStep[0], ""),
+      {Space(5), Text(form.lWelcome, "lWelcome").Wrapping().Aligned(Align::kTopLeft).Grow(1)});
 }
 
 // The list, its frame, the heading, the instructions and the page take
@@ -27,15 +31,15 @@ Page FilePage(fTessaly& form) {
   const auto shown = [&form](std::string_view path) { return form.ShownPath(path); };
   Item list = Column({FileList(form.lstFiles, "lstFiles", shown).TakingDrops().Grow(1),
                       Text(form.lStat, "lStat")});
-  Item buttons = Column({Button(form.cmdAddFiles, "cmdAddFiles"),
-                         Button(form.cmdAddDirectory, "cmdAddDirectory"),
-                         Check(form.chkSubDirectories, "chkSubDirectories", "i"), Space(8),
-                         Button(form.cmdRemove, "cmdRemove"), Button(form.cmdClear, "cmdClear", "l"),
-                         Stretch()});
-  Page page = MakePage(
-      1, Text(form.Label11, "Label11").TakingDrops(),
-      {Text(form.lblText1, "lblText1").Wrapping().TakingDrops(),
-       Frame("", "Frame2", Row({std::move(list).Grow(1), std::move(buttons)})).TakingDrops().Grow(1)});
+  Item buttons = Column(
+      {Button(form.cmdAddFiles, "cmdAddFiles"), Button(form.cmdAddDirectory, "cmdAddDirectory"),
+       Check(form.chkSubDirectories, "chkSubDirectories", "i"), Space(9),
+       Button(form.cmdRemove, "cmdRemove"), Button(form.cmdClear, "cmdClear", "l"), Stretch()});
+  Page page = MakePage(1, Text(form.Label11, "Label11").TakingDrops(),
+                       {Text(form.lblText1, "lblText1").Wrapping().TakingDrops(),
+                        Frame("", "Frame2", Row({std::move(list).Grow(1), std::move(buttons)}))
+                            .TakingDrops()
+                            .Grow(1)});
   page.takesDrops = true;
   page.drop = [&form](const DropData& data) { form.AddDroppedFiles(data); };
   return page;
@@ -48,11 +52,16 @@ Item Placement(fTessaly& form, int index) {
                     : index == 7 ? "Text to put in place of what Replace: finds"
                                  : "Part " + std::to_string(index + 1) +
                                        " of the new name: pick from the list or type any text";
-  return Combo(form.cboBatch[index], Numbered("cboBatch", index)).Chars(12).Lines(21).Tip(std::move(tip));
+  return Combo(form.cboBatch[index], Numbered("cboBatch", index))
+      .Chars(12)
+      .Lines(21)
+      .Tip(std::move(tip));
 }
 
 // A "..." button, narrow but wide enough for its dots at any font size.
-Item Dots(CommandButton& button, std::string name) { return Button(button, std::move(name)).Sized(18, 0); }
+Item Dots(CommandButton& button, std::string name) {
+  return Button(button, std::move(name)).Sized(18, 0);
+}
 
 Item Placements(fTessaly& form) {
   std::vector<Item> cells;
@@ -120,13 +129,15 @@ Item Options(fTessaly& form) {
     }
   }
   cells.push_back(Caption("Example Output:").At(5, 0));
-  cells.push_back(OptionBox(form, {&fTessaly::chkRealFiles, "chkRealFiles", "i",
-                                   "Shows the example with three files of your list in place of samples"})
-                      .At(5, 1));
-  cells.push_back(OptionBox(form, {&fTessaly::chkIncludePaths, "chkIncludePaths", "t",
-                                   "Lets the settings change the folders too, and shows them below"})
-                      .At(5, 2));
-  return Grid(std::move(cells)).Spaced(6, 2).StretchColumns({1, 1, 1}).RowHeights({0, 0, 0, 0, 4});
+  cells.push_back(
+      OptionBox(form, {&fTessaly::chkRealFiles, "chkRealFiles", "i",
+                       "Shows the example with three files of your list in place of samples"})
+          .At(5, 1));
+  cells.push_back(
+      OptionBox(form, {&fTessaly::chkIncludePaths, "chkIncludePaths", "t",
+                       "Lets the settings change the folders too, and shows them below"})
+          .At(5, 2));
+  return Grid(std::move(cells)).Spaced(6, 2).StretchColumns({1, 1, 1}).RowHeights({0, 0, 0, 0, 5});
 }
 
 // The frame's mnemonic leads to the first placement.
@@ -143,24 +154,25 @@ Page SettingsPage(fTessaly& form) {
 // is hidden the room below stays empty.
 Page ReviewPage(fTessaly& form) {
   const auto shown = [&form](std::string_view path) { return form.ShownPath(path); };
-  Item choice =
-      Grid({Option(form.optMoveSameFolder, "optMoveSameFolder", "s")
-                .Tip("Gives each file its new name in the folder it is in")
-                .At(0, 0),
-            Option(form.optMoveNewFolder, "optMoveNewFolder", "m")
-                .Tip("Moves the renamed files into a folder you choose")
-                .At(1, 0),
-            Button(form.cmdSelectFolder, "cmdSelectFolder", "o").At(1, 1),
-            PathText(form.lFolder, "lFolder", shown).At(2, 0, 1, 3)})
-          .StretchColumns({0, 0, 1});
-  Item note = Panel("pFolderPath",
-                    Column({Text(form.lInfoPath, "lInfoPath").Wrapping().Aligned(Align::kTopLeft).Grow(1)})
-                        .Margined(0, 0, 0, 0),
-                    &form.pFolderPath);
-  return MakePage(3, Text(form.pStep[3], ""),
-                  {Frame(form.Frame1, "Frame1", Overlay({std::move(choice), std::move(note)})),
-                   Caption(std::string(kPreviewHeading)).Named("lPreviewHeading").Styled(Look::kBold),
-                   RichText(form.tOutput, "tOutput").Grow(1), Stretch(0)});
+  Item choice = Grid({Option(form.optMoveSameFolder, "optMoveSameFolder", "s")
+                          .Tip("Gives each file its new name in the folder it is in")
+                          .At(0, 0),
+                      Option(form.optMoveNewFolder, "optMoveNewFolder", "m")
+                          .Tip("Moves the renamed files into a folder you choose")
+                          .At(1, 0),
+                      Button(form.cmdSelectFolder, "cmdSelectFolder", "o").At(1, 1),
+                      PathText(form.lFolder, "lFolder", shown).At(2, 0, 1, 3)})
+                    .StretchColumns({0, 0, 1});
+  Item note =
+      Panel("pFolderPath",
+            Column({Text(form.lInfoPath, "lInfoPath").Wrapping().Aligned(Align::kTopLeft).Grow(1)})
+                .Margined(0, 0, 0, 0),
+            &form.pFolderPath);
+  return MakePage(
+      3, Text(form.pStep[3], ""),
+      {Frame(form.Frame1, "Frame1", Overlay({std::move(choice), std::move(note)})),
+       Caption(std::string(kPreviewHeading)).Named("lPreviewHeading").Styled(Look::kBold),
+       RichText(form.tOutput, "tOutput").Grow(1), Stretch(0)});
 }
 
 Page LogPage(fTessaly& form) {
@@ -183,10 +195,10 @@ WizardWindow DescribeWizard(fTessaly& form) {
   window.buttons = Row({Stretch(), Button(form.cmdBack, "cmdBack", "b").AtLeast(50, 0),
                         Button(form.cmdNext, "cmdNext", "n").AtLeast(50, 0), Space(7),
                         Button(form.cmdCancel, "cmdCancel", "cf").AtLeast(50, 0)})
-                       .Margined(7, 5, 7, 6);
+                       .Margined(7, 6, 7, 7);
   window.defaultButton = "cmdNext";
   window.cancelButton = "cmdCancel";
-  window.size = {457, 300};
+  window.size = {457, 343};
   return window;
 }
 
