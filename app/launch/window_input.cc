@@ -14,8 +14,8 @@ std::optional<WizardInput> WindowInput(const std::vector<std::string>& words,
   if (words.size() == 2 && words[0] == "--command-line") return WizardInput{true, {}, words[1]};
   ShellWords sorted = SortShellWords(words, *machine::MakeWorkingFolder());
   if (!sorted.badSwitch.empty()) {
-    refusal = "'" + text::Visible(sorted.badSwitch, text::Layout::kNone) +
-              "' is not a switch, and no file or folder of that name exists";
+    const std::string word = text::Visible(sorted.badSwitch, text::Layout::kNone);
+    refusal = "'" + word + "' is not a switch, and no file or folder of that name exists";
     return std::nullopt;
   }
   return WizardInput{false, std::move(sorted.files), std::move(sorted.switches)};
