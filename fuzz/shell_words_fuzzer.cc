@@ -8,8 +8,9 @@
 
 #include "cli_options.h"
 #include "fuzz_input.h"
-#include "platform/posix/shell_words.h"
+#include "platform/posix/posix_working_folder.h"
 #include "settings/command_line.h"
+#include "settings/shell_words.h"
 #include "settings/switch_words.h"
 
 namespace tessaly {
@@ -42,7 +43,7 @@ std::optional<std::string> FirstWith(const std::vector<std::string>& given, std:
 }
 
 void CheckSwitchText(const std::vector<std::string>& words) {
-  const ShellWords sorted = SortShellWords(words, kFolder);
+  const ShellWords sorted = SortShellWords(words, PosixWorkingFolder(std::string(kFolder)));
   if (!sorted.badSwitch.empty()) return;
   std::vector<std::string> given;  // the switch words before "--" that name no file
   for (auto word = words.begin(); word != words.end() && *word != "--"; ++word) {

@@ -10,15 +10,13 @@
 #include <string>
 
 #include "cli_options.h"
-#include "platform/machine.h"
+#include "machine_wizard.h"
 #include "read_only_registry.h"
-#include "settings/settings_store.h"
 #include "terminal.h"
 #include "terminal_ui.h"
 #include "text/visible_text.h"
 #include "usage_text.h"
 #include "visible_paths_file_system.h"
-#include "wizard/start_up.h"
 #include "wizard/tessaly_form.h"
 #include "wizard_input.h"
 #include "wizard_report.h"
@@ -42,41 +40,38 @@ cli::ColourMode OutputColours() {
                             std::getenv("TERM"));
 }
 
-// What holds a row or a kept answer for every file: freeing that piece by
-// piece at exit costs more than the run's own bookkeeping, while the system
-// takes the memory back at once. Kept reachable, so leak checkers stay quiet.
-struct LeftAtExit {
-  std::unique_ptr<fTessaly> form;
-  std::unique_ptr<FileSystem> fileSystem;
-};
-
-void LeaveAtExit(LeftAtExit left) {
-  static LeftAtExit* kept = nullptr;
+// The wizard holds a row or a kept answer for every file: freeing that
+// piece by piece at exit costs more than the run's own bookkeeping, while
+// the system takes the memory back at once. Kept reachable, so leak
+// checkers stay quiet. Every setting is stored by then.
+void LeaveAtExit(std::unique_ptr<launch::MachineWizard> wizard) {
+  static launch::MachineWizard* kept = nullptr;
   delete kept;
-  kept = new LeftAtExit(std::move(left));
+  kept = wizard.release();
 }
 
 int RunWizard(cli::WizardInput input, const cli::Request& request) {
-  machine::Services machine = machine::MakeServices();
-  cli::VisiblePathsFileSystem fileSystem(*machine.fileSystem);
-  // A dry run reads the stored options but stores nothing.
-  cli::ReadOnlyRegistry readOnly(*machine.registry);
-  SettingsStore store(request.dryRun ? static_cast<Registry&>(readOnly) : *machine.registry);
   cli::TerminalPerson person;
   const bool progressInPlace =
       cli::IsTerminal(cli::kStandardError) && !cli::IsDumbTerminal(std::getenv("TERM"));
   cli::TerminalUi ui(std::cout, std::cerr, progressInPlace, person);
-  const std::unique_ptr<RunningProgram> program = machine::MakeProgram(input.commandLine);
-  const std::unique_ptr<ShortPaths> shortPaths = machine::MakeShortPaths(fileSystem);
-
-  auto form = std::make_unique<fTessaly>(
-      WizardServices{fileSystem, store, ui, *machine.clock, *machine.locale, *machine.random,
-                     *program, *machine.shell, *machine.network, *shortPaths});
-  if (request.dryRun) form->MakeDryRun();
-  StartWizard(*form, ui, std::move(input.files), input.commandLine);
-  cli::ReportEnd(*form, fileSystem, request.json, OutputColours(), std::cout, std::cerr);
-  const int status = cli::ExitStatus(*form);
-  LeaveAtExit({std::move(form), std::move(machine.fileSystem)});
+  launch::MachineWizard::Layers layers;
+  layers.fileSystem = [](FileSystem& real) {
+    return std::make_unique<cli::VisiblePathsFileSystem>(real);
+  };
+  // A dry run reads the stored options but stores nothing.
+  if (request.dryRun) {
+    layers.registry = [](Registry& real) { return std::make_unique<cli::ReadOnlyRegistry>(real); };
+  }
+  auto wizard = std::make_unique<launch::MachineWizard>(
+      ui, launch::WizardInput{std::move(input.files), std::move(input.commandLine)},
+      layers);
+  if (request.dryRun) wizard->form().MakeDryRun();
+  wizard->Start();
+  cli::ReportEnd(wizard->form(), wizard->fileSystem(), request.json, OutputColours(), std::cout,
+                 std::cerr);
+  const int status = cli::ExitStatus(wizard->form());
+  LeaveAtExit(std::move(wizard));
   return status;
 }
 

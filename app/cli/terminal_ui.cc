@@ -94,9 +94,9 @@ void TerminalUi::FollowProgress(Form& form) {
   progress_.Begin();
   // The connections live in the window's own signals, so they go with it.
   auto draw = [this, progress] { progress_.Draw(progress->caption(), progress->lCaption.caption()); };
-  progress->changed.Connect(draw);
-  progress->lCaption.changed.Connect(draw);
-  progress->unloaded.Connect([this] { progress_.End(); });
+  progress->changed.Connect(draw).Release();
+  progress->lCaption.changed.Connect(draw).Release();
+  progress->unloaded.Connect([this] { progress_.End(); }).Release();
 }
 
 std::string TerminalUi::BrowseForFolder(std::string_view, std::string_view) { return {}; }

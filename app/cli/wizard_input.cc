@@ -3,35 +3,18 @@
 #include <algorithm>
 #include <iostream>
 
+#include "command_line_input.h"
 #include "platform/machine.h"
 #include "settings/command_line.h"
 
 namespace tessaly::cli {
 
-namespace {
-
-// Whether a path of the file part starts from no root: neither "\" (the
-// root, or a network path) nor, where backslashes separate, a drive.
-bool IsRelative(std::string_view path) {
-  if (path.starts_with('\\')) return false;
-  const bool drive = path.size() >= 3 && path[1] == ':' && path[2] == '\\';
-  return machine::NamesMayHoldBackslash() || !drive;
-}
-
-}  // namespace
 
 void TakeFilePartApart(std::string_view text, WizardInput& input) {
-  // The file part ends at the first "/", so the switches all lie behind it.
-  input.commandLine = std::string(text.substr(std::min(text.find('/'), text.size())));
-  const std::optional<std::vector<std::string>> paths = command_line::FilePaths(text);
-  if (!paths) return;
-  // An empty path is no file, but it keeps the file part given.
-  if (paths->empty()) input.files.emplace_back();
-  for (const std::string& path : *paths) {
-    input.files.push_back(path.empty() || !IsRelative(path)
-                              ? path
-                              : machine::AbsolutePath(machine::NativePath(path)));
-  }
+  launch::WizardInput taken = launch::FromCommandLineText(text);
+  input.commandLine = std::move(taken.commandLine);
+  input.files.insert(input.files.end(), std::make_move_iterator(taken.files.begin()),
+                     std::make_move_iterator(taken.files.end()));
 }
 
 std::optional<std::vector<std::string>> ReadList(const Request& request, std::string& refusal) {

@@ -4,7 +4,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "platform/posix/shell_words.h"
+#include "platform/machine.h"
+#include "settings/shell_words.h"
 #include "usage_text.h"
 #include "wizard_input.h"
 
@@ -20,11 +21,11 @@ bool NamesAnything(const std::string& name) {
 
 // Adds the names of --files-from; false, with the reason, when the list
 // cannot be read or is none.
-bool AddFilesFrom(const Request& request, const std::string& here, WizardInput& input,
+bool AddFilesFrom(const Request& request, const WorkingFolder& here, WizardInput& input,
                   std::string& refusal) {
   const auto names = ReadList(request, refusal);
   if (!names) return false;
-  for (const std::string& name : *names) input.files.push_back(AbsoluteModelPath(name, here));
+  for (const std::string& name : *names) input.files.push_back(here.Absolute(name));
   return true;
 }
 
@@ -47,8 +48,8 @@ std::optional<WizardInput> InputFor(const Request& request, std::string& refusal
   if (request.commandLine) {
     TakeFilePartApart(*request.commandLine, input);
   } else {
-    const std::string here = CurrentFolder();
-    ShellWords sorted = SortShellWords(request.words, here);
+    const std::unique_ptr<WorkingFolder> here = machine::MakeWorkingFolder();
+    ShellWords sorted = SortShellWords(request.words, *here);
     if (!sorted.badSwitch.empty()) {
       refusal = "'" + sorted.badSwitch +
                 "' is not a switch (see --help), and no file or folder of that name exists";
@@ -56,7 +57,7 @@ std::optional<WizardInput> InputFor(const Request& request, std::string& refusal
     }
     input.files = std::move(sorted.files);
     input.commandLine = std::move(sorted.switches);
-    if (request.filesFrom && !AddFilesFrom(request, here, input, refusal)) return std::nullopt;
+    if (request.filesFrom && !AddFilesFrom(request, *here, input, refusal)) return std::nullopt;
   }
   LeaveOutWhatNamesNoFile(input);
   return input;

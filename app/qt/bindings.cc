@@ -3,7 +3,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
-#include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -11,9 +10,11 @@
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <algorithm>
+#include <memory>
 
 #include "model_widgets.h"
 #include "text/visible_text.h"
+#include "wizard/layout/layout.h"
 
 namespace tessaly::qt {
 
@@ -32,22 +33,13 @@ std::string FromQt(const QString& text) { return text.toStdString(); }
 
 QString ToQtShown(std::string_view text) { return ToQt(text::Pictured(text, text::Layout::kNone)); }
 
-QString WithMnemonic(const QString& caption, const char* keys) {
-  if (!QKeySequence::mnemonic(caption).isEmpty()) return caption;
-  for (const char* key = keys; *key != '\0'; ++key) {
-    const QChar letter = QChar::fromLatin1(*key).toLower();
-    qsizetype first = -1;
-    for (qsizetype i = 0; i < caption.size(); ++i) {
-      if (caption[i].toLower() != letter) continue;
-      if (i == 0 || !caption[i - 1].isLetterOrNumber()) {
-        first = i;
-        break;
-      }
-      if (first < 0) first = i;
-    }
-    if (first >= 0) return QString(caption).insert(first, QLatin1Char('&'));
-  }
-  return caption;
+void HoldUntilGone(QObject* owner, Connection connection) {
+  auto held = std::make_shared<Connection>(std::move(connection));
+  QObject::connect(owner, &QObject::destroyed, [held] { held->Disconnect(); });
+}
+
+QString WithMnemonic(std::string_view caption, std::string_view keys) {
+  return ToQt(layout::WithMnemonic(caption, keys));
 }
 
 void BindEnabledVisible(Control& control, QWidget* widget) {
@@ -60,28 +52,28 @@ void BindEnabledVisible(Control& control, QWidget* widget) {
   });
 }
 
-void BindButton(CommandButton& button, QPushButton* widget, const char* keys) {
-  Follow(button.changed, widget, [&button, widget, keys] {
-    widget->setText(WithMnemonic(ToQt(button.caption()), keys));
+void BindButton(CommandButton& button, QPushButton* widget, std::string keys) {
+  Follow(button.changed, widget, [&button, widget, keys = std::move(keys)] {
+    widget->setText(WithMnemonic(button.caption(), keys));
     widget->setEnabled(button.enabled());
     widget->setHidden(!button.visible());
   });
   QObject::connect(widget, &QPushButton::clicked, widget, [&button] { button.Click(); });
 }
 
-QPushButton* NewButton(CommandButton& model, const char* name, QWidget* parent, const char* keys) {
+QPushButton* NewButton(CommandButton& model, const char* name, QWidget* parent, std::string keys) {
   auto* button = new QPushButton(parent);
   button->setObjectName(QString::fromLatin1(name));
-  BindButton(model, button, keys);
+  BindButton(model, button, std::move(keys));
   return button;
 }
 
-void BindCheckBox(CheckBox& box, ModelCheckBox* widget, const char* keys) {
+void BindCheckBox(CheckBox& box, ModelCheckBox* widget, std::string keys) {
   widget->setTristate(true);  // to draw state 2; a click still gives 0 or 1
   // A click ticks a box that is clear or greyed and clears a ticked one.
   widget->onPersonClick = [&box] { box.SetValue(box.value() == 1 ? 0 : 1); };
-  Follow(box.changed, widget, [&box, widget, keys] {
-    widget->setText(WithMnemonic(ToQt(box.caption()), keys));
+  Follow(box.changed, widget, [&box, widget, keys = std::move(keys)] {
+    widget->setText(WithMnemonic(box.caption(), keys));
     widget->setEnabled(box.enabled());
     widget->setHidden(!box.visible());
     widget->setCheckState(box.value() == 1   ? Qt::Checked
@@ -90,11 +82,11 @@ void BindCheckBox(CheckBox& box, ModelCheckBox* widget, const char* keys) {
   });
 }
 
-void BindOption(OptionButton& option, ModelRadioButton* widget, const char* keys) {
+void BindOption(OptionButton& option, ModelRadioButton* widget, std::string keys) {
   widget->setAutoExclusive(false);  // the form keeps the group exclusive
   widget->onPersonClick = [&option] { option.SetValue(true); };
-  Follow(option.changed, widget, [&option, widget, keys] {
-    widget->setText(WithMnemonic(ToQt(option.caption()), keys));
+  Follow(option.changed, widget, [&option, widget, keys = std::move(keys)] {
+    widget->setText(WithMnemonic(option.caption(), keys));
     widget->setEnabled(option.enabled());
     widget->setHidden(!option.visible());
     widget->setChecked(option.value());

@@ -1,7 +1,7 @@
 #ifndef TESSALY_APP_QT_BINDINGS_H_
 #define TESSALY_APP_QT_BINDINGS_H_
 
-#include <QPointer>
+#include <QObject>
 #include <QString>
 #include <functional>
 #include <string>
@@ -39,35 +39,34 @@ std::string FromQt(const QString& text);
 // a picture of itself, as in the log, so no name can pass for another.
 QString ToQtShown(std::string_view text);
 
+// Keeps `connection` until `owner` goes: the models outlive many of their
+// views (a dialog's form is unloaded after its view is gone).
+void HoldUntilGone(QObject* owner, Connection connection);
+
 // Runs `redraw` now and after every emit of `signal`, for as long as
-// `receiver` lives: the models outlive many of their views (a dialog's
-// form is unloaded after its view is gone), and signals cannot disconnect.
+// `receiver` lives.
 template <typename Redraw>
 void Follow(Signal& signal, QObject* receiver, Redraw redraw) {
   redraw();
-  QPointer<QObject> alive(receiver);
-  signal.Connect([alive, redraw]() mutable {
-    if (alive) redraw();
-  });
+  HoldUntilGone(receiver, signal.Connect(std::move(redraw)));
 }
 
-// `caption` with a mnemonic on the first of `keys` (letters, in order of
-// preference) that it holds, at the start of a word where it can be: the
-// mark only underlines, so the text shown stays the same. A caption that
-// has a mnemonic already keeps it.
-QString WithMnemonic(const QString& caption, const char* keys);
+// `caption` with a mnemonic from `keys` where it has none (see
+// layout::WithMnemonic): the mark only underlines, so the text shown stays
+// the same.
+QString WithMnemonic(std::string_view caption, std::string_view keys);
 
 // Two-way bindings of a control to its widget. The model's state is drawn
 // on every change; a person's action is forwarded to the model, which
 // decides what it means. Captions keep "&" as the mnemonic mark, and the
 // view adds one from `keys` where the model's caption has none.
 void BindEnabledVisible(Control& control, QWidget* widget);
-void BindButton(CommandButton& button, QPushButton* widget, const char* keys = "");
-void BindCheckBox(CheckBox& box, ModelCheckBox* widget, const char* keys = "");
-void BindOption(OptionButton& option, ModelRadioButton* widget, const char* keys = "");
+void BindButton(CommandButton& button, QPushButton* widget, std::string keys = "");
+void BindCheckBox(CheckBox& box, ModelCheckBox* widget, std::string keys = "");
+void BindOption(OptionButton& option, ModelRadioButton* widget, std::string keys = "");
 // A new push button named `name` and bound to `model`.
 QPushButton* NewButton(CommandButton& model, const char* name, QWidget* parent,
-                       const char* keys = "");
+                       std::string keys = "");
 void BindComboBox(ComboBox& box, QComboBox* widget);
 // A label's caption and visibility, and with `followBold` its bold mark
 // (the step labels'); other labels keep the font their view gave them.

@@ -1,7 +1,5 @@
 #include "list_box_model.h"
 
-#include <QPointer>
-
 #include "bindings.h"
 
 namespace tessaly::qt {
@@ -9,10 +7,7 @@ namespace tessaly::qt {
 ListBoxModel::ListBoxModel(ListBox& list, bool checkable, QObject* parent)
     : QAbstractListModel(parent), list_(list), checkable_(checkable) {
   shownRows_ = static_cast<int>(list_.ListCount());
-  QPointer<ListBoxModel> alive(this);
-  list_.changed.Connect([alive] {
-    if (alive) alive->MarkStale();
-  });
+  following_ = list_.changed.Connect([this] { MarkStale(); });
 }
 
 void ListBoxModel::MarkStale() {

@@ -36,6 +36,7 @@ class ListBoxModel : public QAbstractListModel {
   bool checkable_;
   bool stale_ = false;
   int shownRows_ = 0;
+  Connection following_;  // last, so it goes first
 };
 
 }  // namespace tessaly::qt

@@ -4,27 +4,16 @@
 #include <QDialog>
 
 #include "controls/form.h"
-#include "lists/replace_advanced.h"
-#include "lists/unwanted_formatting.h"
+#include "wizard/layout/windows.h"
 
 namespace tessaly::qt {
 
-// The modal views of the two list dialogs. Their buttons close them by
-// unloading the form; the close box just closes, and the caller unloads.
-// Either way the form saves its list.
+// The modal view of a list dialog, as `description` lays it out. Its
+// buttons close it by unloading the form; the close box just closes, and
+// the caller unloads. Either way the form saves its list.
 class ListDialog : public QDialog {
  public:
-  ListDialog(Form& form, QWidget* owner);
-};
-
-class ReplaceAdvancedDialog : public ListDialog {
- public:
-  ReplaceAdvancedDialog(fReplaceAdvanced& form, QWidget* owner);
-};
-
-class UnwantedFormattingDialog : public ListDialog {
- public:
-  UnwantedFormattingDialog(fUnwantedFormatting& form, QWidget* owner);
+  ListDialog(Form& form, const layout::Dialog& description, QWidget* owner);
 };
 
 }  // namespace tessaly::qt

@@ -21,7 +21,7 @@ constexpr int kRightMargin = 8;
 
 }  // namespace
 
-LogoStrip::LogoStrip(fTessaly& form, QWidget* parent) : QWidget(parent) {
+LogoStrip::LogoStrip(const std::vector<layout::Item>& steps, QWidget* parent) : QWidget(parent) {
   setObjectName(QStringLiteral("pLogo"));
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(kLeftMargin, kEmblemTop + kEmblemSize + 28, kRightMargin, 16);
@@ -29,16 +29,17 @@ LogoStrip::LogoStrip(fTessaly& form, QWidget* parent) : QWidget(parent) {
   QFont bold = font();
   bold.setBold(true);
   int widest = 0;
-  for (int i = 0; i < fTessaly::kStepCount; ++i) {
+  for (const layout::Item& step : steps) {
+    Label& model = *std::get<Label*>(step.model);
     auto* label = new ClickableLabel(this);
-    label->setObjectName(QStringLiteral("lblStep%1").arg(i));
+    label->setObjectName(QString::fromStdString(step.name));
     label->setAttribute(Qt::WA_TranslucentBackground);
     QPalette white = label->palette();
     white.setColor(QPalette::WindowText, Qt::white);
     label->setPalette(white);
-    BindLabel(form.lblStep[i], label, true);
+    BindLabel(model, label, true);
     widest = std::max(widest, QFontMetrics(bold).horizontalAdvance(label->text()));
-    label->onClick = [&form, i] { form.lblStep[i].Click(); };
+    label->onClick = [&model] { model.Click(); };
     layout->addWidget(label);
   }
   layout->addStretch();

@@ -3,16 +3,18 @@
 
 #include <QWidget>
 
-#include "wizard/tessaly_form.h"
+#include <vector>
+
+#include "wizard/layout/layout.h"
 
 namespace tessaly::qt {
 
 // `pLogo`: the strip down the left of the wizard, a painted picture with
-// the five step labels on it. The label of the step on show is bold; a
-// click on a label is the label's click in the model.
+// the step labels on it. The label of the step on show is bold; a click on
+// a label is the label's click in the model.
 class LogoStrip : public QWidget {
  public:
-  LogoStrip(fTessaly& form, QWidget* parent);
+  LogoStrip(const std::vector<layout::Item>& steps, QWidget* parent);
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -9,37 +9,38 @@
 
 #include "bindings.h"
 #include "readable_colour.h"
+#include "realise.h"
+#include "wizard/layout/windows.h"
 
 namespace tessaly::qt {
-
-namespace {
-
-// The trough and its place, in pixels: the form's twips at 15 to a pixel.
-constexpr int kMargin = 16;
-constexpr int kTroughWidth = 409;
-constexpr int kTroughHeight = 25;
-
-}  // namespace
 
 ProgressWindow::ProgressWindow(fProgress& form, QWidget* owner)
     : QWidget(owner, Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
       form_(&form),
       owner_(owner) {
-  setObjectName(QStringLiteral("fProgress"));
+  const layout::Dialog description = layout::DescribeProgress(form);
+  const layout::Item& box = description.body;
+  const layout::Item& trough = box.children.at(0);
+  setObjectName(ToQt(description.name));
   setAttribute(Qt::WA_DeleteOnClose);
+  const DialogUnits units(font());
   QFont bold = font();
   bold.setBold(true);
-  // Higher than drawn at design where a large font needs it.
-  const int troughHeight = std::max(kTroughHeight, QFontMetrics(bold).height() + 8);
-  setFixedSize(kTroughWidth + 2 * kMargin, troughHeight + 2 * kMargin);
+  // Higher than described where a large font needs it.
+  const int troughWidth = units.Across(trough.fixed.width);
+  const int troughHeight =
+      std::max(units.Down(trough.fixed.height), QFontMetrics(bold).height() + 8);
+  const QPoint margin(units.Across(box.margins.left), units.Down(box.margins.top));
+  setFixedSize(troughWidth + units.Across(box.margins.left + box.margins.right),
+               troughHeight + units.Down(box.margins.top + box.margins.bottom));
 
   trough_ = new QFrame(this);
-  trough_->setObjectName(QStringLiteral("lTotal"));
+  trough_->setObjectName(ToQt(trough.name));
   trough_->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-  trough_->setGeometry(kMargin, kMargin, kTroughWidth, troughHeight);
+  trough_->setGeometry(margin.x(), margin.y(), troughWidth, troughHeight);
 
   bar_ = new QWidget(trough_);
-  bar_->setObjectName(QStringLiteral("lCur"));
+  bar_->setObjectName(ToQt(trough.children.at(0).name));
   bar_->setAutoFillBackground(true);
   QPalette barColour = bar_->palette();
   // The caption stands on the bar too, in the palette's text colour.
@@ -47,7 +48,7 @@ ProgressWindow::ProgressWindow(fProgress& form, QWidget* owner)
   bar_->setPalette(barColour);
 
   caption_ = new QLabel(trough_);
-  caption_->setObjectName(QStringLiteral("lCaption"));
+  caption_->setObjectName(ToQt(trough.children.at(1).name));
   caption_->setAlignment(Qt::AlignCenter);
   caption_->setAttribute(Qt::WA_TransparentForMouseEvents);
   caption_->setFont(bold);
@@ -61,11 +62,10 @@ ProgressWindow::ProgressWindow(fProgress& form, QWidget* owner)
   Follow(form.lCaption.changed, this, [this] {
     if (form_ != nullptr) caption_->setText(ToQt(form_->lCaption.caption()));
   });
-  form.unloaded.Connect([alive = QPointer<ProgressWindow>(this)] {
-    if (!alive) return;
-    alive->form_ = nullptr;
-    alive->close();
-  });
+  HoldUntilGone(this, form.unloaded.Connect([this] {
+    form_ = nullptr;
+    close();
+  }));
   PlaceOnOwner();
 }
 

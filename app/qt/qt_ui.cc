@@ -78,9 +78,10 @@ MessageAnswer QtUi::MessageBox(std::string_view text, MessageButtons buttons,
 void QtUi::ShowModal(Form& dialog) {
   std::unique_ptr<QDialog> view;
   if (auto* replace = dynamic_cast<fReplaceAdvanced*>(&dialog)) {
-    view = std::make_unique<ReplaceAdvancedDialog>(*replace, Owner());
+    view = std::make_unique<ListDialog>(*replace, layout::DescribeReplaceAdvanced(*replace), Owner());
   } else if (auto* formatting = dynamic_cast<fUnwantedFormatting*>(&dialog)) {
-    view = std::make_unique<UnwantedFormattingDialog>(*formatting, Owner());
+    view = std::make_unique<ListDialog>(*formatting, layout::DescribeUnwantedFormatting(*formatting),
+                                        Owner());
   } else {
     return;  // a form this front-end has no view for
   }

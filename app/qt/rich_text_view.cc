@@ -1,6 +1,5 @@
 #include "rich_text_view.h"
 
-#include <QPointer>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <algorithm>
@@ -39,10 +38,7 @@ RichTextView::RichTextView(RichTextBox& box, QWidget* parent) : QPlainTextEdit(p
   sincePaint_.start();
   rewrites_ = box_.rewrites() + 1;  // draw in full at the first refresh
   stale_ = true;
-  QPointer<RichTextView> alive(this);
-  box_.changed.Connect([alive] {
-    if (alive) alive->MarkStale();
-  });
+  following_ = box_.changed.Connect([this] { MarkStale(); });
 }
 
 void RichTextView::MarkStale() {

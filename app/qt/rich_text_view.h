@@ -56,6 +56,7 @@ class RichTextView : public QPlainTextEdit {
   bool lastWasCr_ = false;
   QElapsedTimer sincePaint_;
   QTimer paintLater_;
+  Connection following_;  // last, so it goes first
 };
 
 }  // namespace tessaly::qt

@@ -1,32 +1,15 @@
 #ifndef TESSALY_APP_QT_WIZARD_PAGES_H_
 #define TESSALY_APP_QT_WIZARD_PAGES_H_
 
-#include <QWidget>
+#include "wizard/layout/windows.h"
 
-#include "wizard/tessaly_form.h"
-
-class QLabel;
-class QVBoxLayout;
+class QWidget;
 
 namespace tessaly::qt {
 
-// The pages of the five steps, in the order of their index. Each page's
-// widgets carry the names of the model's controls.
-QWidget* BuildWelcomePage(fTessaly& form);
-QWidget* BuildFilePage(fTessaly& form);
-QWidget* BuildSettingsPage(fTessaly& form);
-QWidget* BuildReviewPage(fTessaly& form);
-QWidget* BuildLogPage(fTessaly& form);
-
-// A page with its heading band on top; the body goes into `body`.
-struct PageFrame {
-  QWidget* page;
-  QLabel* heading;
-  QVBoxLayout* body;
-};
-PageFrame MakePage(const char* name);
-// The heading band follows a page's caption.
-void FollowHeading(Label& page, QLabel* heading);
+// A step's page as described: the heading band in the colours of a text
+// field, a rule, and the body.
+QWidget* BuildPage(const layout::Page& page);
 
 }  // namespace tessaly::qt
 

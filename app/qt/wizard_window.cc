@@ -10,21 +10,16 @@
 
 #include "bindings.h"
 #include "logo_strip.h"
+#include "realise.h"
 #include "wizard_pages.h"
 
 namespace tessaly::qt {
 
 namespace {
 
-QPushButton* Button(CommandButton& model, const char* name, QWidget* parent, const char* keys) {
-  QPushButton* button = NewButton(model, name, parent, keys);
-  button->setMinimumWidth(88);
-  return button;
-}
-
 // Clicks `button` if a person could: it is on show and enabled.
 bool ClickIfLive(QPushButton* button) {
-  if (!button->isVisible() || !button->isEnabled()) return false;
+  if (button == nullptr || !button->isVisible() || !button->isEnabled()) return false;
   button->click();
   return true;
 }
@@ -32,7 +27,9 @@ bool ClickIfLive(QPushButton* button) {
 }  // namespace
 
 WizardWindow::WizardWindow(fTessaly& form) : form_(&form) {
-  setObjectName(QStringLiteral("fTessaly"));
+  const layout::WizardWindow description = layout::DescribeWizard(form);
+  setObjectName(ToQt(form.name()));
+  Realiser realiser(this);
 
   auto* root = new QHBoxLayout(this);
   // The smallest window is what the layouts need, also where a wrapped
@@ -40,16 +37,13 @@ WizardWindow::WizardWindow(fTessaly& form) : form_(&form) {
   root->setSizeConstraint(QLayout::SetMinimumSize);
   root->setContentsMargins(0, 0, 0, 0);
   root->setSpacing(0);
-  root->addWidget(new LogoStrip(form, this));
+  root->addWidget(new LogoStrip(description.steps, this));
 
   auto* right = new QVBoxLayout;
   right->setContentsMargins(0, 0, 0, 0);
   right->setSpacing(0);
   pages_ = new QStackedWidget(this);
-  for (QWidget* page : {BuildWelcomePage(form), BuildFilePage(form), BuildSettingsPage(form),
-                        BuildReviewPage(form), BuildLogPage(form)}) {
-    pages_->addWidget(page);
-  }
+  for (const layout::Page& page : description.pages) pages_->addWidget(BuildPage(page));
   // The page the model shows is the one on top.
   for (int i = 0; i < fTessaly::kStepCount; ++i) {
     Follow(form.pStep[i].changed, pages_, [this, &form, i] {
@@ -62,31 +56,24 @@ WizardWindow::WizardWindow(fTessaly& form) : form_(&form) {
   line->setFrameShape(QFrame::HLine);
   line->setFrameShadow(QFrame::Sunken);
   right->addWidget(line);
-  auto* buttons = new QHBoxLayout;
-  buttons->setContentsMargins(12, 10, 12, 12);
-  buttons->addStretch();
-  buttons->addWidget(Button(form.cmdBack, "cmdBack", this, "b"));
-  // "Next >" and "Finish >" both go on with N.
-  next_ = Button(form.cmdNext, "cmdNext", this, "n");
-  next_->setDefault(true);
-  buttons->addWidget(next_);
-  buttons->addSpacing(12);
-  cancel_ = Button(form.cmdCancel, "cmdCancel", this, "cf");
-  buttons->addWidget(cancel_);
-  right->addLayout(buttons);
+  right->addLayout(realiser.MakeLayout(description.buttons, this));
   root->addLayout(right, 1);
+  next_ = findChild<QPushButton*>(QString::fromStdString(description.defaultButton));
+  cancel_ = findChild<QPushButton*>(QString::fromStdString(description.cancelButton));
+  next_->setDefault(true);
   // A focused button takes Return itself, as in a dialog.
   for (QPushButton* button : findChildren<QPushButton*>()) button->setAutoDefault(true);
-  resize(sizeHint().expandedTo(QSize(800, 600)));
+  const DialogUnits& units = realiser.units();
+  resize(sizeHint().expandedTo(
+      QSize(units.Across(description.size.width), units.Down(description.size.height))));
 
   Follow(form.changed, this, [this] {
     if (form_ != nullptr) setWindowTitle(ToQt(form_->caption()));
   });
-  form.unloaded.Connect([alive = QPointer<WizardWindow>(this)] {
-    if (!alive) return;
-    alive->form_ = nullptr;
-    alive->close();
-  });
+  HoldUntilGone(this, form.unloaded.Connect([this] {
+    form_ = nullptr;
+    close();
+  }));
 }
 
 void WizardWindow::keyPressEvent(QKeyEvent* event) {

@@ -16,6 +16,7 @@
 #include "platform/registry.h"
 #include "platform/shell.h"
 #include "platform/short_path.h"
+#include "platform/working_folder.h"
 
 // The real backends of the machine the program is built for. Front-ends
 // make them here and nowhere else; CMake compiles the one machine_*.cc of
@@ -41,6 +42,10 @@ std::unique_ptr<RunningProgram> MakeProgram(std::string commandLine);
 
 // Short paths of `fileSystem`, which must outlive them.
 std::unique_ptr<ShortPaths> MakeShortPaths(FileSystem& fileSystem);
+
+// The folder relative names given to the program count against, as it is
+// now.
+std::unique_ptr<WorkingFolder> MakeWorkingFolder();
 
 // A model path as the system's own programs write it, and back: the model
 // form itself on Windows.

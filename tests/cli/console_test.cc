@@ -12,8 +12,9 @@
 #include "cli_options.h"
 #include "log_printer.h"
 #include "platform/memory/memory_file_system.h"
-#include "platform/posix/shell_words.h"
+#include "platform/posix/posix_working_folder.h"
 #include "progress_printer.h"
+#include "settings/shell_words.h"
 #include "terminal_ui.h"
 #include "wizard/memory_world.h"
 #include "wizard_report.h"
@@ -97,6 +98,7 @@ TEST(ReadFileNames, KeepsEveryByteButTheSeparator) {
 }
 
 TEST(SortShellWords, SwitchesOnlyInFullTheRestFiles) {
+  const PosixWorkingFolder here("/home/ann/work");
   const struct {
     Words words, files;
     std::string switches;
@@ -126,7 +128,7 @@ TEST(SortShellWords, SwitchesOnlyInFullTheRestFiles) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.words.back());
-    const ShellWords sorted = SortShellWords(c.words, "/home/ann/work");
+    const ShellWords sorted = SortShellWords(c.words, here);
     EXPECT_EQ(sorted.badSwitch, "");
     EXPECT_EQ(sorted.files, c.files);
     EXPECT_EQ(sorted.switches, c.switches);
@@ -135,7 +137,7 @@ TEST(SortShellWords, SwitchesOnlyInFullTheRestFiles) {
   for (const char* bad : {"/stpe:4", "/step:45", "/settings:Bogus", "/placement0:x",
                           "/placement7:x", "/placement1:a\"b", "/placement1:x /exit", "/Exit",
                           "/settings:UpperCase/x"}) {
-    EXPECT_EQ(SortShellWords({"a.txt", bad}, "/home/ann/work").badSwitch, bad);
+    EXPECT_EQ(SortShellWords({"a.txt", bad}, here).badSwitch, bad);
   }
 }
 

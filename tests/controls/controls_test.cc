@@ -2,11 +2,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <memory>
+#include <optional>
 #include <random>
 
 #include "controls/buttons.h"
 #include "controls/combo_box.h"
 #include "controls/list_box.h"
+#include "controls/signal.h"
 #include "text/text_ops.h"
 
 namespace tessaly {
@@ -138,7 +141,7 @@ TEST(Controls, RulesRunOnlyWhenTheStateChangesOrTheButtonIsThere) {
   combo.onChange = [&] { events.push_back("change " + combo.text()); };
   combo.onClick = [&] { events.push_back("click"); };
   int redraws = 0;
-  box.changed.Connect([&] { ++redraws; });
+  const Connection redrawing = box.changed.Connect([&] { ++redraws; });
 
   box.SetValue(1);
   box.SetValue(1);
@@ -161,6 +164,37 @@ TEST(Controls, RulesRunOnlyWhenTheStateChangesOrTheButtonIsThere) {
   button.SetVisible(false);
   button.Click();
   EXPECT_EQ(clicks, 1);
+}
+
+// A view that goes before its model takes its callback along, also in the
+// middle of an emit; a handle kept past its signal does nothing.
+TEST(Signal, ConnectionsEndWithTheirHandles) {
+  std::string ran;
+  auto signal = std::make_unique<Signal>();
+  Connection first = signal->Connect([&] { ran += "1"; });
+  Connection kept = signal->Connect([&] { ran += "k"; });
+  std::optional<Connection> second;
+  // The first callback ends the second before its turn and its own handle
+  // while it runs.
+  Connection ending = signal->Connect([&] {
+    ran += "e";
+    second.reset();
+    first.Disconnect();
+  });
+  second = signal->Connect([&] { ran += "2"; });
+  { const Connection dropped = signal->Connect([&] { ran += "x"; }); }
+  signal->Emit();
+  signal->Emit();
+  EXPECT_EQ(ran, "1keke");
+
+  Connection moved = std::move(kept);
+  ran.clear();
+  signal->Emit();
+  ending.Disconnect();
+  signal->Emit();
+  EXPECT_EQ(ran, "kek");
+  signal.reset();
+  moved.Disconnect();
 }
 
 }  // namespace

@@ -14,6 +14,7 @@
 #include "platform/posix/native_path.h"
 #include "platform/posix/posix_file_system.h"
 #include "qt_ui.h"
+#include "wizard/layout/windows.h"
 
 namespace tessaly::qt {
 namespace {
@@ -129,6 +130,22 @@ void WhenModalOpens(std::function<void(QWidget*)> action) {
   timer->start();
 }
 
+// The names in the items under `roots` that no widget in `window` carries.
+QStringList Missing(QWidget* window, const std::vector<const layout::Item*>& roots) {
+  QStringList missing;
+  for (const layout::Item* root : roots) {
+    layout::ForEach(*root, [&](const layout::Item& item) {
+      const QString name = QString::fromStdString(item.name);
+      if (!name.isEmpty() && window->objectName() != name && window->findChild<QWidget*>(name) == nullptr) {
+        missing << name;
+      }
+    });
+  }
+  return missing;
+}
+
+QStringList Missing(QWidget* window, const layout::Dialog& dialog) { return Missing(window, {&dialog.body}); }
+
 // The colour the log draws `text` in: its own, or the palette's text colour.
 QColor ColourOf(QPlainTextEdit* log, const QString& text) {
   const QTextCursor found = log->document()->find(text);
@@ -232,7 +249,7 @@ TEST_F(WizardWalkTest, PersonRenamesDroppedFilesAndReadsTheColouredLog) {
   EXPECT_EQ(ColourOf(log, "Apple.txt > "), QColor(0, 0, 255));
   EXPECT_EQ(ColourOf(log, "3 total files."), QApplication::palette().color(QPalette::Text));
   bool ended = false;
-  form->programEnded.Connect([&ended] { ended = true; });
+  const Connection ending = form->programEnded.Connect([&ended] { ended = true; });
   QTest::keyClick(log, Qt::Key_Escape);  // does what "Finished" does
   EXPECT_TRUE(ended);
 }
@@ -366,10 +383,26 @@ TEST_F(QtWizardTest, IncludePathCoversTheDestinationWithItsNote) {
   EXPECT_EQ(window()->childAt(centre)->objectName(), "lInfoPath");
 }
 
+TEST_F(QtWizardTest, EveryDescribedControlIsOnTheWindow) {
+  Start();
+  const layout::WizardWindow description = layout::DescribeWizard(*form);
+  std::vector<const layout::Item*> roots = {&description.buttons};
+  for (const layout::Item& step : description.steps) roots.push_back(&step);
+  for (const layout::Page& page : description.pages) {
+    roots.push_back(&page.heading);
+    roots.push_back(&page.body);
+  }
+  EXPECT_THAT(Missing(window(), roots), ::testing::IsEmpty());
+  for (const layout::Page& page : description.pages) Find(page.name.c_str());
+}
+
 TEST_F(QtWizardTest, UnwantedFormattingShowsItsRowsAndSavesOnClose) {
   Start(2);
   bool worked = false;
   WhenModalOpens([&](QWidget* dialog) {
+    fUnwantedFormatting described(world.store, ui);
+    EXPECT_THAT(Missing(dialog, layout::DescribeUnwantedFormatting(described)),
+                ::testing::IsEmpty());
     auto* list = Find<QListView>("lstRemove", dialog);
     TypeOver(Find("txtAdd", dialog), "Copy ");
     Click(Find("cmdAdd", dialog));
@@ -392,6 +425,9 @@ TEST_F(QtWizardTest, PickingAdvancedInTheWithBoxOpensItsDialog) {
   Start(2);
   QString opened;
   WhenModalOpens([&](QWidget* dialog) {
+    fReplaceAdvanced described(world.store, ui);
+    EXPECT_THAT(Missing(dialog, layout::DescribeReplaceAdvanced(described)),
+                ::testing::IsEmpty());
     // The other box and the buttons beside both show the choice already.
     opened = dialog->windowTitle() + " " + Find<QComboBox>("cboBatch6")->currentText();
     EXPECT_TRUE(form->cmdReplaceAdv.visible());
@@ -418,6 +454,8 @@ TEST_F(QtWizardTest, ProgressLeavesTheWizardFreeAndCancelEndsTheLoopAtOnce) {
       ++runsAfterCancel;
     } else if (progress != nullptr && progress->percentText() == "25%") {
       EXPECT_TRUE(progress->windowFlags().testFlag(Qt::Tool));  // no task-bar entry
+      fProgress described(ui, world.locale);
+      EXPECT_THAT(Missing(progress, layout::DescribeProgress(described)), ::testing::IsEmpty());
       EXPECT_FALSE(progress->isModal());
       const QPoint offset = progress->frameGeometry().center() - window()->frameGeometry().center();
       EXPECT_LE(offset.manhattanLength(), 4);
@@ -426,7 +464,7 @@ TEST_F(QtWizardTest, ProgressLeavesTheWizardFreeAndCancelEndsTheLoopAtOnce) {
     }
   };
   fTessaly& wizard = Start();
-  wizard.programEnded.Connect([&ended] { ended = true; });
+  const Connection ending = wizard.programEnded.Connect([&ended] { ended = true; });
   DropData drop;
   for (int i = 0; i < 8; ++i) drop.files.push_back("c:\\p\\" + std::to_string(i) + ".jpg");
   wizard.AddDroppedFiles(drop);

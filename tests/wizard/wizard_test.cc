@@ -228,7 +228,7 @@ TEST_F(WizardTest, PathsBeyondTheListsLimitAreCountedNotLost) {
   EXPECT_EQ(wizard.lStat.caption(), "32767 files.");
   // One warning for each addition that refused any.
   int warnings = 0;
-  wizard.listFull.Connect([&] { ++warnings; });
+  const Connection warning = wizard.listFull.Connect([&] { ++warnings; });
   wizard.AddDroppedFiles({});
   List({"C:\\one.txt", "C:\\two.txt"});
   EXPECT_EQ(warnings, 1);

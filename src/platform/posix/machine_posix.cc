@@ -14,7 +14,7 @@
 #include "platform/posix/posix_network_status.h"
 #include "platform/posix/posix_program.h"
 #include "platform/posix/posix_shell.h"
-#include "platform/posix/shell_words.h"
+#include "platform/posix/posix_working_folder.h"
 #include "platform/posix/sqlite_registry.h"
 #include "platform/posix/system_clock.h"
 #include "platform/standard_random.h"
@@ -49,11 +49,15 @@ std::unique_ptr<ShortPaths> MakeShortPaths(FileSystem& fileSystem) {
   return std::make_unique<ExistingShortPaths>(fileSystem);
 }
 
+std::unique_ptr<WorkingFolder> MakeWorkingFolder() {
+  return std::make_unique<PosixWorkingFolder>();
+}
+
 std::string NativePath(std::string_view modelPath) { return ToNativePath(modelPath); }
 
 std::string ModelPath(std::string_view nativePath) { return ToModelPath(nativePath); }
 
-std::string AbsolutePath(std::string_view name) { return AbsoluteModelPath(name, CurrentFolder()); }
+std::string AbsolutePath(std::string_view name) { return PosixWorkingFolder().Absolute(name); }
 
 std::size_t LongestPath() { return PATH_MAX; }
 

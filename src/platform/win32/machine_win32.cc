@@ -13,6 +13,20 @@
 
 namespace tessaly::machine {
 
+namespace {
+
+// Windows hands the program one text, not words; names in it still count
+// against the working folder.
+class Win32WorkingFolder : public WorkingFolder {
+ public:
+  std::string Absolute(std::string_view name) const override { return FullPathOf(name); }
+  bool Holds(std::string_view name) const override {
+    return Win32FileSystem().GetAttributes(FullPathOf(name)).has_value();
+  }
+};
+
+}  // namespace
+
 Services MakeServices() {
   return {std::make_unique<Win32FileSystem>(), std::make_unique<Win32Registry>(),
           std::make_unique<Win32Clock>(),      std::make_unique<Win32Locale>(),
@@ -26,6 +40,10 @@ std::unique_ptr<RunningProgram> MakeProgram(std::string commandLine) {
 
 std::unique_ptr<ShortPaths> MakeShortPaths(FileSystem&) {
   return std::make_unique<Win32ShortPaths>();
+}
+
+std::unique_ptr<WorkingFolder> MakeWorkingFolder() {
+  return std::make_unique<Win32WorkingFolder>();
 }
 
 std::string NativePath(std::string_view modelPath) { return std::string(modelPath); }

@@ -1,9 +1,11 @@
-#ifndef TESSALY_PLATFORM_POSIX_SHELL_WORDS_H_
-#define TESSALY_PLATFORM_POSIX_SHELL_WORDS_H_
+#ifndef TESSALY_SETTINGS_SHELL_WORDS_H_
+#define TESSALY_SETTINGS_SHELL_WORDS_H_
 
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "platform/working_folder.h"
 
 namespace tessaly {
 
@@ -20,19 +22,9 @@ struct ShellWords {
 // name exists; written like a switch but none, and naming nothing that
 // exists, it is a bad switch; anything else is a file. "--" (the first
 // one) ends the switches: every word behind it is a file. Empty words are
-// dropped. Relative names count against `currentFolder`, a native absolute
-// path.
-ShellWords SortShellWords(const std::vector<std::string>& words, std::string_view currentFolder);
-
-// `name` made absolute against `currentFolder`, in model form, naming the
-// entry the kernel finds under it: "." parts dropped, ".." resolved as the
-// kernel walks it (through links). Every byte of the name is kept.
-std::string AbsoluteModelPath(std::string_view name, std::string_view currentFolder);
-
-// This process's working folder, or nothing when it cannot be had (then
-// relative names stay relative and name no file the wizard finds).
-std::string CurrentFolder();
+// dropped. Names are read against `here`.
+ShellWords SortShellWords(const std::vector<std::string>& words, const WorkingFolder& here);
 
 }  // namespace tessaly
 
-#endif  // TESSALY_PLATFORM_POSIX_SHELL_WORDS_H_
+#endif  // TESSALY_SETTINGS_SHELL_WORDS_H_

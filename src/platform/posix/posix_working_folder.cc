@@ -1,10 +1,9 @@
-#include "platform/posix/shell_words.h"
+#include "platform/posix/posix_working_folder.h"
 
 #include <algorithm>
 #include <filesystem>
 
 #include "platform/path_forms.h"
-#include "settings/switch_words.h"
 
 namespace tessaly {
 
@@ -19,7 +18,8 @@ bool HasDotOrEmptyParts(std::string_view path) {
     std::size_t end = path.find('/', start);
     if (end == std::string_view::npos) end = path.size();
     const std::string_view part = path.substr(start, end - start);
-    if ((part.empty() && start > 0 && end < path.size()) || part == "." || part == "..") return true;
+    if ((part.empty() && start > 0 && end < path.size()) || part == "." || part == "..")
+      return true;
     start = end + 1;
   }
   return false;
@@ -50,33 +50,7 @@ std::string Normal(std::string joined) {
   return fs::path(std::move(joined)).lexically_normal().native();
 }
 
-std::string Absolute(std::string_view name, std::string_view currentFolder) {
-  // A shell's glob gives many words like "./name": the common forms are
-  // joined by hand, the rest normalised by the library.
-  while (name.starts_with("./")) name.remove_prefix(2);
-  std::string joined;
-  if (!name.starts_with('/')) {
-    joined.reserve(currentFolder.size() + 1 + name.size());
-    joined = currentFolder;
-    if (joined.empty() || joined.back() != '/') joined += '/';
-  }
-  joined += name;
-  if (!HasDotOrEmptyParts(joined)) return joined;
-  return Normal(std::move(joined));
-}
-
-// Anything at all under that name, a dangling link included.
-bool Exists(std::string_view name, std::string_view currentFolder) {
-  std::error_code error;
-  return fs::symlink_status(fs::path(Absolute(name, currentFolder)), error).type() !=
-         fs::file_type::not_found;
-}
-
 }  // namespace
-
-std::string AbsoluteModelPath(std::string_view name, std::string_view currentFolder) {
-  return SwapSlashes(Absolute(name, currentFolder));
-}
 
 std::string CurrentFolder() {
   std::error_code error;
@@ -84,28 +58,29 @@ std::string CurrentFolder() {
   return error ? std::string() : here.native();
 }
 
-ShellWords SortShellWords(const std::vector<std::string>& words, std::string_view currentFolder) {
-  using command_line::WordKind;
-  ShellWords sorted;
-  std::vector<std::string> switches;
-  bool switchesEnded = false;
-  for (const std::string& word : words) {
-    if (word.empty()) continue;
-    if (!switchesEnded && word == "--") {
-      switchesEnded = true;
-      continue;
-    }
-    const WordKind kind = switchesEnded ? WordKind::kPath : command_line::KindOfWord(word);
-    if (kind == WordKind::kPath || Exists(word, currentFolder)) {
-      sorted.files.push_back(AbsoluteModelPath(word, currentFolder));
-    } else if (kind == WordKind::kSwitch) {
-      switches.push_back(word);
-    } else {
-      return {{}, {}, word};
-    }
+std::string PosixWorkingFolder::NativeAbsolute(std::string_view name) const {
+  // A shell's glob gives many words like "./name": the common forms are
+  // joined by hand, the rest normalised by the library.
+  while (name.starts_with("./")) name.remove_prefix(2);
+  std::string joined;
+  if (!name.starts_with('/')) {
+    joined.reserve(folder_.size() + 1 + name.size());
+    joined = folder_;
+    if (joined.empty() || joined.back() != '/') joined += '/';
   }
-  sorted.switches = command_line::SwitchText(switches);
-  return sorted;
+  joined += name;
+  if (!HasDotOrEmptyParts(joined)) return joined;
+  return Normal(std::move(joined));
+}
+
+std::string PosixWorkingFolder::Absolute(std::string_view name) const {
+  return SwapSlashes(NativeAbsolute(name));
+}
+
+bool PosixWorkingFolder::Holds(std::string_view name) const {
+  std::error_code error;
+  return fs::symlink_status(fs::path(NativeAbsolute(name)), error).type() !=
+         fs::file_type::not_found;
 }
 
 }  // namespace tessaly

@@ -1,0 +1,40 @@
+#include "machine_wizard.h"
+
+#include "wizard/start_up.h"
+#include "wizard/wizard_texts.h"
+
+namespace tessaly::launch {
+
+namespace {
+
+template <typename T>
+std::unique_ptr<T> Wrapped(const std::function<std::unique_ptr<T>(T&)>& layer, T& real) {
+  return layer ? layer(real) : nullptr;
+}
+
+}  // namespace
+
+MachineWizard::MachineWizard(Ui& ui, WizardInput input, const Layers& layers)
+    : ui_(ui),
+      input_(std::move(input)),
+      machine_(machine::MakeServices()),
+      fileSystemLayer_(Wrapped(layers.fileSystem, *machine_.fileSystem)),
+      registryLayer_(Wrapped(layers.registry, *machine_.registry)),
+      store_(registry()),
+      program_(machine::MakeProgram(input_.commandLine)),
+      shortPaths_(machine::MakeShortPaths(fileSystem())),
+      form_(std::make_unique<fTessaly>(WizardServices{
+          fileSystem(), store_, ui, *machine_.clock, *machine_.locale, *machine_.random, *program_,
+          *machine_.shell, *machine_.network, *shortPaths_})) {}
+
+void MachineWizard::Start() {
+  StartWizard(*form_, ui_, std::move(input_.files), input_.commandLine);
+}
+
+Connection TellWhenListFull(fTessaly& form, Ui& ui) {
+  return form.listFull.Connect([&form, &ui] {
+    ui.MessageBox(ListFullText(form.refusedForLimit()), MessageButtons::kOk, kProgramTitle);
+  });
+}
+
+}  // namespace tessaly::launch
