@@ -33,7 +33,6 @@ bool HasDotFolder(std::string_view path) {
 // another file's name. Relative paths and paths with "." or ".." parts
 // need the system's reading and keep their form.
 std::wstring Exact(std::string_view path) {
-  return Widen(path);
   if (HasDotFolder(path) || path.starts_with("\\\\?\\")) return Widen(path);
   if (path.size() >= 3 && path[1] == ':' && path[2] == '\\') return L"\\\\?\\" + Widen(path);
   if (path.starts_with("\\\\")) return L"\\\\?\\UNC\\" + Widen(path.substr(2));
