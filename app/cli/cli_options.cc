@@ -65,6 +65,17 @@ Taken TakeLong(std::string_view word, const std::string* next, Request& request)
   return Taken::kOne;
 }
 
+// Whether `word` reads as one of the program's options, values aside.
+bool IsOption(const std::string& word) {
+  Request scratch;
+  if (word[1] != '-') {
+    return std::ranges::all_of(std::string_view(word).substr(1),
+                               [&](char letter) { return TakeShort(letter, scratch); });
+  }
+  const std::string value;
+  return TakeLong(word, &value, scratch) != Taken::kUnknown;
+}
+
 }  // namespace
 
 Request ReadArguments(const std::vector<std::string>& words, const NamesAnEntry& exists) {
@@ -75,7 +86,15 @@ Request ReadArguments(const std::vector<std::string>& words, const NamesAnEntry&
       request.words.insert(request.words.end(), words.begin() + static_cast<long>(i), words.end());
       break;
     }
-    if (word.size() < 2 || word[0] != '-' || (exists && exists(word))) {
+    if (word.size() < 2 || word[0] != '-') {
+      request.words.push_back(word);
+    } else if (exists && exists(word)) {
+      // Either reading could be a trap: a file planted as "-n" must not
+      // turn a dry run into a real one, nor an option word rename files.
+      if (IsOption(word)) {
+        return Error("'" + word + "' is an option and also names a file here: write ./" + word +
+                     " for the file, or move it");
+      }
       request.words.push_back(word);
     } else if (word[1] != '-') {
       for (char letter : std::string_view(word).substr(1)) {

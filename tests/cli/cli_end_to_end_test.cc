@@ -142,11 +142,11 @@ TEST_F(CliEndToEnd, Runs) {
        {"/settings:LowerCase", "/step:4", "--", "-N.TXT", "TWO\nLINES.TXT", "EVIL\x1b[2J\x1b[HX.TXT"},
        {"-n.txt", "two\nlines.txt", "evil\x1b[2j\x1b[hx.txt"}, 0,
        "/evil\\x1b[2j\\x1b[hx.txt (Completed)", ""},
-      // A word is an option only where no file of its name exists: a name
-      // a glob brings in stays a file.
+      // A word that is an option and also names a file a glob brought in
+      // is refused: nothing is read or renamed.
       {{"A.TXT", "B.TXT", "--files-from=.list"},
        {"--files-from=.list", "A.TXT", "/settings:LowerCase", "/step:4"},
-       {"--files-from=.list", ".list", "a.txt", "B.TXT"}, 0, "(Completed)", "", "B.TXT\n"},
+       {"--files-from=.list", ".list", "A.TXT", "B.TXT"}, 2, "", "is an option and also names a file", "B.TXT\n"},
       // A path means what it means to the kernel: ".." behind a link leads
       // beside the link's target, and a name with a closing "/" is no file.
       {{"X.TXT", "t/X.TXT", "t/in/KEEP", "Y.TXT"},

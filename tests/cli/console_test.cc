@@ -56,11 +56,15 @@ TEST(ReadArguments, OptionsAndWhatTheyLeave) {
       {{"--files-from", "list", "--command-line", "x"}, "error"},
   };
   for (const auto& [words, summary] : cases) EXPECT_EQ(Summary(ReadArguments(words)), summary);
-  // A name that exists is a file, even one a glob brought in that is
-  // written like an option.
-  const auto exists = [](const std::string& word) { return word == "--files-from=x" || word == "--"; };
-  EXPECT_EQ(Summary(ReadArguments({"-n", "--files-from=x", "--", "--json"}, exists)),
-            "n [--files-from=x] [--] [--json]");
+  // A name that exists and is written like an option is a file; one that
+  // is also an option is refused, since either reading may be a trap.
+  const auto exists = [](const std::string& word) {
+    return word == "--files-from=x" || word == "-n" || word == "--odd" || word == "--";
+  };
+  EXPECT_EQ(Summary(ReadArguments({"--json", "--odd", "--", "--json"}, exists)), "j [--odd] [--] [--json]");
+  for (const char* trap : {"--files-from=x", "-n"}) {
+    EXPECT_EQ(Summary(ReadArguments({"a.txt", trap, "/step:4"}, exists)), "error") << trap;
+  }
   EXPECT_EQ(ReadArguments({"--lower"}).error, "unknown option '--lower' (for a file of that name, "
                                               "write ./--lower or put it behind --)");
 }
