@@ -60,7 +60,10 @@ void Win32Ui::ShowModal(Form& dialog) {
   const HWND owner = Owner();
   if (owner != nullptr) EnableWindow(owner, FALSE);
   ShowWindow(view->hwnd(), SW_SHOW);
+  DialogWindow* outer = modal_;
+  modal_ = view.get();
   pump_.RunUntil([&view] { return view->closed(); });
+  modal_ = outer;
   if (owner != nullptr) {
     EnableWindow(owner, TRUE);
     SetActiveWindow(owner);

@@ -8,6 +8,7 @@
 
 #include "message_pump.h"
 #include "platform/ui.h"
+#include "dialog_window.h"
 #include "progress_window.h"
 #include "wizard_window.h"
 
@@ -36,6 +37,8 @@ class Win32Ui : public Ui {
   // The windows on show, or null.
   WizardWindow* wizardWindow() const { return wizard_.get(); }
   ProgressWindow* progressWindow() const { return progress_.get(); }
+  // The modal dialog open now, or null.
+  DialogWindow* modalWindow() const { return modal_; }
 
  protected:
   // The window dialogs belong to: the wizard's, while it is on show.
@@ -51,6 +54,7 @@ class Win32Ui : public Ui {
   std::unique_ptr<WizardWindow> wizard_;
   std::unique_ptr<ProgressWindow> progress_;
   std::vector<std::unique_ptr<HostWindow>> retired_;
+  DialogWindow* modal_ = nullptr;
 };
 
 }  // namespace tessaly::win32
