@@ -131,14 +131,23 @@ HWND NewFrame(HostWindow& host, HWND parent, Label& model, std::string keys) {
 HWND NewComboBox(HostWindow& host, HWND parent, ComboBox& model) {
   auto quiet = std::make_shared<bool>(false);
   auto self = std::make_shared<HWND>();
+  auto picking = std::make_shared<bool>(false);
   HWND box = host.NewControl(
       WC_COMBOBOXW, CBS_DROPDOWN | CBS_AUTOHSCROLL | WS_VSCROLL | WS_TABSTOP, parent,
-      [&model, self, quiet](WORD code) {
+      [&host, &model, self, quiet, picking](WORD code) {
         if (*quiet) return;
         if (code == CBN_EDITCHANGE) model.SetText(Narrow(WindowText(*self)));
-        if (code == CBN_SELENDOK) {
-          const LRESULT index = SendMessageW(*self, CB_GETCURSEL, 0, 0);
-          if (index >= 0) model.Pick(static_cast<std::size_t>(index));
+        // A pick from the open list ends with SELENDOK; an arrow key in the
+        // closed box changes the selection, and may report both: one pick.
+        const bool closed = SendMessageW(*self, CB_GETDROPPEDSTATE, 0, 0) == FALSE;
+        if ((code == CBN_SELENDOK || (code == CBN_SELCHANGE && closed)) && !*picking) {
+          *picking = true;
+          // The pick's rule may refill this very box, or open a dialog.
+          host.Later([&model, self, picking] {
+            *picking = false;
+            const LRESULT index = SendMessageW(*self, CB_GETCURSEL, 0, 0);
+            if (index >= 0) model.Pick(static_cast<std::size_t>(index));
+          });
         }
       });
   *self = box;

@@ -25,17 +25,25 @@ DropData ReadDrop(HDROP drop) {
 bool LandsOnControl(HWND target, HDROP drop) {
   POINT point{};
   DragQueryPoint(drop, &point);
-  const HWND hit = ChildWindowFromPointEx(target, point, CWP_SKIPINVISIBLE | CWP_SKIPTRANSPARENT);
-  if (hit == nullptr || hit == target) return false;
-  wchar_t name[32] = {};
-  GetClassNameW(hit, name, 32);
-  // Labels, frames and the list let a drop through to the page; other
-  // controls take it.
-  if (std::wcscmp(name, L"Static") == 0 || std::wcscmp(name, L"SysListView32") == 0) return false;
-  if (std::wcscmp(name, L"Button") == 0) {
-    return (GetWindowLongW(hit, GWL_STYLE) & BS_TYPEMASK) != BS_GROUPBOX;
+  // Frames lie under the controls they hold, so every child at the point
+  // counts, not only the first.
+  for (HWND child = GetWindow(target, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
+    RECT box;
+    GetWindowRect(child, &box);
+    MapWindowPoints(nullptr, target, reinterpret_cast<POINT*>(&box), 2);
+    if (!IsWindowVisible(child) || !PtInRect(&box, point)) continue;
+    wchar_t name[32] = {};
+    GetClassNameW(child, name, 32);
+    // Labels, frames and the list let a drop through to the page; other
+    // controls take it.
+    if (std::wcscmp(name, L"Static") == 0 || std::wcscmp(name, L"SysListView32") == 0) continue;
+    if (std::wcscmp(name, L"Button") == 0 &&
+        (GetWindowLongW(child, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX) {
+      continue;
+    }
+    return true;
   }
-  return true;
+  return false;
 }
 
 }  // namespace tessaly::win32

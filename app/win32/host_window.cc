@@ -9,6 +9,7 @@ namespace tessaly::win32 {
 namespace {
 
 constexpr wchar_t kClassName[] = L"TessalyWindow";
+constexpr UINT kRunLater = WM_APP + 10;
 
 void RegisterOnce(WNDPROC procedure) {
   static const bool registered = [procedure] {
@@ -68,6 +69,11 @@ HWND HostWindow::NewControl(const wchar_t* className, DWORD style, HWND parent,
 
 void HostWindow::OnNotify(HWND control, std::function<LRESULT(NMHDR&)> handler) {
   notifications_[control] = std::move(handler);
+}
+
+void HostWindow::Later(std::function<void()> action) {
+  later_.push_back(std::move(action));
+  PostMessageW(hwnd_, kRunLater, 0, 0);
 }
 
 void HostWindow::SetFontRole(HWND control, FontRole role) {
@@ -200,6 +206,12 @@ std::optional<LRESULT> HostWindow::Common(HWND window, UINT message, WPARAM wPar
   }
   if (window != hwnd_) return std::nullopt;
   switch (message) {
+    case kRunLater: {
+      std::vector<std::function<void()>> due;
+      due.swap(later_);
+      for (const auto& action : due) action();
+      return 0;
+    }
     case WM_SIZE:
       Relayout();
       return 0;

@@ -45,6 +45,10 @@ class HostWindow {
                   std::function<void(WORD code)> onCommand = {},
                   FontRole role = FontRole::kNormal);
   void OnNotify(HWND control, std::function<LRESULT(NMHDR&)> handler);
+  // Runs `action` once the message being handled is done with: for a
+  // model's rule that may change the control that reports, inside whose
+  // own handling the report comes.
+  void Later(std::function<void()> action);
   void SetFontRole(HWND control, FontRole role);
   // Text and background of a static control or panel.
   void SetColours(HWND control, COLORREF text, COLORREF background);
@@ -83,6 +87,7 @@ class HostWindow {
   int nextId_ = 100;
   int defaultId_ = 0;
   std::map<int, std::function<void(WORD)>> commands_;
+  std::vector<std::function<void()>> later_;
   std::map<HWND, std::function<LRESULT(NMHDR&)>> notifications_;
   std::map<HWND, FontRole> roles_;
   struct Colours {
