@@ -1,0 +1,169 @@
+#include "realise.h"
+
+#include <commctrl.h>
+
+#include "bindings.h"
+#include "list_view.h"
+#include "platform/win32/utf16.h"
+#include "rich_edit_view.h"
+
+namespace tessaly::win32 {
+
+namespace {
+
+using layout::Kind;
+using layout::Look;
+
+template <typename T>
+T& ModelOf(const layout::Item& item) {
+  return *std::get<T*>(item.model);
+}
+
+}  // namespace
+
+Node Realiser::Realise(const layout::Item& item, HWND parent) {
+  Node node;
+  node.item = &item;
+  if (item.kind == Kind::kProgress) {
+    node.window = MakeProgress(item, parent, node);
+    return node;
+  }
+  node.window = MakeWindow(item, parent);
+  if (node.window != nullptr) Dress(item, node.window);
+  const HWND inside = item.kind == Kind::kPanel ? node.window : parent;
+  const bool sheet = item.kind == Kind::kPanel && item.look == Look::kSheet;
+  sheets_ += sheet ? 1 : 0;
+  for (const layout::Item& child : item.children) node.children.push_back(Realise(child, inside));
+  sheets_ -= sheet ? 1 : 0;
+  return node;
+}
+
+HWND Realiser::MakeWindow(const layout::Item& item, HWND parent) {
+  switch (item.kind) {
+    case Kind::kBox:
+    case Kind::kSpace:
+    case Kind::kStretch:
+      return nullptr;
+    case Kind::kFrame: {
+      if (const auto* title = std::get_if<Label*>(&item.model)) {
+        return NewFrame(host_, parent, **title, item.keys);
+      }
+      HWND frame = host_.NewControl(WC_BUTTONW, BS_GROUPBOX, parent);
+      SetWindowTextW(frame, Widen(layout::WithMnemonic(item.text, item.keys)).c_str());
+      return frame;
+    }
+    case Kind::kPanel: {
+      HWND panel = host_.NewPanel(parent);
+      if (const auto* shownBy = std::get_if<Label*>(&item.model)) {
+        BindEnabledVisible(host_, **shownBy, panel);
+      }
+      return panel;
+    }
+    case Kind::kText:
+    case Kind::kPathText:
+    case Kind::kCaption:
+      return MakeText(item, parent);
+    case Kind::kButton:
+      return NewButton(host_, parent, ModelOf<CommandButton>(item), item.keys);
+    case Kind::kCheckBox:
+      return NewCheckBox(host_, parent, ModelOf<CheckBox>(item), item.keys);
+    case Kind::kOption:
+      return NewOption(host_, parent, ModelOf<OptionButton>(item), item.keys);
+    case Kind::kComboBox:
+      return NewComboBox(host_, parent, ModelOf<ComboBox>(item));
+    case Kind::kTextBox:
+      return NewLineEdit(host_, parent, ModelOf<TextBox>(item));
+    case Kind::kExample:
+      return NewReadOnlyText(host_, parent, ModelOf<TextBox>(item));
+    case Kind::kFileList:
+      return NewListView(host_, parent, ModelOf<ListBox>(item), ListKind::kSelectable, item.shownPath);
+    case Kind::kCheckList:
+      return NewListView(host_, parent, ModelOf<ListBox>(item), ListKind::kCheckable);
+    case Kind::kRichText:
+      return NewRichEditView(host_, parent, ModelOf<RichTextBox>(item));
+    case Kind::kLine:
+      return host_.NewControl(WC_STATICW, SS_ETCHEDHORZ, parent);
+    case Kind::kProgress:
+      return nullptr;
+  }
+  return nullptr;
+}
+
+HWND Realiser::MakeText(const layout::Item& item, HWND parent) {
+  HWND text = nullptr;
+  if (item.kind == Kind::kPathText) {
+    text = NewPathLabel(host_, parent, ModelOf<Label>(item), item.shownPath);
+  } else if (item.kind == Kind::kCaption) {
+    if (Control* control = layout::ControlOf(item.model)) {
+      text = NewCaptionOf(host_, parent, *control, item.keys);
+    } else {
+      text = NewCaption(host_, parent, layout::WithMnemonic(item.text, item.keys));
+    }
+    if (!item.buddy.empty()) buddies_[text] = item.buddy;
+  } else {
+    const LabelStyle style = item.look == Look::kStep ? LabelStyle::kStep : LabelStyle::kPlain;
+    text = NewLabel(host_, parent, ModelOf<Label>(item), style);
+  }
+  LONG style = GetWindowLongW(text, GWL_STYLE) & ~SS_TYPEMASK;
+  style |= item.align == layout::Align::kCentre  ? SS_CENTER
+           : item.align == layout::Align::kRight ? SS_RIGHT
+           : item.wrap                           ? SS_LEFT
+                                                 : SS_LEFTNOWORDWRAP;
+  if (item.kind == Kind::kPathText) style = (style & ~SS_TYPEMASK) | SS_LEFTNOWORDWRAP;
+  SetWindowLongW(text, GWL_STYLE, style);
+  return text;
+}
+
+HWND Realiser::MakeProgress(const layout::Item& item, HWND parent, Node& node) {
+  // The trough and its bar are one progress bar; the percentage is under it.
+  HWND bar = host_.NewControl(PROGRESS_CLASSW, PBS_SMOOTH, parent);
+  named_[item.name] = bar;
+  Label& total = ModelOf<Label>(item);
+  Label& current = ModelOf<Label>(item.children.at(0));
+  const auto draw = [bar, &total, &current] {
+    SendMessageW(bar, PBM_SETRANGE32, 0, total.width());
+    SendMessageW(bar, PBM_SETPOS, current.width(), 0);
+  };
+  Follow(total.changed, host_, draw);
+  Follow(current.changed, host_, draw);
+  node.children.push_back(Node{&item.children[0], nullptr, {}});
+  node.children.push_back(Realise(item.children.at(1), parent));
+  return bar;
+}
+
+void Realiser::Dress(const layout::Item& item, HWND window) {
+  if (!item.name.empty()) named_[item.name] = window;
+  if (!item.tooltip.empty()) host_.AddTip(window, Widen(item.tooltip));
+  switch (item.look) {
+    case Look::kBold:
+      host_.SetFontRole(window, FontRole::kBold);
+      break;
+    case Look::kTitle:
+      host_.SetFontRole(window, FontRole::kHeading);
+      break;
+    case Look::kBand:
+      host_.SetFontRole(window, FontRole::kBold);
+      host_.SetColours(window, GetSysColor(COLOR_HIGHLIGHTTEXT), GetSysColor(COLOR_HIGHLIGHT));
+      break;
+    case Look::kSheet:
+      host_.SetColours(window, GetSysColor(COLOR_WINDOWTEXT), GetSysColor(COLOR_WINDOW));
+      break;
+    default:
+      // Texts on a sheet take its colours.
+      if (sheets_ > 0) host_.SetColours(window, GetSysColor(COLOR_WINDOWTEXT), GetSysColor(COLOR_WINDOW));
+      break;
+  }
+}
+
+void Realiser::PlaceCaptionsBeforeBuddies() {
+  for (const auto& [caption, buddy] : buddies_) {
+    const auto found = named_.find(buddy);
+    if (found == named_.end() || GetParent(found->second) != GetParent(caption)) continue;
+    HWND before = GetWindow(found->second, GW_HWNDPREV);
+    if (before == caption) continue;
+    SetWindowPos(caption, before != nullptr ? before : HWND_TOP, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  }
+}
+
+}  // namespace tessaly::win32

@@ -1,0 +1,192 @@
+#include "window_driver.h"
+
+#include <commctrl.h>
+#include <richedit.h>
+#include <commdlg.h>
+#include <shellapi.h>
+#include <shlobj.h>
+
+#include <cstring>
+#include <cwchar>
+
+#include <gtest/gtest.h>
+
+#include "message_pump.h"
+
+namespace tessaly::win32::testing {
+
+MessageAnswer WatchingUi::MessageBox(std::string_view text, MessageButtons buttons,
+                                     std::string_view title) {
+  asked.push_back(std::string(title) + ": " + std::string(text));
+  if (buttons == MessageButtons::kOk) return MessageAnswer::kOk;
+  if (answers.empty()) return MessageAnswer::kCancel;
+  const MessageAnswer answer = answers.front();
+  answers.erase(answers.begin());
+  return answer;
+}
+
+void Settle() {
+  MessagePump pump;
+  // Refreshes wait a few tens of milliseconds while changes keep coming.
+  for (int round = 0; round < 200; ++round) {
+    pump.RunWaiting();
+    if (MsgWaitForMultipleObjects(0, nullptr, FALSE, 80, QS_ALLINPUT) == WAIT_TIMEOUT) return;
+  }
+}
+
+namespace {
+
+std::wstring ClassOf(HWND window) {
+  wchar_t name[64] = {};
+  GetClassNameW(window, name, 64);
+  return name;
+}
+
+HWND EditOf(HWND box) {
+  if (ClassOf(box) != WC_COMBOBOXW) return box;
+  COMBOBOXINFO info{};
+  info.cbSize = sizeof(info);
+  GetComboBoxInfo(box, &info);
+  return info.hwndItem;
+}
+
+}  // namespace
+
+void Click(HWND control) {
+  ASSERT_NE(control, nullptr);
+  if (ClassOf(control) == WC_STATICW) {
+    SendMessageW(control, WM_LBUTTONDOWN, MK_LBUTTON, 0);
+    SendMessageW(control, WM_LBUTTONUP, 0, 0);
+  } else {
+    SendMessageW(control, BM_CLICK, 0, 0);
+  }
+  Settle();
+}
+
+void PressKey(HWND window, UINT key) {
+  PostMessageW(window, WM_KEYDOWN, key, 1);
+  PostMessageW(window, WM_KEYUP, key, 0xC0000001);
+  Settle();
+}
+
+void TypeOver(HWND box, const std::wstring& text) {
+  const HWND edit = EditOf(box);
+  SendMessageW(edit, EM_SETSEL, 0, -1);
+  SendMessageW(edit, WM_CHAR, VK_BACK, 1);
+  for (const wchar_t c : text) SendMessageW(edit, WM_CHAR, c, 1);
+  Settle();
+}
+
+void DropFiles(HWND target, const std::vector<std::wstring>& paths, POINT where) {
+  std::wstring list;
+  for (const std::wstring& path : paths) list += path + L'\0';
+  list += L'\0';
+  const SIZE_T bytes = sizeof(DROPFILES) + list.size() * sizeof(wchar_t);
+  HGLOBAL memory = GlobalAlloc(GHND, bytes);
+  auto* drop = static_cast<DROPFILES*>(GlobalLock(memory));
+  drop->pFiles = sizeof(DROPFILES);
+  drop->pt = where;
+  drop->fWide = TRUE;
+  std::memcpy(reinterpret_cast<char*>(drop) + sizeof(DROPFILES), list.data(), list.size() * sizeof(wchar_t));
+  GlobalUnlock(memory);
+  PostMessageW(target, WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
+  Settle();
+}
+
+POINT CentreIn(HWND control, HWND target) {
+  RECT box;
+  GetWindowRect(control, &box);
+  POINT centre{(box.left + box.right) / 2, (box.top + box.bottom) / 2};
+  ScreenToClient(target, &centre);
+  return centre;
+}
+
+std::wstring TextOf(HWND window) {
+  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+  text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+  return text;
+}
+
+std::vector<std::wstring> Rows(HWND listView) {
+  std::vector<std::wstring> rows;
+  const auto count = static_cast<int>(SendMessageW(listView, LVM_GETITEMCOUNT, 0, 0));
+  for (int row = 0; row < count; ++row) {
+    wchar_t text[1024] = {};
+    LVITEMW item{};
+    item.pszText = text;
+    item.cchTextMax = 1024;
+    SendMessageW(listView, LVM_GETITEMTEXTW, row, reinterpret_cast<LPARAM>(&item));
+    rows.emplace_back(text);
+  }
+  return rows;
+}
+
+bool RowChecked(HWND listView, int row) {
+  const auto state = static_cast<UINT>(SendMessageW(listView, LVM_GETITEMSTATE, row, LVIS_STATEIMAGEMASK));
+  return (state & LVIS_STATEIMAGEMASK) == INDEXTOSTATEIMAGEMASK(2);
+}
+
+void SelectRow(HWND listView, int row) {
+  LVITEMW item{};
+  item.state = LVIS_SELECTED | LVIS_FOCUSED;
+  item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+  SendMessageW(listView, LVM_SETITEMSTATE, row, reinterpret_cast<LPARAM>(&item));
+  Settle();
+}
+
+std::wstring RichText(HWND richEdit) {
+  GETTEXTLENGTHEX length{GTL_DEFAULT, 1200};
+  const auto units = SendMessageW(richEdit, EM_GETTEXTLENGTHEX, reinterpret_cast<WPARAM>(&length), 0);
+  std::wstring text(static_cast<std::size_t>(units) + 1, L'\0');
+  GETTEXTEX get{static_cast<DWORD>(text.size() * sizeof(wchar_t)), GT_DEFAULT, 1200, nullptr, nullptr};
+  const auto got = SendMessageW(richEdit, EM_GETTEXTEX, reinterpret_cast<WPARAM>(&get),
+                                reinterpret_cast<LPARAM>(text.data()));
+  text.resize(static_cast<std::size_t>(got));
+  return text;
+}
+
+COLORREF ColourOf(HWND richEdit, const std::wstring& text) {
+  FINDTEXTEXW find{{0, -1}, text.c_str(), {0, 0}};
+  if (SendMessageW(richEdit, EM_FINDTEXTEXW, FR_DOWN, reinterpret_cast<LPARAM>(&find)) < 0) {
+    ADD_FAILURE() << "the text is not in the view";
+    return CLR_INVALID;
+  }
+  SendMessageW(richEdit, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&find.chrgText));
+  CHARFORMAT2W format{};
+  format.cbSize = sizeof(format);
+  format.dwMask = CFM_COLOR;
+  SendMessageW(richEdit, EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
+  if (!(format.dwMask & CFM_COLOR)) return CLR_INVALID;  // more than one colour
+  return (format.dwEffects & CFE_AUTOCOLOR) ? RGB(0, 0, 0) : format.crTextColor;
+}
+
+namespace {
+
+std::function<void()> modalCheck;
+
+void CALLBACK OnModalTimer(HWND, UINT, UINT_PTR timer, DWORD) {
+  if (modalCheck) modalCheck();
+  (void)timer;
+}
+
+}  // namespace
+
+void WhenModalOpens(WatchingUi& ui, std::function<void(DialogWindow&)> action) {
+  const ULONGLONG deadline = GetTickCount64() + 10'000;
+  // Polls, since the modal loop starts only after the call that opens it.
+  const UINT_PTR timer = SetTimer(nullptr, 0, 10, &OnModalTimer);
+  modalCheck = [&ui, action, deadline, timer] {
+    DialogWindow* modal = ui.modalWindow();
+    if (modal == nullptr && GetTickCount64() < deadline) return;
+    KillTimer(nullptr, timer);
+    const auto run = action;
+    modalCheck = nullptr;
+    if (modal == nullptr) {
+      ADD_FAILURE() << "no modal dialog opened";
+      return;
+    }
+    run(*modal);
+  };
+}
+
+}  // namespace tessaly::win32::testing
