@@ -90,7 +90,8 @@ int RunWizard(cli::WizardInput input, const cli::Request& request) {
 
   auto form = std::make_unique<fTessaly>(
       WizardServices{fileSystem, store, ui, *machine.clock, *machine.locale, *machine.random,
-                     *program, *machine.shell, *machine.network, *shortPaths});
+                     *program, *machine.shell, *machine.network, *shortPaths,
+                     machine.journals.get()});
   if (input.raw) {
     StartWizard(*form, ui);
   } else {

@@ -50,7 +50,7 @@ int main(int argc, char** argv) {
 
   fTessaly form(WizardServices{fileSystem, store, ui, *machine.clock, *machine.locale,
                                *machine.random, *program, *machine.shell, *machine.network,
-                               *shortPaths});
+                               *shortPaths, machine.journals.get()});
   // Cancel, the close box or "/exit" end the program at once, also in the
   // middle of a loop: the loop stops at its next file, and the event loop
   // it runs under returns.

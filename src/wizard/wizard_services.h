@@ -9,6 +9,7 @@
 #include "platform/network_status.h"
 #include "platform/program_info.h"
 #include "platform/random.h"
+#include "platform/run_journals.h"
 #include "platform/shell.h"
 #include "platform/short_path.h"
 #include "platform/ui.h"
@@ -29,6 +30,8 @@ struct WizardServices {
   Shell& shell;
   NetworkStatus& network;
   ShortPaths& shortPaths;
+  // Where rename runs keep their journals; none: runs are not recorded.
+  RunJournals* journals = nullptr;
   // What the platform puts behind a program's name (".exe" on the
   // desktop platform, nothing on POSIX), for the product record.
   std::string_view programExtension = "";
