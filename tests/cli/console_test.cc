@@ -21,7 +21,8 @@ using Kind = Request::Kind;
 using Words = std::vector<std::string>;
 
 // A request in one line: "help", "version", "error", or the options set
-// (n: dry run, j: JSON, 0: NUL-separated), "<" and the list of files, each
+// (n: dry run, j: JSON, 0: NUL-separated, u: undo, l: list runs), "<" and
+// the list of files, each
 // word left in brackets, and "|" and the command-line text.
 std::string Summary(const Request& r) {
   if (r.kind != Kind::kRun) {
@@ -29,6 +30,7 @@ std::string Summary(const Request& r) {
   }
   std::string text = r.dryRun ? "n" : "";
   text += std::string(r.json ? "j" : "") + (r.nulSeparated ? "0" : "");
+  text += std::string(r.undo ? "u" : "") + (r.listRuns ? "l" : "");
   if (r.filesFrom) text += " <" + *r.filesFrom;
   for (const std::string& word : r.words) text += " [" + word + "]";
   if (r.commandLine) text += " |" + *r.commandLine;
@@ -49,6 +51,7 @@ TEST(ReadArguments, OptionsAndWhatTheyLeave) {
       {{"-x"}, "error"}, {{"--bogus"}, "error"}, {{"--files-from"}, "error"},
       {{"--command-line", "x", "/exit"}, "error"}, {{"a.txt", "--command-line", "x"}, "error"},
       {{"--files-from", "list", "--command-line", "x"}, "error"},
+      {{"-n", "--undo", "--json", "RUN"}, "nju [RUN]"}, {{"--list-runs"}, "l"},
   };
   for (const auto& [words, summary] : cases) EXPECT_EQ(Summary(ReadArguments(words)), summary);
   EXPECT_EQ(ReadArguments({"--lower"}).error, "unknown option '--lower' (for a file of that name, "
@@ -65,6 +68,7 @@ TEST(ReadWholeCommandLine, OptionsComeOffTheFrontAndTheRestStaysAsItIs) {
       {"-0 --files-from \"C:\\my list\" /step:4", "0 <C:\\my list |/step:4"},
       {"--version C:\\a.txt", "version"},
       {"-h", "help"}, {"-x a.txt", "error"}, {"--command-line a.txt", "error"},
+      {"--undo  RUN ", "u |RUN "},
   };
   for (const auto& [text, summary] : cases) EXPECT_EQ(Summary(ReadWholeCommandLine(text)), summary);
 }
