@@ -13,6 +13,7 @@
 #include "platform/posix/shell_words.h"
 #include "progress_printer.h"
 #include "terminal_ui.h"
+#include "undo_command.h"
 
 namespace tessaly::cli {
 namespace {
@@ -54,6 +55,15 @@ TEST(ReadArguments, OptionsAndWhatTheyLeave) {
       {{"-n", "--undo", "--json", "RUN"}, "nju [RUN]"}, {{"--list-runs"}, "l"},
   };
   for (const auto& [words, summary] : cases) EXPECT_EQ(Summary(ReadArguments(words)), summary);
+  // --undo takes one run's name at most, --list-runs nothing.
+  const std::pair<Words, bool> runs[] = {
+      {{"--undo"}, true}, {{"--undo", "RUN"}, true}, {{"--list-runs", "--json"}, true},
+      {{"--undo", "a", "b"}, false}, {{"--list-runs", "a"}, false}, {{"--undo", "--list-runs"}, false},
+      {{"--undo", "--files-from", "list"}, false}, {{"--undo", "--", "RUN"}, false},
+  };
+  for (const auto& [words, fine] : runs) {
+    EXPECT_EQ(!RunsRequestProblem(ReadArguments(words)), fine) << words.back();
+  }
   EXPECT_EQ(ReadArguments({"--lower"}).error, "unknown option '--lower' (for a file of that name, "
                                               "write ./--lower or put it behind --)");
 }
