@@ -43,7 +43,9 @@ std::vector<RunSummary> RunHistory(RunJournals& journals) {
 
 const RunSummary* LastRunToUndo(const std::vector<RunSummary>& history) {
   for (auto run = history.rbegin(); run != history.rend(); ++run) {
-    if (!run->content.undo && run->state != RunSummary::State::kUndone) return &*run;
+    if (!run->content.undo && run->state != RunSummary::State::kUndone && run->files > 0) {
+      return &*run;
+    }
   }
   return nullptr;
 }

@@ -28,8 +28,8 @@ struct RunSummary {
 // Every kept journal that can be read, oldest first.
 std::vector<RunSummary> RunHistory(RunJournals& journals);
 
-// The newest rename run (not an undo) that has not been undone; nothing
-// if there is none.
+// The newest rename run (not an undo) that has not been undone and may
+// have changed a file; nothing if there is none.
 const RunSummary* LastRunToUndo(const std::vector<RunSummary>& history);
 
 // The run named `name`, or null.

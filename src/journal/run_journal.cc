@@ -86,7 +86,8 @@ void RunJournal::Deleted(bool done) {
 }
 
 void RunJournal::Finish() {
-  if (!file_) return;
+  // An undo that moved nothing is kept all the same: its run counts as undone.
+  if (!file_ && undoes_.empty()) return;
   journal::AppendLine(pending_, {journal::kEnd});
   Write();
 }

@@ -18,8 +18,9 @@ inline constexpr std::size_t kJournalsKept = 50;
 // The journal of one run, written as the run changes the disk: each change
 // is recorded before it is made and its result after, so a journal cut off
 // at any point names every change that may have taken place. The journal
-// is made at the first change (a run that changes nothing leaves none) and
-// named by the run's start time. A result goes out with the record that
+// is made at the first change (a run that changes nothing leaves none; an
+// undo that goes to its end always leaves one) and named by the run's
+// start time. A result goes out with the record that
 // follows it (or at the end), so a change costs one write. Writing never
 // stops the run: after the first record that cannot be written, nothing
 // more is recorded.

@@ -116,7 +116,8 @@ class Undoer {
     if (Deleted(left.version)) return UndoOutcome::kOverwritten;
     const std::optional<FileVersion> now = files_.VersionOf(left.path);
     if (!now) {
-      if (files_.IdentityOf(left.origin) == left.version.identity) return std::nullopt;
+      const std::optional<FileVersion> back = files_.VersionOf(left.origin);
+      if (back && back->identity == left.version.identity) return std::nullopt;
       return UndoOutcome::kMissing;
     }
     if (left.exact ? *now != left.version : !MovedFrom(*now, left.version)) {

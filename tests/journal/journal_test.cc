@@ -183,20 +183,29 @@ TEST_F(UndoTest, AnUndoIsARunThatCanBeUndoneAndTheListSaysWhatBecameOfEach) {
   EXPECT_THAT(log.text(), HasSubstr("2 files to take back from the run 2026-11-18_14-02-09."));
   EXPECT_THAT(log.text(), HasSubstr("14:02:09 - C:\\u\\...\\b > C:\\u\\...\\a.txt (Restored)\r\n"));
   EXPECT_THAT(log.text(), HasSubstr("\r\n1 files were restored.\r\n1 files could not be restored."));
-  // The undo of the undo puts the file back under its new name.
-  EXPECT_THAT(Undo("2026-11-18_14-02-09_02"), ElementsAre("C:\\u\\a.txt > C:\\u\\b (Restored)"));
-  EXPECT_EQ(Disk(), (std::vector<std::string>{"C:\\u\\b=C:\\u\\a.txt", "C:\\u\\b.temp=C:\\u\\c.txt",
-                                              "C:\\u\\c.txt=theirs"}));
+  // Named again once the old name is free, it takes back what is left; a
+  // file back already is left alone, and an undo with nothing to move is
+  // kept all the same.
+  files.Remove("C:\\u\\c.txt");
+  EXPECT_THAT(Undo(run), ElementsAre("C:\\u\\b.temp > C:\\u\\c.txt (Restored)"));
+  EXPECT_THAT(Undo(run), ::testing::IsEmpty());
+  // The undo of the first undo puts a back under its new name.
+  EXPECT_THAT(Undo(run + "_02"), ElementsAre("C:\\u\\a.txt > C:\\u\\b (Restored)"));
+  EXPECT_EQ(Disk(), (std::vector<std::string>{"C:\\u\\b=C:\\u\\a.txt", "C:\\u\\c.txt=C:\\u\\c.txt"}));
+  // A run whose one move failed has nothing to take back.
+  files.FailNextRename();
+  Run({"C:\\u\\x.txt"}, "y", false);
   std::string states;
   for (const RunSummary& summary : RunHistory(world.journals)) {
-    if (summary.name.starts_with("2026")) states += summary.name.substr(19) + ":" + std::to_string(summary.files) + ":" + std::string(StateWord(summary.state)) + " ";
+    if (!summary.name.starts_with("2026")) continue;
+    states += summary.name.substr(19) + ":" + std::to_string(summary.files) + ":" +
+              std::string(StateWord(summary.state)) + " ";
   }
-  // The run counts as done again, since its undo was taken back.
-  EXPECT_EQ(states, ":2:complete _02:1:undone _03:1:complete ");
-  EXPECT_EQ(LastRunToUndo(RunHistory(world.journals))->name, run);
+  EXPECT_EQ(states, ":2:undone _02:1:undone _03:1:complete _04:0:complete _05:1:complete _06:0:complete ");
+  EXPECT_EQ(LastRunToUndo(RunHistory(world.journals)), nullptr);
   // A run cut short shows as such.
   LastJournal().erase(LastJournal().rfind("end"));
-  EXPECT_EQ(FindRun(RunHistory(world.journals), run)->state, RunSummary::State::kInterrupted);
+  EXPECT_EQ(FindRun(RunHistory(world.journals), run + "_06")->state, RunSummary::State::kInterrupted);
 }
 
 // A journal that cannot be written changes nothing in the run: the run
