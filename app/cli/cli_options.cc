@@ -53,6 +53,10 @@ Taken TakeLong(std::string_view word, const std::string* next, Request& request)
     request.json = true;
   } else if (word == "--null") {
     request.nulSeparated = true;
+  } else if (word == "--undo") {
+    request.undo = true;
+  } else if (word == "--list-runs") {
+    request.listRuns = true;
   } else if (word.starts_with(kFilesFromIs)) {
     request.filesFrom = std::string(word.substr(kFilesFromIs.size()));
   } else if (word == "--files-from" || word == "--command-line") {

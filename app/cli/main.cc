@@ -15,6 +15,7 @@
 #include "terminal.h"
 #include "terminal_ui.h"
 #include "text/visible_text.h"
+#include "undo_command.h"
 #include "usage_text.h"
 #include "visible_paths_file_system.h"
 #include "wizard/tessaly_form.h"
@@ -96,6 +97,10 @@ int main(int argc, char** argv) {
       return RefuseUsage(request->error);
     case cli::Request::Kind::kRun:
       break;
+  }
+  if (cli::AsksForRuns(*request)) {
+    if (const auto problem = cli::RunsRequestProblem(*request)) return RefuseUsage(*problem);
+    return cli::RunRunsRequest(*request, OutputColours());
   }
   std::string refusal;
   std::optional<cli::WizardInput> input = cli::InputFor(*request, refusal);

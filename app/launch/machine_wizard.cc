@@ -25,7 +25,7 @@ MachineWizard::MachineWizard(Ui& ui, WizardInput input, const Layers& layers)
       shortPaths_(machine::MakeShortPaths(fileSystem())),
       form_(std::make_unique<fTessaly>(WizardServices{
           fileSystem(), store_, ui, *machine_.clock, *machine_.locale, *machine_.random, *program_,
-          *machine_.shell, *machine_.network, *shortPaths_})) {}
+          *machine_.shell, *machine_.network, *shortPaths_, machine_.journals.get()})) {}
 
 void MachineWizard::Start() {
   StartWizard(*form_, ui_, std::move(input_.files), input_.commandLine);

@@ -32,3 +32,5 @@ complete -c tessaly-cli -s n -l dry-run -d 'Show what would happen, rename nothi
 complete -c tessaly-cli -l json -d 'Print the change log as JSON Lines'
 complete -c tessaly-cli -l files-from -r -F -d 'Read the files from a file, - for standard input'
 complete -c tessaly-cli -s 0 -l null -d 'Names read by --files-from are NUL-separated'
+complete -c tessaly-cli -l undo -d 'Take back the last run, or the run named'
+complete -c tessaly-cli -l list-runs -d 'List the kept runs and their states'

@@ -14,6 +14,7 @@
 #include "platform/program_info.h"
 #include "platform/random.h"
 #include "platform/registry.h"
+#include "platform/run_journals.h"
 #include "platform/shell.h"
 #include "platform/short_path.h"
 #include "platform/working_folder.h"
@@ -34,6 +35,7 @@ struct Services {
   std::unique_ptr<RandomGenerator> random;
   std::unique_ptr<Shell> shell;
   std::unique_ptr<NetworkStatus> network;
+  std::unique_ptr<RunJournals> journals;
 };
 Services MakeServices();
 

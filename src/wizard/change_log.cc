@@ -107,12 +107,12 @@ std::string LogTime(const CivilDateTime& now, const Locale& locale) {
 void ChangeLog::WriteHead(std::size_t fileCount, long boxWidth) {
   box_.SetRightMargin(boxWidth * 4);
   const CivilDateTime now = clock_.Now();
-  std::string head = "Renaming Started at: " + LogDate(now.date, locale_) + " - " +
-                     LogTime(now, locale_) + std::string(kLineEnd);
+  std::string head = words_.started + LogDate(now.date, locale_) + " - " + LogTime(now, locale_) +
+                     std::string(kLineEnd);
   head += kLineEnd;
-  head += std::to_string(fileCount) + " total files." + std::string(kLineEnd);
+  head += std::to_string(fileCount) + words_.fileCount + std::string(kLineEnd);
   head += kLineEnd;
-  head += "Renamed Files - Log:" + std::string(kLineEnd);
+  head += words_.heading + std::string(kLineEnd);
   box_.SetText(std::move(head));
   box_.SetSelStart(box_.Length());
 }
@@ -127,8 +127,8 @@ std::string ChangeLog::FolderPiece(std::string_view path) {
   return paths_.Shown(piece);
 }
 
-void ChangeLog::WriteFileLine(std::string_view oldPath, std::string_view newPath,
-                              Outcome outcome) {
+void ChangeLog::WriteLine(std::string_view oldPath, std::string_view newPath,
+                          std::string_view outcome, Rgb colour) {
   const std::size_t start = box_.selStart();
   std::string line;
   line.reserve(oldPath.size() + newPath.size() + 64);
@@ -138,34 +138,32 @@ void ChangeLog::WriteFileLine(std::string_view oldPath, std::string_view newPath
   line += " > ";
   line += FolderPiece(newPath);
   line += ' ';
-  line += OutcomeText(outcome);
+  line += outcome;
   line += kLineEnd;
   box_.SetSelText(line);
   const std::size_t end = box_.selStart();
   box_.SetSelStart(start);
   box_.SetSelLength(end - start);
-  box_.SetSelColor(OutcomeColour(outcome));
+  box_.SetSelColor(colour);
   box_.SetSelLength(0);
   box_.SetSelStart(end);
 }
 
 void ChangeLog::WriteFoot(const RunCounters& counters) {
+  WriteFoot({{counters.RenamedCount, " files where renamed successfully."},
+             {counters.ErrorCount, " files where renamed but with errors."},
+             {counters.UnchangedCount, " files remain unchanged."},
+             {counters.FailedCount, " files failed to be renamed."}});
+}
+
+void ChangeLog::WriteFoot(std::initializer_list<SummaryCount> summary) {
   std::string foot(kLineEnd);
-  if (counters.RenamedCount > 0) {
-    foot += SummaryLine(counters.RenamedCount, " files where renamed successfully.");
-  }
-  if (counters.ErrorCount > 0) {
-    foot += SummaryLine(counters.ErrorCount, " files where renamed but with errors.");
-  }
-  if (counters.UnchangedCount > 0) {
-    foot += SummaryLine(counters.UnchangedCount, " files remain unchanged.");
-  }
-  if (counters.FailedCount > 0) {
-    foot += SummaryLine(counters.FailedCount, " files failed to be renamed.");
+  for (const SummaryCount& line : summary) {
+    if (line.count > 0) foot += SummaryLine(line.count, line.words);
   }
   box_.SetSelText(foot);
   const CivilDateTime now = clock_.Now();
-  box_.SetSelText(std::string(kLineEnd) + std::string(kLineEnd) + "Renaming Completed at: " +
+  box_.SetSelText(std::string(kLineEnd) + std::string(kLineEnd) + words_.completed +
                   LogDate(now.date, locale_) + " - " + LogTime(now, locale_));
 }
 

@@ -2,6 +2,7 @@
 #define TESSALY_WIZARD_CHANGE_LOG_H_
 
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -42,20 +43,43 @@ struct RunCounters {
 std::string LogDate(const CivilDate& date, const Locale& locale);
 std::string LogTime(const CivilDateTime& now, const Locale& locale);
 
+// The width of a log box in twips, the base of its right margin.
+inline constexpr long kLogBoxWidth = 7935;
+
+// The words around a log's lines: a rename run's unless told otherwise.
+struct LogWords {
+  std::string started = "Renaming Started at: ";
+  std::string fileCount = " total files.";
+  std::string heading = "Renamed Files - Log:";
+  std::string completed = "Renaming Completed at: ";
+};
+
+// One line of a log's summary: a count and the words behind it.
+struct SummaryCount {
+  std::int32_t count = 0;
+  std::string_view words;
+};
+
 // Writes the change log of a run into a rich text box: head, one coloured
 // line per file, foot. The box is only ever written at its insertion point.
 class ChangeLog {
  public:
   // `paths` gives the form in which a person reads a path.
   ChangeLog(RichTextBox& box, const Clock& clock, const Locale& locale, Ui& ui,
-            const FileSystem& paths)
-      : box_(box), clock_(clock), locale_(locale), ui_(ui), paths_(paths) {}
+            const FileSystem& paths, LogWords words = {})
+      : box_(box), clock_(clock), locale_(locale), ui_(ui), paths_(paths), words_(std::move(words)) {}
 
   // `boxWidth` is the box's width in the form's unit; lines may run on to
   // four times that before they wrap.
   void WriteHead(std::size_t fileCount, long boxWidth);
-  void WriteFileLine(std::string_view oldPath, std::string_view newPath, Outcome outcome);
+  void WriteFileLine(std::string_view oldPath, std::string_view newPath, Outcome outcome) {
+    WriteLine(oldPath, newPath, OutcomeText(outcome), OutcomeColour(outcome));
+  }
+  void WriteLine(std::string_view oldPath, std::string_view newPath, std::string_view outcome,
+                 Rgb colour);
   void WriteFoot(const RunCounters& counters);
+  // The summary's lines whose count is above 0, in order, then the time.
+  void WriteFoot(std::initializer_list<SummaryCount> summary);
 
  private:
   std::string FolderPiece(std::string_view path);
@@ -65,6 +89,7 @@ class ChangeLog {
   const Locale& locale_;
   Ui& ui_;
   const FileSystem& paths_;
+  LogWords words_;
 };
 
 }  // namespace tessaly

@@ -9,13 +9,6 @@
 
 namespace tessaly {
 
-namespace {
-
-// The width of the log box in twips, the base of its right margin.
-constexpr long kLogBoxWidth = 7935;
-
-}  // namespace
-
 bool fTessaly::FileExists(std::string_view path) const {
   if (path.empty()) return false;
   const auto attributes = services_.fileSystem.GetAttributes(path);
@@ -44,11 +37,20 @@ void fTessaly::RenameFile(const std::string& source, const std::string& target) 
         services_.ui.MessageBox(question, MessageButtons::kYesNoCancel, "Confirm Overwrite");
     // The person may have done anything to the disk while the question stood.
     files.ForgetAnswers();
-    if (answer != MessageAnswer::kYes) return;
-    if (!named || !files.DeleteIfUnchanged(target, *named)) return;
+    if (answer != MessageAnswer::kYes || !named) return;
+    if (journal_) journal_->Deleting(journalFile_, target, *named);
+    const bool deleted = files.DeleteIfUnchanged(target, *named);
+    if (journal_) journal_->Deleted(deleted);
+    if (!deleted) return;
   }
   const std::optional<FileVersion> moving = files.VersionOf(source);
-  if (!files.Rename(source, target)) return;
+  // Recorded before the move, so a run killed at any point leaves a
+  // journal that names it; the version under the new name tells an undo
+  // later that it is still the very file.
+  if (journal_) journal_->Moving(journalFile_, source, target, moving.value_or(FileVersion{}));
+  const bool moved = files.Rename(source, target);
+  if (journal_) journal_->Moved(moved, moved ? files.VersionOf(target) : std::nullopt);
+  if (!moved) return;
   // Whatever stands under the old name now is removed only if it is the
   // very file the move left behind; a file another program put there is
   // theirs.
@@ -68,9 +70,14 @@ void fTessaly::RunRenames() {
   log.WriteHead(static_cast<std::size_t>(n), kLogBoxWidth);
   progress_->start(0, n);
   serial_ = 0;
+  journal_.reset();
+  if (services_.journals != nullptr) {
+    journal_ = std::make_unique<RunJournal>(*services_.journals, services_.clock);
+  }
   RunCounters counters;
   for (std::int32_t i = 0; i < n && !ended_ && i < static_cast<std::int32_t>(lstFiles.ListCount()); ++i) {
     const std::string oldPath = lstFiles.List(i);
+    journalFile_ = i;
     lstFilesC.AddItem(Convert(oldPath));
     const std::string newPath = lstFilesC.List(lstFilesC.ListCount() - 1);
     const Outcome outcome = RenameOneFile(oldPath, newPath);
@@ -82,6 +89,7 @@ void fTessaly::RunRenames() {
   }
   stepRunning_ = false;
   if (ended_) return;
+  if (journal_) journal_->Finish();
   log.WriteFoot(counters);
   CloseProgress(n);
 }

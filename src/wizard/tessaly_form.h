@@ -16,6 +16,7 @@
 #include "controls/text_box.h"
 #include "conversion/conversion_options.h"
 #include "files/drop_data.h"
+#include "journal/run_journal.h"
 #include "lists/stored_lists.h"
 #include "wizard/change_log.h"
 #include "wizard/progress_form.h"
@@ -147,6 +148,8 @@ class fTessaly : public Form {
     Outcome outcome;
   };
   const std::vector<FileOutcome>& outcomes() const { return outcomes_; }
+  // The journal of the last rename run, or null if runs are not recorded.
+  const RunJournal* journal() const { return journal_.get(); }
 
   // The progress window while a loop runs, else null.
   fProgress* progress() const { return progress_.get(); }
@@ -210,6 +213,8 @@ class fTessaly : public Form {
   bool filesApart_ = false;
   std::vector<std::string> givenFiles_;
   std::vector<FileOutcome> outcomes_;
+  std::unique_ptr<RunJournal> journal_;
+  int journalFile_ = 0;  // the number of the file being renamed, for its records
   std::int32_t serial_ = 0;
   bool PlacementsFilled = false;
   bool stepRunning_ = false;

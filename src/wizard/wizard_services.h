@@ -7,6 +7,7 @@
 #include "platform/network_status.h"
 #include "platform/program_info.h"
 #include "platform/random.h"
+#include "platform/run_journals.h"
 #include "platform/shell.h"
 #include "platform/short_path.h"
 #include "platform/ui.h"
@@ -27,6 +28,8 @@ struct WizardServices {
   Shell& shell;
   NetworkStatus& network;
   ShortPaths& shortPaths;
+  // Where rename runs keep their journals; none: runs are not recorded.
+  RunJournals* journals = nullptr;
 };
 
 }  // namespace tessaly

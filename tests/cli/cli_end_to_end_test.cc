@@ -85,6 +85,38 @@ TEST_F(CliEndToEnd, CaseOnlyRenameIsOneRename) {
   EXPECT_EQ(std::ranges::count(Read(renames), '\n'), 1) << Read(renames);
 }
 
+// A run taken back: the list says what became of it, a dry run touches
+// nothing, the undo puts each file back with its content (from under its
+// temporary name too) and can itself be undone; the journals are their
+// owner's alone.
+TEST_F(CliEndToEnd, UndoTakesBackTheLastRunAndCanBeUndone) {
+  Fresh({"A.TXT", "B.TXT", "b.txt"});
+  RunCli({"A.TXT", "B.TXT", "/settings:LowerCase", "/step:4"}, files, registry);
+  const Names renamed{"a.txt", "b.txt", "b.txt.temp"};
+  ASSERT_EQ(Held(), renamed);
+  EXPECT_THAT(RunCli({"--list-runs"}, files, registry).out, HasSubstr("     2  complete\n"));
+  EXPECT_THAT(RunCli({"-n", "--undo"}, files, registry).out,
+              HasSubstr("/b.txt.temp > " + files.substr(0, 6) + ".../B.TXT (Would Be Restored)\n"));
+  EXPECT_EQ(Held(), renamed);
+  const CliResult undo = RunCli({"--undo", "--json"}, files, registry);
+  EXPECT_EQ(undo.exitCode, 0) << undo.err;
+  EXPECT_THAT(undo.out, HasSubstr("{\"old\":\"" + files + "/b.txt.temp\",\"new\":\"" + files +
+                                  "/B.TXT\",\"outcome\":\"(Restored)\",\"code\":\"restored\"}\n"));
+  EXPECT_EQ(Held(), (Names{"A.TXT", "B.TXT", "b.txt"}));
+  for (const std::string& name : Held()) EXPECT_EQ(Read(files + "/" + name), name);
+  EXPECT_EQ(RunCli({"--undo"}, files, registry).err, "tessaly-cli: no run to undo\n");
+  const std::string list = RunCli({"--list-runs", "--json"}, files, registry).out;
+  std::smatch undoName;
+  ASSERT_TRUE(std::regex_search(list, undoName, std::regex("\"run\":\"([^\"]+)\",[^\n]*\"undoes\"")));
+  EXPECT_THAT(list, HasSubstr("\"state\":\"undone\"}"));
+  EXPECT_EQ(RunCli({"--undo", undoName[1]}, files, registry).exitCode, 0);
+  EXPECT_EQ(Held(), renamed);
+  for (const auto& entry : fs::recursive_directory_iterator(registry + "/runs")) {
+    EXPECT_EQ(fs::status(entry).permissions() & fs::perms::all, fs::perms::owner_read | fs::perms::owner_write);
+  }
+  EXPECT_EQ(fs::status(registry + "/runs").permissions() & fs::perms::all, fs::perms::owner_all);
+}
+
 // One run a row: the files made, the words given, what the folder holds
 // after (nothing: as made), the exit status, and what the two outputs hold
 // (FILES for the folder). Whatever the run, no content is lost or doubled,

@@ -18,6 +18,7 @@
 #include "terminal_ui.h"
 #include "wizard/memory_world.h"
 #include "wizard_report.h"
+#include "undo_command.h"
 
 namespace tessaly::cli {
 namespace {
@@ -26,7 +27,8 @@ using Kind = Request::Kind;
 using Words = std::vector<std::string>;
 
 // A request in one line: "help", "version", "error", or the options set
-// (n: dry run, j: JSON, 0: NUL-separated), "<" and the list of files, each
+// (n: dry run, j: JSON, 0: NUL-separated, u: undo, l: list runs), "<" and
+// the list of files, each
 // word left in brackets, and "|" and the command-line text.
 std::string Summary(const Request& r) {
   if (r.kind != Kind::kRun) {
@@ -34,6 +36,7 @@ std::string Summary(const Request& r) {
   }
   std::string text = r.dryRun ? "n" : "";
   text += std::string(r.json ? "j" : "") + (r.nulSeparated ? "0" : "");
+  text += std::string(r.undo ? "u" : "") + (r.listRuns ? "l" : "");
   if (r.filesFrom) text += " <" + *r.filesFrom;
   for (const std::string& word : r.words) text += " [" + word + "]";
   if (r.commandLine) text += " |" + *r.commandLine;
@@ -54,6 +57,7 @@ TEST(ReadArguments, OptionsAndWhatTheyLeave) {
       {{"-x"}, "error"}, {{"--bogus"}, "error"}, {{"--files-from"}, "error"},
       {{"--command-line", "x", "/exit"}, "error"}, {{"a.txt", "--command-line", "x"}, "error"},
       {{"--files-from", "list", "--command-line", "x"}, "error"},
+      {{"-n", "--undo", "--json", "RUN"}, "nju [RUN]"}, {{"--list-runs"}, "l"},
   };
   for (const auto& [words, summary] : cases) EXPECT_EQ(Summary(ReadArguments(words)), summary);
   // A name that exists and is written like an option is a file; one that
@@ -64,6 +68,15 @@ TEST(ReadArguments, OptionsAndWhatTheyLeave) {
   EXPECT_EQ(Summary(ReadArguments({"--json", "--odd", "--", "--json"}, exists)), "j [--odd] [--] [--json]");
   for (const char* trap : {"--files-from=x", "-n"}) {
     EXPECT_EQ(Summary(ReadArguments({"a.txt", trap, "/step:4"}, exists)), "error") << trap;
+  }
+  // --undo takes one run's name at most, --list-runs nothing.
+  const std::pair<Words, bool> runs[] = {
+      {{"--undo"}, true}, {{"--undo", "RUN"}, true}, {{"--list-runs", "--json"}, true},
+      {{"--undo", "a", "b"}, false}, {{"--list-runs", "a"}, false}, {{"--undo", "--list-runs"}, false},
+      {{"--undo", "--files-from", "list"}, false}, {{"--undo", "--", "RUN"}, false},
+  };
+  for (const auto& [words, fine] : runs) {
+    EXPECT_EQ(!RunsRequestProblem(ReadArguments(words)), fine) << words.back();
   }
   EXPECT_EQ(ReadArguments({"--lower"}).error, "unknown option '--lower' (for a file of that name, "
                                               "write ./--lower or put it behind --)");
@@ -79,6 +92,7 @@ TEST(ReadWholeCommandLine, OptionsComeOffTheFrontAndTheRestStaysAsItIs) {
       {"-0 --files-from \"C:\\my list\" /step:4", "0 <C:\\my list |/step:4"},
       {"--version C:\\a.txt", "version"},
       {"-h", "help"}, {"-x a.txt", "error"}, {"--command-line a.txt", "error"},
+      {"--undo  RUN ", "u |RUN "},
   };
   for (const auto& [text, summary] : cases) EXPECT_EQ(Summary(ReadWholeCommandLine(text)), summary);
 }

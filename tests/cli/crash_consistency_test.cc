@@ -1,8 +1,8 @@
 // Runs of tessaly-cli killed at random moments, again and again: every
 // file's content is still there exactly once, under its old name, its new
-// name or its temporary name. The runs rename within a folder, or move to a
-// folder on another file system, where a whole copy beside the source is
-// allowed too, and nothing else.
+// name or its temporary name, and after `--undo` under its old name. The
+// runs rename within a folder, or move to a folder on another file system,
+// where a whole copy beside the source is allowed too, and nothing else.
 //
 // TESSALY_CRASH_FILES and TESSALY_CRASH_KILLS (kills per run) change the
 // size; bench/crash_consistency.sh repeats larger runs and prints figures.
@@ -131,7 +131,19 @@ class CrashConsistencyTest : public ::testing::Test {
     return tally;
   }
 
-  // Kills runs, checking after each, then lets one finish.
+  // Undoes the last run: every content is back under its old name, and
+  // nowhere else.
+  bool UndoAndCheck(const char* label) {
+    const CliResult undo = RunCli({"--undo"}, files_, registry_);
+    const Tally tally = Check();
+    std::cout << label << " undo: old " << tally.at[0] << ", faults " << tally.faults << "\n";
+    EXPECT_EQ(undo.exitCode, 0) << undo.err;
+    EXPECT_EQ(tally.at[0], count_) << "contents not back under their old names";
+    return tally.faults == 0 && tally.at[0] == count_;
+  }
+
+  // Kills runs, checking and undoing after each, then lets one finish and
+  // undoes it.
   void KillAndCheck(const std::vector<std::string>& placements, const char* label) {
     const int kills = Setting("TESSALY_CRASH_KILLS", 3);
     for (int k = 0; k < kills && !Pending().empty(); ++k) {
@@ -140,10 +152,11 @@ class CrashConsistencyTest : public ::testing::Test {
       std::cout << label << " kill " << k + 1 << (killed ? "" : " (ended by itself)")
                 << ": old " << tally.at[0] << ", new " << tally.at[1] << ", temp " << tally.at[2]
                 << ", copy beside source " << tally.copies << ", faults " << tally.faults << "\n";
-      if (tally.faults > 0) return;
+      if (tally.faults > 0 || !UndoAndCheck(label)) return;
     }
     waitpid(Start(placements), nullptr, 0);
     EXPECT_EQ(Check().at[0], 0);  // every file renamed; Check reports any fault itself
+    UndoAndCheck(label);
   }
 
   const int count_ = Setting("TESSALY_CRASH_FILES", 2000);
@@ -224,6 +237,9 @@ TEST_F(CrashConsistencyTest, OtherProgramsAtWorkInTheFolderLoseNothing) {
   std::cout << "race: " << recreated.size() << " names taken again as they were moved away, "
             << lost << " files lost\n";
   EXPECT_EQ(lost, 0);
+  // Their files keep the old names; the undo replaces none of them.
+  RunCli({"--undo"}, files_, registry_);
+  EXPECT_EQ(ContentsIn(files_), contents);
 
   const testing::TempFolder crossing;
   std::vector<std::string> lower, upper;

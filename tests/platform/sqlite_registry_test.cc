@@ -106,6 +106,15 @@ TEST(RegistryLocationTest, FollowsTheEnvironment) {
   const RegistryLocation system = DefaultRegistryLocation(nullptr, nullptr, "/home/ann");
   EXPECT_EQ(system.user.fileMode, 0600u);
   EXPECT_EQ(system.machine.folderMode, 0755u);  // readable by all, writable by an administrator
+  // The run journals: beside the registry folder when it is set, else in XDG_STATE_HOME.
+  const std::array<const char*, 4> runs[] = {
+      {"/tmp/r", "/s", "/home/ann", "/tmp/r/runs"},
+      {nullptr, "/s", "/home/ann", "/s/tessaly/runs"},
+      {"", "relative", "/home/ann", "/home/ann/.local/state/tessaly/runs"},
+  };
+  for (const auto& [registryDir, xdgStateHome, home, folder] : runs) {
+    EXPECT_EQ(RunJournalFolder(registryDir, xdgStateHome, home), folder);
+  }
 }
 
 TEST_F(SqliteRegistryTest, OpenRegistriesSeeEachOthersWrites) {

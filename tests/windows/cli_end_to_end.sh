@@ -97,5 +97,16 @@ folder "TRAIL.=10" "TRAIL=11"
 run "$W\\TRAIL. /placement1:\"renamed\" /placement2:\"(none)\" /placement3:\"(none)\" /placement4:\"(none)\" /placement5:\"(none)\" /placement6:\"(none)\" /step:4 /exit"
 check "a name ending in a period is the file given" '[ "$(names)" = "TRAIL|renamed|" ] && [ "$(contents)" = "10|11|" ]'
 
+# Runs are journaled in the user's LOCALAPPDATA: --undo takes the last one
+# back, here a change of letter case on a disk that ignores case.
+folder "UNDO.TXT=12"
+run "$W\\UNDO.TXT /settings:LowerCase /step:4 /exit"
+check "renamed before the undo" '[ "$(names)" = "undo.txt|" ]'
+run "--undo"
+check "undo restores the old name" '[ "$status" = 0 ] && [ "$(names)" = "UNDO.TXT|" ] && [ "$(contents)" = "12|" ]'
+check "undo logged" 'logged "$short\\undo.txt > $short\\UNDO.TXT (Restored)"'
+run "--list-runs"
+check "the undo listed as a run" '[[ "$out" == *", undo of "* ]]'
+
 echo "Windows end-to-end: $passed passed, $failed failed"
 [ "$failed" = 0 ]

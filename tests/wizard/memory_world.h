@@ -9,6 +9,7 @@
 #include "platform/memory/fixed_network_status.h"
 #include "platform/memory/fixed_program.h"
 #include "platform/memory/memory_registry.h"
+#include "platform/memory/memory_run_journals.h"
 #include "platform/memory/memory_short_paths.h"
 #include "platform/memory/recording_shell.h"
 #include "platform/memory/scripted_random.h"
@@ -19,9 +20,9 @@
 
 namespace tessaly {
 
-// The wizard with everything but its file system in memory, on 18 November
-// 2026 at 14:02:09, facing the person `UiType` stands for: a scripted one,
-// or a front-end's own.
+// The wizard with everything but its file system in memory, its runs
+// journaled, on 18 November 2026 at 14:02:09, facing the person `UiType`
+// stands for: a scripted one, or a front-end's own.
 template <typename UiType>
 struct BasicMemoryWorld {
   explicit BasicMemoryWorld(FileSystem& fileSystem) : files(fileSystem) {}
@@ -30,7 +31,8 @@ struct BasicMemoryWorld {
   fTessaly& Start(std::string commandLine = "", bool dryRun = false) {
     program.commandLine = std::move(commandLine);
     form = std::make_unique<fTessaly>(WizardServices{files, store, ui, clock, locale, random,
-                                                     program, shell, network, shortPaths});
+                                                     program, shell, network, shortPaths,
+                                                     &journals});
     if (dryRun) form->MakeDryRun();
     StartWizard(*form, ui);
     return *form;
@@ -47,6 +49,7 @@ struct BasicMemoryWorld {
   RecordingShell shell;
   FixedNetworkStatus network;
   MemoryShortPaths shortPaths;
+  MemoryRunJournals journals;
   std::unique_ptr<fTessaly> form;
 };
 

@@ -61,13 +61,7 @@ class WizardTest : public ::testing::Test {
     return lines;
   }
   // Every file on the disk as "path=contents".
-  std::vector<std::string> Disk() {
-    std::vector<std::string> disk;
-    for (const std::string& path : files.Paths()) {
-      if (std::optional<std::string> contents = files.Contents(path)) disk.push_back(path + "=" + *contents);
-    }
-    return disk;
-  }
+  std::vector<std::string> Disk() const { return files.FilesAndContents(); }
 
   MemoryFileSystem files;
   MemoryWorld world{files};

@@ -141,6 +141,14 @@ std::vector<std::string> MemoryFileSystem::Paths() const {
   return paths;
 }
 
+std::vector<std::string> MemoryFileSystem::FilesAndContents() const {
+  std::vector<std::string> files;
+  for (const auto& [key, entry] : entries_) {
+    if ((entry.attributes & attr::kDirectory) == 0) files.push_back(entry.path + "=" + entry.contents);
+  }
+  return files;
+}
+
 void MemoryFileSystem::MakeReadOnly(std::string_view path) {
   if (Entry* entry = Find(path)) entry->attributes |= attr::kReadOnly;
 }

@@ -46,6 +46,8 @@ class MemoryFileSystem : public FileSystem {
   std::optional<std::string> Contents(std::string_view path) const;
   // Every entry's path as it was last written, in key order.
   std::vector<std::string> Paths() const;
+  // Every file as "path=contents", in key order.
+  std::vector<std::string> FilesAndContents() const;
 
   std::optional<std::uint32_t> GetAttributes(std::string_view path) override;
   bool Rename(std::string_view source, std::string_view target) override;

@@ -13,6 +13,7 @@
 #include "platform/posix/posix_locale.h"
 #include "platform/posix/posix_network_status.h"
 #include "platform/posix/posix_program.h"
+#include "platform/posix/posix_run_journals.h"
 #include "platform/posix/posix_shell.h"
 #include "platform/posix/posix_working_folder.h"
 #include "platform/posix/sqlite_registry.h"
@@ -38,7 +39,8 @@ Services MakeServices() {
   return {std::make_unique<PosixFileSystem>(), std::make_unique<SqliteRegistry>(),
           std::make_unique<SystemClock>(),     std::make_unique<PosixLocale>(),
           std::make_unique<StandardRandom>(),  std::make_unique<PosixShell>(),
-          std::make_unique<PosixNetworkStatus>()};
+          std::make_unique<PosixNetworkStatus>(),
+          std::make_unique<PosixRunJournals>()};
 }
 
 std::unique_ptr<RunningProgram> MakeProgram(std::string commandLine) {

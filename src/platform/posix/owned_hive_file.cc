@@ -6,10 +6,12 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <iostream>
 #include <string_view>
 
 #include "platform/posix/unique_fd.h"
 #include "platform/registry.h"
+#include "text/visible_text.h"
 
 namespace tessaly {
 
@@ -34,32 +36,6 @@ OwnedHiveFile Refused(std::string_view path, std::string_view why) {
   return refused;
 }
 
-// Why a folder or file with `info` may not hold settings, as ssh reasons
-// about ~/.ssh: whoever else may change it decides what the program does
-// (the update program it starts, for one). Empty when only its owner
-// controls it; an administrator may change anything anyway.
-std::string_view Distrust(const struct stat& info) {
-  if (info.st_uid != geteuid() && info.st_uid != 0) return "it belongs to another user";
-  if ((info.st_mode & (S_IWGRP | S_IWOTH)) != 0) {
-    return "users other than its owner may write to it";
-  }
-  return {};
-}
-
-// `file`'s folder with every link in its path resolved, made first when
-// missing and `create`. 0 or an errno.
-int ResolvedFolder(const HiveFile& file, bool create, std::string& resolved) {
-  char* found = realpath(file.folder.c_str(), nullptr);
-  if (found == nullptr && errno == ENOENT && create) {
-    if (const int error = EnsureFolder(file.folder, file.folderMode); error != 0) return error;
-    found = realpath(file.folder.c_str(), nullptr);
-  }
-  if (found == nullptr) return errno;
-  resolved = found;
-  std::free(found);
-  return 0;
-}
-
 // The file `name` in `folder`, never reached through a link there: made as
 // a new file with `mode` when missing and `create`. -1 with errno set.
 int OpenInFolder(int folder, const char* name, bool create, mode_t mode) {
@@ -78,9 +54,38 @@ int OpenInFolder(int folder, const char* name, bool create, mode_t mode) {
 
 }  // namespace
 
+void SayOnStandardError(const std::string& why) {
+  std::cerr << program_invocation_short_name << ": " << text::Visible(why, text::Layout::kNone)
+            << '\n';
+}
+
+std::string_view Distrust(const struct stat& info) {
+  // Whoever else may change it decides what the program does (the update
+  // program it starts, for one).
+  if (info.st_uid != geteuid() && info.st_uid != 0) return "it belongs to another user";
+  if ((info.st_mode & (S_IWGRP | S_IWOTH)) != 0) {
+    return "users other than its owner may write to it";
+  }
+  return {};
+}
+
+int ResolvedFolder(const std::string& folder, mode_t mode, bool create, std::string& resolved) {
+  char* found = realpath(folder.c_str(), nullptr);
+  if (found == nullptr && errno == ENOENT && create) {
+    if (const int error = EnsureFolder(folder, mode); error != 0) return error;
+    found = realpath(folder.c_str(), nullptr);
+  }
+  if (found == nullptr) return errno;
+  resolved = found;
+  std::free(found);
+  return 0;
+}
+
 OwnedHiveFile OpenOwnedHiveFile(const HiveFile& file, bool create) {
   std::string folder;
-  if (const int error = ResolvedFolder(file, create, folder); error != 0) return Failed(error);
+  if (const int error = ResolvedFolder(file.folder, file.folderMode, create, folder); error != 0) {
+    return Failed(error);
+  }
   const UniqueFd folderFd(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
   struct stat info {};
   if (!folderFd || fstat(folderFd.get(), &info) != 0) return Failed(errno);

@@ -1,8 +1,10 @@
 #ifndef TESSALY_PLATFORM_POSIX_OWNED_HIVE_FILE_H_
 #define TESSALY_PLATFORM_POSIX_OWNED_HIVE_FILE_H_
 
+#include <sys/stat.h>
 #include <sys/types.h>
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -10,6 +12,22 @@
 #include "platform/registry.h"
 
 namespace tessaly {
+
+// Told why storage (settings, run journals) is not used.
+using StorageNotice = std::function<void(const std::string& why)>;
+
+// Writes `why` on standard error behind the program's name.
+void SayOnStandardError(const std::string& why);
+
+// Why a folder or file with `info` may not hold what the program keeps, as
+// ssh reasons about ~/.ssh: it belongs to another user (an administrator
+// counts as the user), or users other than its owner may write to it.
+// Empty when only its owner controls it.
+std::string_view Distrust(const struct stat& info);
+
+// `folder` with every link in its path resolved, made first with `mode`
+// (and its missing parents) when missing and `create`. 0 or an errno.
+int ResolvedFolder(const std::string& folder, mode_t mode, bool create, std::string& resolved);
 
 // A hive's database file, found to be one that only its owner controls.
 struct OwnedHiveFile {

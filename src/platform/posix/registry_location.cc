@@ -52,6 +52,19 @@ RegistryLocation RegistryLocationFromEnvironment() {
                                  std::getenv("HOME"));
 }
 
+std::string RunJournalFolder(const char* registryDir, const char* xdgStateHome, const char* home) {
+  if (IsSet(registryDir)) return std::string(registryDir) + "/runs";
+  const std::string state = (IsSet(xdgStateHome) && xdgStateHome[0] == '/')
+                                ? std::string(xdgStateHome)
+                                : HomeFolder(home) + "/.local/state";
+  return state + "/tessaly/runs";
+}
+
+std::string RunJournalFolderFromEnvironment() {
+  return RunJournalFolder(std::getenv(kRegistryDirVariable), std::getenv("XDG_STATE_HOME"),
+                          std::getenv("HOME"));
+}
+
 int EnsureFolder(const std::string& folder, mode_t mode) {
   struct stat info;
   if (stat(folder.c_str(), &info) == 0) return S_ISDIR(info.st_mode) ? 0 : ENOTDIR;

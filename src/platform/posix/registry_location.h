@@ -43,6 +43,15 @@ RegistryLocation DefaultRegistryLocation(const char* registryDir, const char* xd
 // DefaultRegistryLocation from this process's environment.
 RegistryLocation RegistryLocationFromEnvironment();
 
+// Where the journals of rename runs are kept: "runs" in `registryDir` when
+// it is set (tests, portable use); else "tessaly/runs" in the XDG state
+// folder (`xdgStateHome` when it is an absolute path, else
+// `home`/.local/state). Null arguments count as unset.
+std::string RunJournalFolder(const char* registryDir, const char* xdgStateHome, const char* home);
+
+// RunJournalFolder from this process's environment.
+std::string RunJournalFolderFromEnvironment();
+
 // Creates `folder` and any missing parents with `mode`. Returns 0 or the
 // errno of the first failure.
 int EnsureFolder(const std::string& folder, mode_t mode);

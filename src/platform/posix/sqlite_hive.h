@@ -11,14 +11,12 @@
 #include <vector>
 
 #include "platform/posix/hive_read_cache.h"
+#include "platform/posix/owned_hive_file.h"
 #include "platform/posix/registry_location.h"
 #include "platform/posix/sqlite_statement.h"
 #include "platform/registry_rules.h"
 
 namespace tessaly {
-
-// Told why a hive's storage is not used.
-using StorageNotice = std::function<void(const std::string& why)>;
 
 // One hive in one SQLite database file. The file is opened at first need and
 // kept open; a read never creates it. A folder or file that someone else

@@ -1,19 +1,10 @@
 #include "platform/posix/sqlite_registry.h"
 
-#include <cerrno>
-#include <iostream>
 #include <vector>
-
-#include "text/visible_text.h"
 
 namespace tessaly {
 
 namespace rules = registry_rules;
-
-void SayOnStandardError(const std::string& why) {
-  std::cerr << program_invocation_short_name << ": " << text::Visible(why, text::Layout::kNone)
-            << '\n';
-}
 
 void SqliteRegistry::Tell(const std::string& why) {
   if (why == lastTold_) return;

@@ -11,9 +11,6 @@
 
 namespace tessaly {
 
-// Writes `why` on standard error behind the program's name.
-void SayOnStandardError(const std::string& why);
-
 // The registry of a POSIX machine: one SQLite database per hive, shared by
 // every running copy of the program. A damaged or locked database fails the
 // call with a registry code; it never ends the program. Storage that someone

@@ -9,6 +9,7 @@
 #include "platform/win32/win32_file_system.h"
 #include "platform/win32/win32_locale.h"
 #include "platform/win32/win32_registry.h"
+#include "platform/win32/win32_run_journals.h"
 #include "platform/win32/win32_services.h"
 
 namespace tessaly::machine {
@@ -31,7 +32,8 @@ Services MakeServices() {
   return {std::make_unique<Win32FileSystem>(), std::make_unique<Win32Registry>(),
           std::make_unique<Win32Clock>(),      std::make_unique<Win32Locale>(),
           std::make_unique<StandardRandom>(),  std::make_unique<Win32Shell>(),
-          std::make_unique<Win32NetworkStatus>()};
+          std::make_unique<Win32NetworkStatus>(),
+          std::make_unique<Win32RunJournals>()};
 }
 
 std::unique_ptr<RunningProgram> MakeProgram(std::string commandLine) {
