@@ -30,6 +30,17 @@ appstreamcli validate --no-net "$share/metainfo/org.tessaly.Tessaly.metainfo.xml
   fail "appstreamcli validate"
 grep -qx 'Exec=tessaly %F' "$desktop" || fail "the menu entry does not start tessaly with the files"
 grep -qx 'Icon=tessaly' "$desktop" || fail "the menu entry names another icon"
+# Installing the menu entry makes Tessaly nobody's default program: not
+# for unknown files, not for folders, not for the types they fall back to.
+applications=$root/applications
+cp -r "$share/applications" "$applications"
+update-desktop-database "$applications"
+for type in application/octet-stream application/x-unknown-thing inode/directory text/plain; do
+  default=$(env -i PATH="$usr/bin:/usr/bin:/bin" HOME="$root" XDG_DATA_HOME="$root/none" \
+    XDG_CONFIG_HOME="$root/none" XDG_CONFIG_DIRS="$root/none" XDG_DATA_DIRS="$root" \
+    gio mime "$type" 2>&1 | head -1)
+  [[ $default == "No default applications for"* ]] || fail "$type: $default"
+done
 grep -q '<launchable type="desktop-id">tessaly.desktop</launchable>' \
   "$share/metainfo/org.tessaly.Tessaly.metainfo.xml" || fail "the AppStream record launches another file"
 # Every PNG is as large as the folder it lies in says.
