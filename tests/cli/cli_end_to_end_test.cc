@@ -176,6 +176,10 @@ TEST_F(CliEndToEnd, Runs) {
 {"old":"FILES/NEW\nLINE.TXT","new":"FILES/new\nline.txt","outcome":"(Completed)","code":"completed"}
 {"old":"FILES/SAY \"HI\".TXT","new":"FILES/say \"hi\".txt","outcome":"(Completed)","code":"completed"})j",
        "", std::string("NEW\nLINE.TXT\0SAY \"HI\".TXT\0BACK\\SLASH.TXT\0", 42)},
+      // "README" with the default placements gives "README.", which the
+      // disk gets as Windows would store it.
+      {{"README"}, {"--json", "README", "/step:4"}, {}, 0,
+       R"j({"old":"FILES/README","new":"FILES/README","outcome":"(No Change}")j", ""},
       // A folder matched ignoring case is named as the disk spells it.
       {{"Z.TXT", "Sub/KEEP"},
        {"--json", "Z.TXT", "/placement1:sub\\", "/placement2:Document Name", "/placement3:extension",

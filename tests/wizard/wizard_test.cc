@@ -547,6 +547,27 @@ TEST_F(WizardTest, TwoFilesWithOneNewNameAskAtStageTwo) {
   EXPECT_EQ(files.forgets(), 1);
 }
 
+// A name the conversion leaves ending in a period or blank ("README" gives
+// "README.") is given as Windows stores it: POSIX disks would keep the
+// ends, so there the name loses them before the preview, the run and the
+// log see it; folders keep theirs. On Windows the system drops them itself.
+TEST_F(WizardTest, ANewNameEndsAsWindowsStoresIt) {
+  for (const auto shown : {MemoryFileSystem::ShownForm::kPosix, MemoryFileSystem::ShownForm::kModel}) {
+    const bool posix = shown == MemoryFileSystem::ShownForm::kPosix;
+    files = MemoryFileSystem(LetterCase::kExact, shown);
+    fTessaly& wizard = AtStep2({"\\w\\v1.\\README", "\\w\\v1.\\notes.txt"});
+    wizard.cboBatch[2].SetText(" .");
+    wizard.cmdNext.Click();
+    EXPECT_EQ(wizard.tOutput.text(), posix ? "Rename Files Preview:\r\n    /w/v1./notes.txt\r\n    /w/v1./README\r\n"
+                                           : "Rename Files Preview:\r\n    \\w\\v1.\\notes.txt .\r\n"
+                                             "    \\w\\v1.\\README. .\r\n");
+    if (!posix) continue;
+    wizard.cmdNext.Click();
+    EXPECT_THAT(FileLines(), ElementsAre(HasSubstr("/notes.txt (No Change}"), HasSubstr("/README (No Change}")));
+    EXPECT_TRUE(files.renames().empty());
+  }
+}
+
 TEST_F(WizardTest, MoveToANewFolderAsksForItFirst) {
   files.AddDirectory("D:\\Sorted");
   fTessaly& wizard = Start();
