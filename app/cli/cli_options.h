@@ -18,6 +18,8 @@ struct Request {
   bool dryRun = false;        // -n, --dry-run
   bool json = false;          // --json
   bool nulSeparated = false;  // -0, --null: --files-from is split at NUL bytes
+  bool recursive = false;     // -r, --recursive: a folder brings its sub-folders' files too
+  bool verbose = false;       // -v, --verbose: a dry run shows unchanged files too
   std::optional<std::string> filesFrom;    // --files-from FILE ("-": standard input)
   std::optional<std::string> commandLine;  // --command-line TEXT, read unchanged
   std::vector<std::string> words;          // files and switches, "--" kept

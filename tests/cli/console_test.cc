@@ -26,14 +26,16 @@ using Kind = Request::Kind;
 using Words = std::vector<std::string>;
 
 // A request in one line: "help", "version", "error", or the options set
-// (n: dry run, j: JSON, 0: NUL-separated), "<" and the list of files, each
-// word left in brackets, and "|" and the command-line text.
+// (n: dry run, j: JSON, 0: NUL-separated, r: recursive, v: verbose), "<"
+// and the list of files, each word left in brackets, and "|" and the
+// command-line text.
 std::string Summary(const Request& r) {
   if (r.kind != Kind::kRun) {
     return r.kind == Kind::kHelp ? "help" : r.kind == Kind::kVersion ? "version" : "error";
   }
   std::string text = r.dryRun ? "n" : "";
   text += std::string(r.json ? "j" : "") + (r.nulSeparated ? "0" : "");
+  text += std::string(r.recursive ? "r" : "") + (r.verbose ? "v" : "");
   if (r.filesFrom) text += " <" + *r.filesFrom;
   for (const std::string& word : r.words) text += " [" + word + "]";
   if (r.commandLine) text += " |" + *r.commandLine;
@@ -47,6 +49,7 @@ TEST(ReadArguments, OptionsAndWhatTheyLeave) {
       {{"-n", "a.txt", "-", "/step:4"}, "n [a.txt] [-] [/step:4]"},
       {{"a.txt", "--dry-run", "--json"}, "nj [a.txt]"},
       {{"-n0", "--files-from", "-"}, "n0 <-"},
+      {{"-nrv", "--recursive", "dir"}, "nrv [dir]"}, {{"--verbose"}, "v"},
       {{"--null", "--files-from=list", "/step:4"}, "0 <list [/step:4]"},
       {{"-n", "--command-line", raw}, "n |" + raw},  // passed through unchanged
       // "--" ends the options, and stays to end the switches too.
