@@ -13,7 +13,8 @@ _tessaly() {
     'Split(-,1)' 'Split(-,2)' '(none)')
   local options=(--command-line --)
   [[ ${COMP_WORDS[0]##*/} == tessaly-cli ]] &&
-    options=(-h --help --version -n --dry-run --json --files-from -0 --null --command-line --)
+    options=(-h --help --version -n --dry-run -v --verbose -r --recursive --json --files-from
+      -0 --null --command-line --)
 
   # Bash cuts words at ":"; join "/settings" ":" "Lo" back into one word.
   local i=$COMP_CWORD cur=${COMP_WORDS[COMP_CWORD]}

@@ -29,6 +29,8 @@ end
 complete -c tessaly-cli -s h -l help -d 'Print the usage'
 complete -c tessaly-cli -l version -d 'Print the name and version'
 complete -c tessaly-cli -s n -l dry-run -d 'Show what would happen, rename nothing'
+complete -c tessaly-cli -s v -l verbose -d 'With -n, show unchanged files too'
+complete -c tessaly-cli -s r -l recursive -d 'A folder brings the files of its sub-folders too'
 complete -c tessaly-cli -l json -d 'Print the change log as JSON Lines'
 complete -c tessaly-cli -l files-from -r -F -d 'Read the files from a file, - for standard input'
 complete -c tessaly-cli -s 0 -l null -d 'Names read by --files-from are NUL-separated'

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "cli_options.h"
+#include "dry_run.h"
 #include "log_printer.h"
 #include "platform/memory/memory_file_system.h"
 #include "platform/posix/posix_working_folder.h"
@@ -162,10 +163,29 @@ TEST(ReportEnd, PathsTheFullListLeftOutAreSaidAndFailTheRun) {
     MemoryWorld world(files);
     const fTessaly& form = world.Start(line + " /step:4", dryRun);
     std::ostringstream out, messages;
-    ReportEnd(form, files, false, ColourMode::kNone, out, messages);
+    EXPECT_EQ(ReportEnd(form, files, {}, out, messages), 1);
     EXPECT_THAT(messages.str(), ::testing::StartsWith("tessaly-cli: 1 path was not added")) << dryRun;
-    EXPECT_EQ(ExitStatus(form), 1);
   }
+}
+
+// A dry run's plan shows the changes, unchanged files only when asked, and
+// a path under the current folder relative to it, as the file system tells
+// names apart.
+TEST(PrintPlan, ChangesRelativeToTheCurrentFolder) {
+  const std::vector<PlannedRename> plan = {{"\\home\\ann\\A.TXT", "\\home\\ann\\a.txt", false},
+                                           {"\\home\\ann\\same", "\\home\\ann\\same", false},
+                                           {"\\home\\annex\\b", "\\HOME\\ANN\\sub\\b", true}};
+  const struct { MemoryFileSystem::LetterCase letterCase; bool unchangedToo; const char* printed; } cases[] = {
+      {MemoryFileSystem::LetterCase::kExact, false, "A.TXT -> a.txt\n/home/annex/b -> /HOME/ANN/sub/b\n"},
+      {MemoryFileSystem::LetterCase::kIgnore, true, "A.TXT -> a.txt\nsame -> same\n/home/annex/b -> sub/b\n"},
+  };
+  for (const auto& c : cases) {
+    const MemoryFileSystem files(c.letterCase, MemoryFileSystem::ShownForm::kPosix);
+    std::ostringstream out;
+    PrintPlan(plan, files, {"\\home\\ann\\", c.unchangedToo, ColourMode::kNone}, out);
+    EXPECT_EQ(out.str(), c.printed);
+  }
+  EXPECT_EQ(PlanSummary(CountPlan(plan)), "1 to rename, 1 unchanged, 1 clash");
 }
 
 // A log as the wizard writes it: head, one line per file coloured whole,

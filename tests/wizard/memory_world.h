@@ -1,6 +1,7 @@
 #ifndef TESSALY_TESTS_WIZARD_MEMORY_WORLD_H_
 #define TESSALY_TESTS_WIZARD_MEMORY_WORLD_H_
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -32,6 +33,7 @@ struct BasicMemoryWorld {
     form = std::make_unique<fTessaly>(WizardServices{files, store, ui, clock, locale, random,
                                                      program, shell, network, shortPaths});
     if (dryRun) form->MakeDryRun();
+    if (beforeStart) beforeStart(*form);
     StartWizard(*form, ui);
     return *form;
   }
@@ -48,6 +50,8 @@ struct BasicMemoryWorld {
   FixedNetworkStatus network;
   MemoryShortPaths shortPaths;
   std::unique_ptr<fTessaly> form;
+  // What a front-end does to the form before it starts it.
+  std::function<void(fTessaly&)> beforeStart;
 };
 
 using MemoryWorld = BasicMemoryWorld<ScriptedUi>;

@@ -203,12 +203,18 @@ TEST(CommandLineText, FilePathsPlacementValuesAndStepDigits) {
   }
 }
 
+// A folder brings its files as Add Directory does: its sub-folders' too
+// only when "Include sub-directories" is ticked. What names nothing is
+// left out and noted.
 TEST_F(WizardTest, BarePathsOpenOnFileSelectionButASlashAnywhereKeepsWelcome) {
-  MakeFiles({"C:\\d\\a.txt", "C:\\d\\b.txt"});
-  files.AddDirectory("C:\\d\\sub");
-  fTessaly& wizard = Start(R"x(C:\d\a.txt;C:\D\A.TXT;"C:\d\b.txt";C:\d\sub;C:\d\missing.txt)x");
+  MakeFiles({"C:\\d\\a.txt", "C:\\d\\b.txt", "C:\\d\\sub\\c.txt", "C:\\d\\sub\\deeper\\d.txt"});
+  const std::string line = R"x(C:\d\a.txt;C:\D\A.TXT;"C:\d\b.txt";C:\d\sub\;C:\d\missing.txt;C:\d\b.txt\)x";
+  fTessaly& wizard = Start(line);
   EXPECT_EQ(wizard.CurrentStep, 1);
-  EXPECT_EQ(wizard.lStat.caption(), "2 files.");
+  EXPECT_EQ(wizard.lStat.caption(), "3 files.");
+  EXPECT_THAT(wizard.leftOut(), ElementsAre("C:\\d\\missing.txt", "C:\\d\\b.txt\\"));
+  world.beforeStart = [](fTessaly& form) { form.chkSubDirectories.SetValue(kChecked); };
+  EXPECT_EQ(Start("C:\\d\\sub").lStat.caption(), "2 files.");
   EXPECT_EQ(Start(R"x("")x").CurrentStep, 1);  // quotes alone
   EXPECT_EQ(Start(R"x(C:\d\a.txt /Exit)x").CurrentStep, 0);
   EXPECT_FALSE(world.form->ended());  // "/Exit" is not "/exit"
