@@ -1,6 +1,6 @@
 #include "usage_text.h"
 
-#include "platform/program_info.h"
+#include "version_text.h"
 
 namespace tessaly::cli {
 
@@ -98,10 +98,6 @@ std::string WholeCommandLineUsageText() {
          "dry run found a clash; 2 for bad usage.\n";
 }
 
-std::string VersionText() {
-  return "tessaly-cli (" + std::string(kProgramTitle) + ") " +
-         std::to_string(kProgramVersion.major) + "." + std::to_string(kProgramVersion.minor) +
-         "." + std::to_string(kProgramVersion.revision) + "\n";
-}
+std::string VersionText() { return launch::VersionText("tessaly-cli"); }
 
 }  // namespace tessaly::cli

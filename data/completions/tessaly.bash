@@ -11,7 +11,7 @@ _tessaly() {
     'Serial Letter (a, b, c...)' 'Serial Letter (A, B, C...)' extension EXTENSION
     'mmddyy (date)' 'mm-dd-yyyy (date)' 'yyyy (date)' 'yyddmm (date)' 'mmdd (date)'
     'Split(-,1)' 'Split(-,2)' '(none)')
-  local options=(--command-line --)
+  local options=(-h --help --version --command-line --)
   [[ ${COMP_WORDS[0]##*/} == tessaly-cli ]] &&
     options=(-h --help --version -n --dry-run -v --verbose -r --recursive --json --files-from
       -0 --null --command-line --)

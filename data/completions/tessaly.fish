@@ -25,9 +25,9 @@ end
 for command in tessaly tessaly-cli
     complete -c $command -n 'not __fish_seen_subcommand_from --' -a '(__tessaly_switches)'
     complete -c $command -l command-line -x -d 'Hand one raw command-line text to the wizard'
+    complete -c $command -s h -l help -d 'Print the usage'
+    complete -c $command -l version -d 'Print the name and version'
 end
-complete -c tessaly-cli -s h -l help -d 'Print the usage'
-complete -c tessaly-cli -l version -d 'Print the name and version'
 complete -c tessaly-cli -s n -l dry-run -d 'Show what would happen, rename nothing'
 complete -c tessaly-cli -s v -l verbose -d 'With -n, show unchanged files too'
 complete -c tessaly-cli -s r -l recursive -d 'A folder brings the files of its sub-folders too'

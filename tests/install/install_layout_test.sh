@@ -49,6 +49,15 @@ for png in "$share"/icons/hicolor/*/apps/tessaly.png; do
   [ "$(file -b "$png" | grep -o '[0-9]* x [0-9]*' | tr -d ' ')" = "$size" ] || fail "$png is not $size"
 done
 
+# Both programs print their usage and version, and refuse an unknown
+# option with status 2, without a display: the window program too.
+unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM
+"$usr/bin/tessaly" --version | grep -qx 'tessaly (Tessaly) [0-9.]*' || fail "tessaly --version"
+status=0
+"$usr/bin/tessaly" --bogus 2>"$root/err" || status=$?
+[ $status -eq 2 ] && grep -q "unknown option '--bogus'" "$root/err" ||
+  fail "tessaly --bogus ended with $status: $(cat "$root/err")"
+
 # The options --help lists (indented lines that begin with "-") are known
 # to the man page and to every completion.
 knows() {
@@ -58,17 +67,21 @@ knows() {
   fi
   grep -qE -- "(^|[ (\"'])$pattern([ ):\"']|\$)" "$file"
 }
-help=$("$usr/bin/tessaly-cli" --help)
-zcat "$share/man/man1/tessaly-cli.1.gz" | sed 's/\\-/-/g' >"$root/man.txt"
-options=$(sed -nE 's/^ +(-.*)$/\1/p' <<<"$help" | sed -E 's/  .*//' | grep -oE -- '--?[a-z0-9][a-z0-9-]*' || true)
-for option in $options; do
-  for file in "$root/man.txt" "$share/bash-completion/completions/tessaly-cli" \
-      "$share/zsh/site-functions/_tessaly" "$share/fish/vendor_completions.d/tessaly-cli.fish"; do
-    knows "$file" "$option" || fail "${file#"$root"} lacks $option"
+for program in tessaly tessaly-cli; do
+  help=$("$usr/bin/$program" --help) || fail "$program --help"
+  zcat "$share/man/man1/$program.1.gz" | sed 's/\\-/-/g' >"$root/man.txt"
+  options=$(sed -nE 's/^ +(-.*)$/\1/p' <<<"$help" | sed -E 's/  .*//' | grep -oE -- '--?[a-z0-9][a-z0-9-]*' || true)
+  [ -n "$options" ] || fail "$program --help lists no options"
+  for option in $options; do
+    for file in "$root/man.txt" "$share/bash-completion/completions/$program" \
+        "$share/zsh/site-functions/_tessaly" "$share/fish/vendor_completions.d/$program.fish"; do
+      knows "$file" "$option" || fail "$program: ${file#"$root"} lacks $option"
+    done
   done
 done
 
 # bash completes "/settings:" with the fourteen names --help lists.
+help=$("$usr/bin/tessaly-cli" --help)
 source "$share/bash-completion/completions/tessaly-cli"
 COMP_WORDS=(tessaly-cli /settings :) COMP_CWORD=2
 set +e  # a completion function runs without it
