@@ -1,8 +1,10 @@
 #include "wizard_window.h"
 
 #include <QCloseEvent>
-#include <QKeyEvent>
+#include <QComboBox>
 #include <QFrame>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QStackedWidget>
@@ -17,11 +19,23 @@ namespace tessaly::qt {
 
 namespace {
 
+bool IsLive(const QPushButton* button) {
+  return button != nullptr && button->isVisible() && button->isEnabled();
+}
+
 // Clicks `button` if a person could: it is on show and enabled.
 bool ClickIfLive(QPushButton* button) {
-  if (button == nullptr || !button->isVisible() || !button->isEnabled()) return false;
+  if (!IsLive(button)) return false;
   button->click();
   return true;
+}
+
+// Whether `widget` is a text field a person types in: a placement box (a
+// drop-down with free text, which holds the focus for its line) or a line.
+bool IsBeingEdited(const QWidget* widget) {
+  if (const auto* box = qobject_cast<const QComboBox*>(widget)) return box->isEditable();
+  const auto* edit = qobject_cast<const QLineEdit*>(widget);
+  return edit != nullptr && !edit->isReadOnly();
 }
 
 }  // namespace
@@ -80,7 +94,19 @@ void WizardWindow::keyPressEvent(QKeyEvent* event) {
   const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
   const int key = event->key();
   if (plain && (key == Qt::Key_Return || key == Qt::Key_Enter) && ClickIfLive(next_)) return;
-  if (plain && key == Qt::Key_Escape && ClickIfLive(cancel_)) return;
+  if (plain && key == Qt::Key_Escape) {
+    // The typing ends first, the text kept: the focus goes on to the
+    // default button, from where the next Escape ends the wizard.
+    if (QWidget* focus = focusWidget(); IsBeingEdited(focus)) {
+      if (IsLive(next_)) {
+        next_->setFocus(Qt::OtherFocusReason);
+      } else {
+        focus->clearFocus();
+      }
+      return;
+    }
+    if (ClickIfLive(cancel_)) return;
+  }
   QWidget::keyPressEvent(event);
 }
 

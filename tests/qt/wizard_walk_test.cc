@@ -371,6 +371,29 @@ TEST_F(QtWizardTest, BoxesFollowTheirControlsBothWays) {
   EXPECT_EQ(spaces->checkState(), Qt::Checked);
 }
 
+// Escape ends the typing in a box first (an open drop-down list closes
+// first of all), keeping what was typed; only when no text is being edited
+// does it end the wizard.
+TEST_F(QtWizardTest, EscapeLeavesTheBoxBeingEditedBeforeItEndsTheWizard) {
+  Start(2);
+  bool ended = false;
+  const Connection ending = form->programEnded.Connect([&ended] { ended = true; });
+  auto* box = Find<QComboBox>("cboBatch0");
+  box->showPopup();
+  Settle();
+  QTest::keyClick(box->view(), Qt::Key_Escape);
+  Settle();
+  EXPECT_FALSE(box->view()->isVisible());
+  TypeOver(box, "Typed");
+  QTest::keyClick(box->lineEdit(), Qt::Key_Escape);
+  Settle();
+  EXPECT_FALSE(ended);
+  EXPECT_FALSE(box->lineEdit()->hasFocus());
+  EXPECT_EQ(form->cboBatch[0].text(), "Typed");
+  QTest::keyClick(window()->focusWidget() != nullptr ? window()->focusWidget() : window(), Qt::Key_Escape);
+  EXPECT_TRUE(ended);
+}
+
 // The note on included paths lies over the destination options.
 TEST_F(QtWizardTest, IncludePathCoversTheDestinationWithItsNote) {
   Start(3);
