@@ -22,8 +22,15 @@ function __tessaly_switches
     end
 end
 
+# Whether the word being typed is a switch's value, which is never a file.
+function __tessaly_in_value
+    not __fish_seen_subcommand_from --
+    and string match -qr '^/(settings|placement[1-6]):' -- (commandline -ct)
+end
+
 for command in tessaly tessaly-cli
     complete -c $command -n 'not __fish_seen_subcommand_from --' -a '(__tessaly_switches)'
+    complete -c $command -n __tessaly_in_value -f
     complete -c $command -l command-line -x -d 'Hand one raw command-line text to the wizard'
     complete -c $command -s h -l help -d 'Print the usage'
     complete -c $command -l version -d 'Print the name and version'

@@ -93,4 +93,17 @@ for name in "${COMPREPLY[@]}"; do
   grep -q -- "$name" "$share/zsh/site-functions/_tessaly" || fail "zsh lacks /settings:$name"
   grep -q -- "$name" "$share/fish/vendor_completions.d/tessaly-cli.fish" || fail "fish lacks /settings:$name"
 done
+
+# As a person types, in a folder holding a file "Lofile": in bash "/set"
+# TAB gives "/settings:", whose value then completes (readline once quoted
+# it as a file name's "/settings\:"); in fish a switch's value is never
+# a file name.
+mkdir "$root/typing" && touch "$root/typing/Lofile"
+typed=$(printf 'source %q\ncd %q\ntessaly-cli /set\tLowerC\t\001echo \005\nexit\n' \
+    "$share/bash-completion/completions/tessaly-cli" "$root/typing" |
+  INPUTRC=/dev/null TERM=dumb timeout 20 script -qec "bash --norc --noprofile -i" /dev/null | tr -d '\r')
+grep -qx 'tessaly-cli /settings:LowerCase' <<<"$typed" || fail "bash typed: $typed"
+offered=$(cd "$root/typing" && fish --no-config -c \
+  "source $share/fish/vendor_completions.d/tessaly-cli.fish; complete -C 'tessaly-cli /settings:Lo'")
+[ "$offered" = $'/settings:LongExtension\n/settings:LowerCase' ] || fail "fish offers: $offered"
 echo "install layout: ok"
