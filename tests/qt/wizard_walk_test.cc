@@ -146,6 +146,41 @@ QStringList Missing(QWidget* window, const std::vector<const layout::Item*>& roo
 
 QStringList Missing(QWidget* window, const layout::Dialog& dialog) { return Missing(window, {&dialog.body}); }
 
+// What a screen reader hears of each control under `root` that Tab
+// reaches: "name: role". An editable drop-down is heard by its line, which
+// holds its focus.
+QStringList Heard(QWidget* root) {
+  QStringList heard;
+  std::function<void(QAccessibleInterface*)> walk = [&](QAccessibleInterface* node) {
+    auto* widget = qobject_cast<QWidget*>(node->object());
+    if (widget != nullptr && widget->window() == root->window() &&
+        (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->focusProxy() == nullptr) {
+      auto* box = qobject_cast<QComboBox*>(widget);
+      QAccessibleInterface* read =
+          box != nullptr && box->lineEdit() != nullptr ? QAccessible::queryAccessibleInterface(box->lineEdit()) : node;
+      heard << QStringLiteral("%1: %2").arg(read->text(QAccessible::Name)).arg(int(read->role()));
+    }
+    for (int i = 0; i < node->childCount(); ++i) walk(node->child(i));
+  };
+  walk(QAccessible::queryAccessibleInterface(root));
+  return heard;
+}
+
+// The controls of `heard` without a name of words or with no role of a
+// control.
+std::vector<std::string> Unheard(const QStringList& heard) {
+  std::vector<std::string> unheard;
+  const QRegularExpression named("[A-Za-z]");
+  for (const QString& control : heard) {
+    const QString name = control.section(": ", 0, -2);
+    const auto role = static_cast<QAccessible::Role>(control.section(": ", -1).toInt());
+    if (!name.contains(named) || role == QAccessible::Client || role == QAccessible::NoRole) {
+      unheard.push_back(control.toStdString());
+    }
+  }
+  return unheard;
+}
+
 // The colour the log draws `text` in: its own, or the palette's text colour.
 QColor ColourOf(QPlainTextEdit* log, const QString& text) {
   const QTextCursor found = log->document()->find(text);
@@ -394,6 +429,22 @@ TEST_F(QtWizardTest, EscapeLeavesTheBoxBeingEditedBeforeItEndsTheWizard) {
   EXPECT_TRUE(ended);
 }
 
+// Every control Tab reaches is read out with a name and its role: the
+// destination choices as option buttons, the step labels as buttons.
+TEST_F(QtWizardTest, EveryControlIsReadOutWithItsNameAndRole) {
+  Start();
+  const QStringList heard = Heard(window());
+  EXPECT_THAT(Unheard(heard), ::testing::IsEmpty());
+  for (const QString& control :
+       {"Rename into same folder: 45", "1. File Selection: 43", "Placement 6: 42", "With: 42",
+        "Advanced Replace list: 43", "Example Output: 42", "Files to rename: 33", "Preview: 42"}) {
+    EXPECT_TRUE(heard.contains(control)) << control.toStdString();
+  }
+  // The step labels work from the keyboard.
+  QTest::keyClick(Find("lblStep2"), Qt::Key_Space);
+  EXPECT_EQ(form->CurrentStep, 2);
+}
+
 // The note on included paths lies over the destination options.
 TEST_F(QtWizardTest, IncludePathCoversTheDestinationWithItsNote) {
   Start(3);
@@ -426,6 +477,7 @@ TEST_F(QtWizardTest, UnwantedFormattingShowsItsRowsAndSavesOnClose) {
     fUnwantedFormatting described(world.store, ui);
     EXPECT_THAT(Missing(dialog, layout::DescribeUnwantedFormatting(described)),
                 ::testing::IsEmpty());
+    EXPECT_THAT(Unheard(Heard(dialog)), ::testing::IsEmpty());
     auto* list = Find<QListView>("lstRemove", dialog);
     TypeOver(Find("txtAdd", dialog), "Copy ");
     Click(Find("cmdAdd", dialog));
@@ -451,6 +503,7 @@ TEST_F(QtWizardTest, PickingAdvancedInTheWithBoxOpensItsDialog) {
     fReplaceAdvanced described(world.store, ui);
     EXPECT_THAT(Missing(dialog, layout::DescribeReplaceAdvanced(described)),
                 ::testing::IsEmpty());
+    EXPECT_THAT(Unheard(Heard(dialog)), ::testing::IsEmpty());
     // The other box and the buttons beside both show the choice already.
     opened = dialog->windowTitle() + " " + Find<QComboBox>("cboBatch6")->currentText();
     EXPECT_TRUE(form->cmdReplaceAdv.visible());
@@ -479,6 +532,7 @@ TEST_F(QtWizardTest, ProgressLeavesTheWizardFreeAndCancelEndsTheLoopAtOnce) {
       EXPECT_TRUE(progress->windowFlags().testFlag(Qt::Tool));  // no task-bar entry
       fProgress described(ui, world.locale);
       EXPECT_THAT(Missing(progress, layout::DescribeProgress(described)), ::testing::IsEmpty());
+      EXPECT_THAT(Unheard(Heard(progress)), ::testing::IsEmpty());
       EXPECT_FALSE(progress->isModal());
       const QPoint offset = progress->frameGeometry().center() - window()->frameGeometry().center();
       EXPECT_LE(offset.manhattanLength(), 4);
@@ -498,6 +552,7 @@ TEST_F(QtWizardTest, ProgressLeavesTheWizardFreeAndCancelEndsTheLoopAtOnce) {
   EXPECT_EQ(ui.progressWindow(), nullptr);
   EXPECT_EQ(ui.wizardWindow(), nullptr);  // the window went with its form
 }
+
 
 }  // namespace
 }  // namespace tessaly::qt
