@@ -40,7 +40,7 @@ struct PlanView {
   // relative to it.
   std::string here;
   bool unchangedToo = false;  // else only the files that would change
-  ColourMode colours = ColourMode::kNone;
+  Colours colours;
 };
 
 // One line a file, "old -> new" as `files` shows paths, a clashing new path

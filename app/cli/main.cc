@@ -34,11 +34,17 @@ int RefuseUsage(std::string_view why) {
   return kBadUsage;
 }
 
-cli::ColourMode OutputColours() {
+// The colours of standard output, readable on its background: the one the
+// terminal reports, else the one COLORFGBG names, else black.
+cli::Colours OutputColours() {
   const bool terminal = cli::IsTerminal(cli::kStandardOutput);
-  return cli::ColourModeFor(terminal && cli::PrepareForColour(cli::kStandardOutput),
-                            std::getenv("NO_COLOR"), std::getenv("COLORTERM"),
-                            std::getenv("TERM"));
+  const cli::ColourMode mode =
+      cli::ColourModeFor(terminal && cli::PrepareForColour(cli::kStandardOutput),
+                         std::getenv("NO_COLOR"), std::getenv("COLORTERM"), std::getenv("TERM"));
+  if (mode == cli::ColourMode::kNone) return mode;
+  std::optional<Rgb> background = cli::AskTerminalBackground();
+  if (!background) background = cli::BackgroundInColorFgBg(std::getenv("COLORFGBG"));
+  return {mode, background.value_or(Rgb{})};
 }
 
 // The wizard holds a row or a kept answer for every file: freeing that

@@ -38,7 +38,7 @@ void ReportLeftOut(const fTessaly& form, const FileSystem& files, std::ostream& 
 }  // namespace
 
 void ReportWizard(const fTessaly& form, std::ostream& out, std::ostream& messages,
-                  ColourMode colours) {
+                  const Colours& colours) {
   ReportListFull(form, messages);
   if (form.tLog.Length() > 0) {
     PrintRichText(form.tLog, out, colours);

@@ -15,7 +15,7 @@ namespace tessaly::cli {
 // change log after a rename run, the preview after step 3; otherwise a
 // note on `messages` that nothing was renamed and how far the wizard got.
 void ReportWizard(const fTessaly& form, std::ostream& out, std::ostream& messages,
-                  ColourMode colours);
+                  const Colours& colours);
 
 // The change log of the last run as JSON Lines on `out`, full native
 // paths, each new one where the file is on the disk (folders as `files`
@@ -27,7 +27,7 @@ void ReportWizardJson(const fTessaly& form, FileSystem& files, std::ostream& out
 // How the end is reported.
 struct ReportStyle {
   bool json = false;
-  ColourMode colours = ColourMode::kNone;
+  Colours colours;
   // A dry run's plan: unchanged files too, and the folder paths are shown
   // relative to (see PlanView).
   bool unchangedToo = false;

@@ -210,25 +210,36 @@ RichTextBox SampleLog() {
   return box;
 }
 
-std::string Printed(const RichTextBox& box, ColourMode mode) {
+std::string Printed(const RichTextBox& box, const Colours& colours) {
   std::ostringstream out;
-  PrintRichText(box, out, mode);
+  PrintRichText(box, out, colours);
   return out.str();
 }
 
-// Plain text has Unix line ends and ends with one. Basic colours wrap each
+// Plain text has Unix line ends and ends with one. Colours wrap each
 // coloured line but not black ones, and land behind multi-byte letters,
-// since runs count characters.
-TEST(PrintRichText, EscapedLinesInTheirColours) {
+// since runs count characters. Each colour is one that reads at 4.5:1 on
+// the terminal's background: blue and red as they are on white; on black
+// a lighter blue (with the basic colours, which xterm shows 2.2:1 there,
+// cyan) and a bright red.
+TEST(PrintRichText, EscapedLinesInTheirColoursReadableOnTheBackground) {
   const std::string failed = "x\\x1b[8m\\r > y\\n (Failed! - Error Renaming File)\n";
   const std::string tail = "z > z (No Change}\n\nFoot\n";
   EXPECT_EQ(Printed(SampleLog(), ColourMode::kNone),
             "Head\nÜnï > ä (Completed)\n" + failed + tail);
-  EXPECT_EQ(Printed(SampleLog(), ColourMode::kBasic),
-            "Head\n\x1b[34mÜnï > ä (Completed)\n\x1b[0m\x1b[31m" + failed + "\x1b[0m" + tail);
-  const std::string printed = Printed(SampleLog(), ColourMode::kTrueColour);
-  EXPECT_NE(printed.find("\x1b[38;2;0;0;255mÜnï"), std::string::npos);
-  EXPECT_EQ(printed.find("38;2;0;0;0"), std::string::npos);
+  const Rgb black{0, 0, 0}, white{255, 255, 255};
+  const struct { Colours colours; const char *blue, *red; } cases[] = {
+      {{ColourMode::kBasic, white}, "34", "31"},
+      {{ColourMode::kBasic, black}, "36", "91"},
+      {{ColourMode::k256, black}, "38;5;63", "38;5;196"},
+      {{ColourMode::kTrueColour, white}, "38;2;0;0;255", "38;2;238;0;0"},
+      {{ColourMode::kTrueColour, black}, "38;2;94;94;255", "38;2;255;0;0"},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(Printed(SampleLog(), c.colours),
+              std::string("Head\n\x1b[") + c.blue + "mÜnï > ä (Completed)\n\x1b[0m\x1b[" + c.red + "m" +
+                  failed + "\x1b[0m" + tail) << c.blue;
+  }
   EXPECT_EQ(Printed(RichTextBox{}, ColourMode::kBasic), "");
 }
 
@@ -238,7 +249,23 @@ TEST(ColourModeFor, FollowsTheTerminalAndTheUsualVariables) {
   EXPECT_EQ(ColourModeFor(true, "", "truecolor", "xterm"), ColourMode::kTrueColour);
   EXPECT_EQ(ColourModeFor(true, "1", "truecolor", "xterm"), ColourMode::kNone);
   EXPECT_EQ(ColourModeFor(true, nullptr, "yes", "xterm"), ColourMode::kBasic);
+  EXPECT_EQ(ColourModeFor(true, nullptr, "yes", "xterm-256color"), ColourMode::k256);
   EXPECT_EQ(ColourModeFor(true, nullptr, "truecolor", "dumb"), ColourMode::kNone);
+}
+
+// What a terminal answers about its background, and COLORFGBG.
+TEST(TerminalBackground, FromTheTerminalsAnswerOrColorFgBg) {
+  const std::pair<std::string_view, std::optional<Rgb>> answers[] = {
+      {"\x1b]11;rgb:1e1e/1e1e/1e1e\x1b\\\x1b[?62;22c", Rgb{30, 30, 30}},
+      {"\x1b]11;rgb:ff/ff/ff\x07", Rgb{255, 255, 255}},
+      {"\x1b]11;rgb:f/0/8\x07", Rgb{255, 0, 136}},
+      {"\x1b[?62;22c", std::nullopt}, {"\x1b]11;rgb:12345/0/0", std::nullopt},
+  };
+  for (const auto& [answer, background] : answers) EXPECT_EQ(BackgroundInAnswer(answer), background);
+  EXPECT_EQ(BackgroundInColorFgBg("15;0"), (Rgb{0, 0, 0}));
+  EXPECT_EQ(BackgroundInColorFgBg("0;default;15"), (Rgb{255, 255, 255}));
+  EXPECT_EQ(BackgroundInColorFgBg("15;default"), std::nullopt);
+  EXPECT_EQ(BackgroundInColorFgBg(nullptr), std::nullopt);
 }
 
 // Three windows: one broken by a question, one that reaches "100%", one

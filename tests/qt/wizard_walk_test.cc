@@ -13,7 +13,9 @@
 #include "platform/memory/memory_file_system.h"
 #include "platform/posix/native_path.h"
 #include "platform/posix/posix_file_system.h"
+#include "controls/readable_colour.h"
 #include "qt_ui.h"
+#include "readable_colour.h"
 #include "wizard/layout/windows.h"
 
 namespace tessaly::qt {
@@ -388,6 +390,22 @@ TEST_F(FilePageTest, LayoutMarksInNamesShowInEveryViewOfAPath) {
   Click(Find("lblStep3"));
   EXPECT_TRUE(Find<QPlainTextEdit>("tOutput")->toPlainText().contains("\\srv\\" + shown));
   EXPECT_EQ(Find<QLabel>("lFolder")->text(), QString::fromUtf8("\\srv\\in\ufffdbox"));
+}
+
+// The log's colours keep their meaning on a dark palette and read there at
+// 4.5:1 on its base; black is the palette's own text colour.
+TEST(ReadableColour, LogColoursReadOnADarkPalette) {
+  QPalette dark;
+  dark.setColor(QPalette::Base, QColor(42, 42, 42));
+  dark.setColor(QPalette::Text, QColor(230, 230, 230));
+  for (const Rgb colour : {Rgb{0, 0, 255}, Rgb{255, 0, 0}}) {
+    const QColor drawn = ReadableOn(dark, colour);
+    const auto channel = [](int value) { return static_cast<std::uint8_t>(value); };
+    EXPECT_GE(ContrastRatio({channel(drawn.red()), channel(drawn.green()), channel(drawn.blue())}, {42, 42, 42}),
+              kReadableContrast);
+    EXPECT_EQ(drawn.hue(), QColor(colour.red, colour.green, colour.blue).hue());
+  }
+  EXPECT_EQ(ReadableOn(dark, Rgb{0, 0, 0}), QColor(230, 230, 230));
 }
 
 // A greyed box is drawn partly checked; a click ticks it.
