@@ -5,6 +5,9 @@
 #include <QFrame>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QScreen>
+#include <QScrollArea>
+#include <QStyle>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QStackedWidget>
@@ -18,6 +21,28 @@
 namespace tessaly::qt {
 
 namespace {
+
+// The pages' room: as large as the pages want while the screen has room,
+// scrolling where it has not, so the window fits any screen and its
+// buttons stay on it.
+class PageRoom : public QScrollArea {
+ public:
+  explicit PageRoom(QWidget* pages, QWidget* parent) : QScrollArea(parent) {
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);  // Tab goes to the pages' controls, shown as it reaches them
+    setWidgetResizable(true);
+    setWidget(pages);
+  }
+  QSize sizeHint() const override { return widget()->sizeHint().expandedTo(widget()->minimumSizeHint()); }
+};
+
+// The room for a window on `screen`: its free area less a frame and a
+// title bar.
+QSize RoomOn(const QScreen* screen, const QWidget* window) {
+  const int frame = window->style()->pixelMetric(QStyle::PM_DefaultFrameWidth) + 4;
+  const int title = window->style()->pixelMetric(QStyle::PM_TitleBarHeight);
+  return screen->availableGeometry().size() - QSize(2 * frame, title + 2 * frame);
+}
 
 bool IsLive(const QPushButton* button) {
   return button != nullptr && button->isVisible() && button->isEnabled();
@@ -47,7 +72,8 @@ WizardWindow::WizardWindow(fTessaly& form) : form_(&form) {
 
   auto* root = new QHBoxLayout(this);
   // The smallest window is what the layouts need, also where a wrapped
-  // text makes a height depend on the width (Qt leaves that one open).
+  // text makes a height depend on the width (Qt leaves that one open); the
+  // pages scroll, so that is the strip and the buttons.
   root->setSizeConstraint(QLayout::SetMinimumSize);
   root->setContentsMargins(0, 0, 0, 0);
   root->setSpacing(0);
@@ -56,7 +82,7 @@ WizardWindow::WizardWindow(fTessaly& form) : form_(&form) {
   auto* right = new QVBoxLayout;
   right->setContentsMargins(0, 0, 0, 0);
   right->setSpacing(0);
-  pages_ = new QStackedWidget(this);
+  pages_ = new QStackedWidget;
   for (const layout::Page& page : description.pages) pages_->addWidget(BuildPage(page));
   // The page the model shows is the one on top.
   for (int i = 0; i < fTessaly::kStepCount; ++i) {
@@ -64,7 +90,7 @@ WizardWindow::WizardWindow(fTessaly& form) : form_(&form) {
       if (form.pStep[i].visible()) pages_->setCurrentIndex(i);
     });
   }
-  right->addWidget(pages_, 1);
+  right->addWidget(new PageRoom(pages_, this), 1);
 
   auto* line = new QFrame(this);
   line->setFrameShape(QFrame::HLine);
@@ -75,11 +101,12 @@ WizardWindow::WizardWindow(fTessaly& form) : form_(&form) {
   next_ = findChild<QPushButton*>(QString::fromStdString(description.defaultButton));
   cancel_ = findChild<QPushButton*>(QString::fromStdString(description.cancelButton));
   next_->setDefault(true);
+  next_->setFocus();  // as in a dialog; the step labels come first for Tab
   // A focused button takes Return itself, as in a dialog.
   for (QPushButton* button : findChildren<QPushButton*>()) button->setAutoDefault(true);
   const DialogUnits& units = realiser.units();
-  resize(sizeHint().expandedTo(
-      QSize(units.Across(description.size.width), units.Down(description.size.height))));
+  const QSize designed(units.Across(description.size.width), units.Down(description.size.height));
+  resize(sizeHint().expandedTo(designed).boundedTo(RoomOn(screen(), this)));
 
   Follow(form.changed, this, [this] {
     if (form_ != nullptr) setWindowTitle(ToQt(form_->caption()));

@@ -463,6 +463,21 @@ TEST_F(QtWizardTest, EveryControlIsReadOutWithItsNameAndRole) {
   EXPECT_EQ(form->CurrentStep, 2);
 }
 
+// The window opens within the screen's free area, its buttons in view,
+// however little room there is: the pages scroll instead. (The test runs
+// once more at 1.5 times the scale: 533 by 533 points, as little as a
+// 1366x768 screen at 150% has for a window.)
+TEST_F(QtWizardTest, TheWindowFitsTheScreenWithItsButtonsInView) {
+  Start(2);
+  const QRect free = window()->screen()->availableGeometry();
+  EXPECT_LE(window()->frameGeometry().width(), free.width());
+  EXPECT_LE(window()->frameGeometry().height(), free.height());
+  for (const char* name : {"cmdBack", "cmdNext", "cmdCancel"}) {
+    QWidget* button = Find(name);
+    EXPECT_TRUE(window()->rect().contains(QRect(button->mapTo(window(), QPoint()), button->size()))) << name;
+  }
+}
+
 // The note on included paths lies over the destination options.
 TEST_F(QtWizardTest, IncludePathCoversTheDestinationWithItsNote) {
   Start(3);
@@ -570,6 +585,7 @@ TEST_F(QtWizardTest, ProgressLeavesTheWizardFreeAndCancelEndsTheLoopAtOnce) {
   EXPECT_EQ(ui.progressWindow(), nullptr);
   EXPECT_EQ(ui.wizardWindow(), nullptr);  // the window went with its form
 }
+
 
 
 }  // namespace
