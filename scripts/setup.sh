@@ -9,9 +9,10 @@ cd "$(dirname "$0")/.."
 # test reads (without them that test is skipped).
 packages=(cmake g++ ninja-build libgtest-dev libgmock-dev libbenchmark-dev libsqlite3-dev qt6-base-dev
           strace locales)
-# The install tests build the Debian package, lint it and validate the
-# desktop files.
-packages+=(dpkg-dev file lintian desktop-file-utils appstream)
+# The install tests build the Debian package, lint it, validate the
+# desktop files, ask gio which program opens a type, and type into bash
+# (by script) and fish to try the completions.
+packages+=(dpkg-dev file lintian desktop-file-utils appstream libglib2.0-bin bsdutils fish)
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

@@ -31,6 +31,12 @@ bool TakeShort(char letter, Request& request) {
     case 'h':
       request.kind = Request::Kind::kHelp;
       return true;
+    case 'r':
+      request.recursive = true;
+      return true;
+    case 'v':
+      request.verbose = true;
+      return true;
     default:
       return false;
   }
@@ -57,6 +63,10 @@ Taken TakeLong(std::string_view word, const std::string* next, Request& request)
     request.undo = true;
   } else if (word == "--list-runs") {
     request.listRuns = true;
+  } else if (word == "--recursive") {
+    request.recursive = true;
+  } else if (word == "--verbose") {
+    request.verbose = true;
   } else if (word.starts_with(kFilesFromIs)) {
     request.filesFrom = std::string(word.substr(kFilesFromIs.size()));
   } else if (word == "--files-from" || word == "--command-line") {

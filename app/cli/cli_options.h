@@ -20,6 +20,8 @@ struct Request {
   bool nulSeparated = false;  // -0, --null: --files-from is split at NUL bytes
   bool undo = false;          // --undo: take back a run (named by the word left)
   bool listRuns = false;      // --list-runs
+  bool recursive = false;     // -r, --recursive: a folder brings its sub-folders' files too
+  bool verbose = false;       // -v, --verbose: a dry run shows unchanged files too
   std::optional<std::string> filesFrom;    // --files-from FILE ("-": standard input)
   std::optional<std::string> commandLine;  // --command-line TEXT, read unchanged
   std::vector<std::string> words;          // files and switches, "--" kept

@@ -35,13 +35,35 @@ std::vector<PlannedRename> PlanRenames(const ListBox& oldPaths, const ListBox& n
   return plan;
 }
 
-void PrintPlan(const std::vector<PlannedRename>& plan, const FileSystem& files, std::ostream& out,
-               ColourMode colours) {
+PlanCounts CountPlan(const std::vector<PlannedRename>& plan) {
+  PlanCounts counts;
+  for (const PlannedRename& rename : plan) {
+    ++(rename.clash                         ? counts.clashes
+       : rename.newPath == rename.oldPath ? counts.unchanged
+                                          : counts.toRename);
+  }
+  return counts;
+}
+
+std::string PlanSummary(const PlanCounts& counts) {
+  return std::to_string(counts.toRename) + " to rename, " + std::to_string(counts.unchanged) +
+         " unchanged, " + std::to_string(counts.clashes) + (counts.clashes == 1 ? " clash" : " clashes");
+}
+
+std::string ShownFrom(const FileSystem& files, std::string_view here, std::string_view path) {
+  const bool under = !here.empty() && path.size() > here.size() &&
+                     files.SameNameKey(path.substr(0, here.size())) == files.SameNameKey(here);
+  return files.Shown(under ? path.substr(here.size()) : path);
+}
+
+void PrintPlan(const std::vector<PlannedRename>& plan, const FileSystem& files,
+               const PlanView& view, std::ostream& out) {
   const Rgb clashColour = OutcomeColour(Outcome::kFailedExists);
   for (const PlannedRename& rename : plan) {
-    const std::string newPath = files.Shown(rename.newPath);
-    out << files.Shown(rename.oldPath) << " -> "
-        << (rename.clash ? Coloured(newPath, clashColour, colours) : newPath) << '\n';
+    if (rename.newPath == rename.oldPath && !view.unchangedToo) continue;
+    const std::string newPath = ShownFrom(files, view.here, rename.newPath);
+    out << ShownFrom(files, view.here, rename.oldPath) << " -> "
+        << (rename.clash ? Coloured(newPath, clashColour, view.colours) : newPath) << '\n';
   }
   out << std::flush;
 }

@@ -3,6 +3,7 @@
 
 #include <ostream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "controls/list_box.h"
@@ -23,10 +24,33 @@ struct PlannedRename {
 std::vector<PlannedRename> PlanRenames(const ListBox& oldPaths, const ListBox& newPaths,
                                        FileSystem& files);
 
+// How many files of a plan would be renamed, stay as they are, or clash.
+struct PlanCounts {
+  int toRename = 0;
+  int unchanged = 0;
+  int clashes = 0;
+};
+PlanCounts CountPlan(const std::vector<PlannedRename>& plan);
+// "12 to rename, 3 unchanged, 1 clash".
+std::string PlanSummary(const PlanCounts& counts);
+
+// How the plan is printed for a person.
+struct PlanView {
+  // Paths under this folder (a model path ending in a separator) are shown
+  // relative to it.
+  std::string here;
+  bool unchangedToo = false;  // else only the files that would change
+  Colours colours;
+};
+
 // One line a file, "old -> new" as `files` shows paths, a clashing new path
 // in the colour of a failure.
-void PrintPlan(const std::vector<PlannedRename>& plan, const FileSystem& files, std::ostream& out,
-               ColourMode colours);
+void PrintPlan(const std::vector<PlannedRename>& plan, const FileSystem& files,
+               const PlanView& view, std::ostream& out);
+
+// `path` as `files` shows it, relative to the folder `here` (a model path
+// ending in a separator) when it lies under it.
+std::string ShownFrom(const FileSystem& files, std::string_view here, std::string_view path);
 
 // One JSON object a file, full native paths (folders as `files` finds them
 // on the disk), with the codes "would-rename", "would-clash" and

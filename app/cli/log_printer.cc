@@ -12,20 +12,6 @@ namespace tessaly::cli {
 
 namespace {
 
-bool Set(const char* value) { return value != nullptr && *value != '\0'; }
-
-std::string StartColour(Rgb colour, ColourMode mode) {
-  if (mode == ColourMode::kNone || colour == Rgb{}) return {};
-  if (mode == ColourMode::kTrueColour) {
-    return "\x1b[38;2;" + std::to_string(colour.red) + ';' + std::to_string(colour.green) + ';' +
-           std::to_string(colour.blue) + 'm';
-  }
-  // The nearest of the eight: each channel is on or off.
-  const int code = 30 + (colour.red >= 128 ? 1 : 0) + (colour.green >= 128 ? 2 : 0) +
-                   (colour.blue >= 128 ? 4 : 0);
-  return code == 30 ? std::string() : "\x1b[" + std::to_string(code) + 'm';
-}
-
 // Adds bytes `from` to `to` of `text` with each CR LF as "\n" and every
 // other control character escaped, so a name cannot move the cursor or
 // forge a line. A CR LF may straddle two pieces, so the whole text is
@@ -45,25 +31,13 @@ void AddLines(std::string_view text, std::size_t from, std::size_t to, std::stri
 
 }  // namespace
 
-bool IsDumbTerminal(const char* term) { return term != nullptr && std::string_view(term) == "dumb"; }
-
-ColourMode ColourModeFor(bool terminal, const char* noColor, const char* colorTerm,
-                         const char* term) {
-  if (!terminal || Set(noColor) || IsDumbTerminal(term)) return ColourMode::kNone;
-  if (Set(colorTerm)) {
-    const std::string_view value(colorTerm);
-    if (value == "truecolor" || value == "24bit") return ColourMode::kTrueColour;
-  }
-  return ColourMode::kBasic;
-}
-
-std::string Coloured(std::string_view text, Rgb colour, ColourMode mode) {
-  const std::string start = StartColour(colour, mode);
+std::string Coloured(std::string_view text, Rgb colour, const Colours& colours) {
+  const std::string start = ColourEscape(colour, colours);
   if (start.empty()) return std::string(text);
   return start + std::string(text) + "\x1b[0m";
 }
 
-void PrintRichText(const RichTextBox& box, std::ostream& out, ColourMode mode) {
+void PrintRichText(const RichTextBox& box, std::ostream& out, const Colours& colours) {
   const std::string& text = box.text();
   std::vector<ColourSpan> spans = box.spans();
   std::stable_sort(spans.begin(), spans.end(),
@@ -86,7 +60,7 @@ void PrintRichText(const RichTextBox& box, std::ostream& out, ColourMode mode) {
     const std::size_t plainFrom = byte;
     AddLines(text, plainFrom, advanceTo(span.start), shown);
     const std::size_t colourFrom = byte;
-    const std::string colour = StartColour(span.colour, mode);
+    const std::string colour = ColourEscape(span.colour, colours);
     shown += colour;
     AddLines(text, colourFrom, advanceTo(span.start + span.length), shown);
     if (!colour.empty()) shown += "\x1b[0m";

@@ -3,6 +3,7 @@
 // the wizard loads; then the change log (or the preview, or with --dry-run
 // what would be renamed) is printed and the program ends. It never waits
 // for a window.
+#include <algorithm>
 #include <cstdlib>
 #include <iostream>
 #include <memory>
@@ -34,11 +35,17 @@ int RefuseUsage(std::string_view why) {
   return kBadUsage;
 }
 
-cli::ColourMode OutputColours() {
+// The colours of standard output, readable on its background: the one the
+// terminal reports, else the one COLORFGBG names, else black.
+cli::Colours OutputColours() {
   const bool terminal = cli::IsTerminal(cli::kStandardOutput);
-  return cli::ColourModeFor(terminal && cli::PrepareForColour(cli::kStandardOutput),
-                            std::getenv("NO_COLOR"), std::getenv("COLORTERM"),
-                            std::getenv("TERM"));
+  const cli::ColourMode mode =
+      cli::ColourModeFor(terminal && cli::PrepareForColour(cli::kStandardOutput),
+                         std::getenv("NO_COLOR"), std::getenv("COLORTERM"), std::getenv("TERM"));
+  if (mode == cli::ColourMode::kNone) return mode;
+  std::optional<Rgb> background = cli::AskTerminalBackground();
+  if (!background) background = cli::BackgroundInColorFgBg(std::getenv("COLORFGBG"));
+  return {mode, background.value_or(Rgb{})};
 }
 
 // The wizard holds a row or a kept answer for every file: freeing that
@@ -49,6 +56,13 @@ void LeaveAtExit(std::unique_ptr<launch::MachineWizard> wizard) {
   static launch::MachineWizard* kept = nullptr;
   delete kept;
   kept = wizard.release();
+}
+
+// How the end is reported for `request`.
+cli::ReportStyle StyleFor(const cli::Request& request) {
+  std::string here = machine::MakeWorkingFolder()->Absolute(".");
+  if (!here.ends_with('\\')) here += '\\';
+  return {request.json, OutputColours(), request.verbose, std::move(here)};
 }
 
 int RunWizard(cli::WizardInput input, const cli::Request& request) {
@@ -68,10 +82,12 @@ int RunWizard(cli::WizardInput input, const cli::Request& request) {
       ui, launch::WizardInput{std::move(input.files), std::move(input.commandLine)},
       layers);
   if (request.dryRun) wizard->form().MakeDryRun();
+  // A folder brings its sub-folders' files as Add Directory does with the
+  // box ticked.
+  if (request.recursive) wizard->form().chkSubDirectories.SetValue(kChecked);
   wizard->Start();
-  cli::ReportEnd(wizard->form(), wizard->fileSystem(), request.json, OutputColours(), std::cout,
-                 std::cerr);
-  const int status = cli::ExitStatus(wizard->form());
+  const int status = cli::ReportEnd(wizard->form(), wizard->fileSystem(), StyleFor(request),
+                                    std::cout, std::cerr);
   LeaveAtExit(std::move(wizard));
   return status;
 }
@@ -109,5 +125,6 @@ int main(int argc, char** argv) {
     std::cerr << "tessaly-cli: left out, too long for this system: "
               << text::Visible(path, text::Layout::kNone) << '\n';
   }
-  return RunWizard(std::move(*input), *request);
+  const bool tooLong = !input->tooLong.empty();
+  return std::max(RunWizard(std::move(*input), *request), tooLong ? 1 : 0);
 }

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "controls/rich_text_box.h"
+
 namespace tessaly::cli {
 
 // The standard streams' descriptors, alike on every platform.
@@ -20,6 +22,11 @@ bool IsTerminal(int fd);
 // the printers write (a Windows console needs both switched on); false
 // where it cannot show colour escapes.
 bool PrepareForColour(int fd);
+
+// The colour of the terminal's background, as the terminal itself (or
+// the console) says when asked; nothing where it does not answer at once
+// or cannot be asked (no terminal, or a program in the background).
+std::optional<Rgb> AskTerminalBackground();
 
 // The person at the terminal, if there is one, who answers questions.
 class Person {

@@ -21,6 +21,14 @@ bool IsConsole(HANDLE handle) {
 
 bool IsTerminal(int fd) { return IsConsole(HandleOf(fd)); }
 
+std::optional<Rgb> AskTerminalBackground() {
+  CONSOLE_SCREEN_BUFFER_INFOEX info{};
+  info.cbSize = sizeof info;
+  if (!GetConsoleScreenBufferInfoEx(HandleOf(1), &info)) return std::nullopt;
+  const COLORREF colour = info.ColorTable[(info.wAttributes >> 4) & 0xF];
+  return Rgb{GetRValue(colour), GetGValue(colour), GetBValue(colour)};
+}
+
 bool PrepareForColour(int fd) {
   const HANDLE console = HandleOf(fd);
   DWORD mode = 0;

@@ -27,7 +27,7 @@ std::string NamedRun(const Request& request) {
 
 std::string Shown(std::string_view text) { return text::Visible(text, text::Layout::kNone); }
 
-int Undo(const Request& request, ColourMode colours) {
+int Undo(const Request& request, const Colours& colours) {
   machine::Services machine = machine::MakeServices();
   const std::vector<RunSummary> history = RunHistory(*machine.journals);
   const std::string name = NamedRun(request);
@@ -79,7 +79,7 @@ std::optional<std::string> RunsRequestProblem(const Request& request) {
   return std::nullopt;
 }
 
-int RunRunsRequest(const Request& request, ColourMode colours) {
+int RunRunsRequest(const Request& request, const Colours& colours) {
   if (request.undo) return Undo(request, colours);
   machine::Services machine = machine::MakeServices();
   const std::vector<RunSummary> history = RunHistory(*machine.journals);

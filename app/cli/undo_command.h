@@ -23,7 +23,7 @@ std::optional<std::string> RunsRequestProblem(const Request& request);
 // Does --list-runs, or --undo with the run named (or the last run not yet
 // undone), with -n and --json as asked, and gives the exit status: 0 when
 // every file is (or would be) back, 1 when any is not or there is no such run.
-int RunRunsRequest(const Request& request, ColourMode colours);
+int RunRunsRequest(const Request& request, const Colours& colours);
 
 // The kept runs, oldest first: name, files changed, state (an undo says
 // which run it took back); as JSON, one object a run.

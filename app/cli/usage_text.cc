@@ -1,6 +1,6 @@
 #include "usage_text.h"
 
-#include "platform/program_info.h"
+#include "version_text.h"
 
 namespace tessaly::cli {
 
@@ -9,9 +9,10 @@ std::string UsageText() {
          "       tessaly-cli [OPTION]... --command-line TEXT\n"
          "\n"
          "Renames files without a window. Each FILE goes into the wizard's list as\n"
-         "it is (any byte a name can hold), made absolute; missing files, folders\n"
-         "and repeats are left out, and paths too long for this system are named on\n"
-         "standard error. A word is an OPTION or a SWITCH only when no file or\n"
+         "it is (any byte a name can hold), made absolute; a folder brings its\n"
+         "files (with -r its sub-folders' too), repeats are listed once, and a path\n"
+         "that names nothing or is too long for this system is named on standard\n"
+         "error and left out. A word is an OPTION or a SWITCH only when no file or\n"
          "folder of that name exists, and a SWITCH is one of these in full, letter\n"
          "case counting:\n"
          "  /settings:NAME       tick an option: ShortExtension, LongExtension,\n"
@@ -27,9 +28,14 @@ std::string UsageText() {
          "refused. With files and no switch the wizard stops on File Selection.\n"
          "\n"
          "Options:\n"
-         "  -n, --dry-run        show what would be renamed, old -> new, the new path\n"
-         "                       in colour where it clashes; rename nothing, store\n"
-         "                       no setting, start no other program\n"
+         "  -n, --dry-run        show what would be renamed, old -> new (paths in the\n"
+         "                       current folder relative to it), the new path in\n"
+         "                       colour where it clashes, and a count on standard\n"
+         "                       error; rename nothing, store no setting, start no\n"
+         "                       other program\n"
+         "  -v, --verbose        with -n, show the files that stay as they are too\n"
+         "  -r, --recursive      a FILE that is a folder brings the files of its\n"
+         "                       sub-folders too\n"
          "      --json           write the change log as JSON Lines: one object per\n"
          "                       file with \"old\", \"new\" (full paths), \"outcome\" and\n"
          "                       \"code\"\n"
@@ -55,9 +61,10 @@ std::string UsageText() {
          "Settings live in TESSALY_REGISTRY_DIR when it is set.\n"
          "\n"
          "Exit status: 0 when every file ended \"(Completed)\" or \"(No Change}\" (or\n"
-         "nothing was renamed), 1 when any file failed or ended with an error or\n"
-         "the list (32,767 files at most) left paths out, 2 for bad usage, and then\n"
-         "nothing is done.\n";
+         "nothing was renamed), 1 when any file failed or ended with an error, a\n"
+         "path was left out (it names nothing, is too long, or the list of 32,767\n"
+         "files at most was full), or a dry run found a clash; 2 for bad usage,\n"
+         "and then nothing is done.\n";
 }
 
 std::string WholeCommandLineUsageText() {
@@ -74,6 +81,8 @@ std::string WholeCommandLineUsageText() {
          "Options, before the command line:\n"
          "  -n, --dry-run        show what would be renamed; rename nothing, store\n"
          "                       no setting, start no other program\n"
+         "  -v, --verbose        with -n, show the files that stay as they are too\n"
+         "  -r, --recursive      a folder brings the files of its sub-folders too\n"
          "      --json           write the change log as JSON Lines\n"
          "      --files-from F   take files from F, one a line (\"-\": standard\n"
          "                       input; a CR before the line end is dropped), for\n"
@@ -92,14 +101,10 @@ std::string WholeCommandLineUsageText() {
          "with none it is answered No. Settings live in the registry.\n"
          "\n"
          "Exit status: 0 when every file ended well (or nothing was renamed), 1\n"
-         "when any file failed or ended with an error or the list (32,767 files at\n"
-         "most) left paths out, 2 for bad usage.\n";
+         "when any file failed or ended with an error, a path was left out, or a\n"
+         "dry run found a clash; 2 for bad usage.\n";
 }
 
-std::string VersionText() {
-  return "tessaly-cli (" + std::string(kProgramTitle) + ") " +
-         std::to_string(kProgramVersion.major) + "." + std::to_string(kProgramVersion.minor) +
-         "." + std::to_string(kProgramVersion.revision) + "\n";
-}
+std::string VersionText() { return launch::VersionText("tessaly-cli"); }
 
 }  // namespace tessaly::cli

@@ -39,7 +39,6 @@ std::optional<std::vector<std::string>> ReadList(const Request& request, std::st
 
 void LeaveOutWhatNamesNoFile(WizardInput& input) {
   std::erase_if(input.files, [&input](const std::string& path) {
-    if (path.ends_with('\\')) return true;
     if (!machine::PathTooLong(path)) return false;
     input.tooLong.push_back(machine::NativePath(path));
     return true;

@@ -45,10 +45,8 @@ std::ifstream OpenList(const std::string& name);
 // the reason in `refusal`, when it cannot be read or is no list of names.
 std::optional<std::vector<std::string>> ReadList(const Request& request, std::string& refusal);
 
-// Leaves out of `input`'s files what can name no file: a path that ends in
-// a separator (for the system a folder, whatever stands there), and one
-// longer than the system takes, noted in `tooLong` so it is not lost
-// without a word.
+// Leaves out of `input`'s files what can name no file: a path longer than
+// the system takes, noted in `tooLong` so it is not lost without a word.
 void LeaveOutWhatNamesNoFile(WizardInput& input);
 
 }  // namespace tessaly::cli

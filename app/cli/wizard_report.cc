@@ -14,8 +14,8 @@ namespace {
 // Says why there is no log to print.
 void ReportNoRun(const fTessaly& form, std::ostream& messages) {
   if (form.CurrentStep == 4) {
-    messages << "tessaly-cli: no files to rename (paths that do not exist, folders and"
-                " repeats are left out)\n";
+    messages << "tessaly-cli: no files to rename (paths that name nothing and repeats are"
+                " left out)\n";
   } else {
     messages << "tessaly-cli: nothing renamed; the wizard stopped on step " << form.CurrentStep
              << " with " << form.lstFiles.ListCount()
@@ -29,10 +29,16 @@ void ReportListFull(const fTessaly& form, std::ostream& messages) {
   }
 }
 
+void ReportLeftOut(const fTessaly& form, const FileSystem& files, std::ostream& messages) {
+  for (const std::string& path : form.leftOut()) {
+    messages << "tessaly-cli: left out, no such file or folder: " << files.Shown(path) << '\n';
+  }
+}
+
 }  // namespace
 
 void ReportWizard(const fTessaly& form, std::ostream& out, std::ostream& messages,
-                  ColourMode colours) {
+                  const Colours& colours) {
   ReportListFull(form, messages);
   if (form.tLog.Length() > 0) {
     PrintRichText(form.tLog, out, colours);
@@ -56,21 +62,27 @@ void ReportWizardJson(const fTessaly& form, FileSystem& files, std::ostream& out
   out << std::flush;
 }
 
-void ReportEnd(const fTessaly& form, FileSystem& files, bool json, ColourMode colours,
-               std::ostream& out, std::ostream& messages) {
+int ReportEnd(const fTessaly& form, FileSystem& files, const ReportStyle& style,
+              std::ostream& out, std::ostream& messages) {
+  ReportLeftOut(form, files, messages);
   if (form.dryRunHeldBackTheRun() && form.lstFilesC.ListCount() > 0) {
     ReportListFull(form, messages);
     const auto plan = PlanRenames(form.lstFiles, form.lstFilesC, files);
-    if (json) {
+    if (style.json) {
       PrintPlanJson(plan, files, out);
     } else {
-      PrintPlan(plan, files, out, colours);
+      PrintPlan(plan, files, {style.here, style.unchangedToo, style.colours}, out);
     }
-  } else if (json) {
+    const PlanCounts counts = CountPlan(plan);
+    messages << "tessaly-cli: " << PlanSummary(counts) << '\n';
+    return counts.clashes > 0 ? 1 : ExitStatus(form);
+  }
+  if (style.json) {
     ReportWizardJson(form, files, out, messages);
   } else {
-    ReportWizard(form, out, messages, colours);
+    ReportWizard(form, out, messages, style.colours);
   }
+  return ExitStatus(form);
 }
 
 std::string_view OutcomeCode(Outcome outcome) {
@@ -96,7 +108,7 @@ int ExitStatus(const fTessaly& form) {
   const bool allWell = std::all_of(outcomes.begin(), outcomes.end(), [](const auto& file) {
     return file.outcome == Outcome::kCompleted || file.outcome == Outcome::kNoChange;
   });
-  return allWell && form.refusedForLimit() == 0 ? 0 : 1;
+  return allWell && form.refusedForLimit() == 0 && form.leftOut().empty() ? 0 : 1;
 }
 
 }  // namespace tessaly::cli

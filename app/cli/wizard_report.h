@@ -2,6 +2,7 @@
 #define TESSALY_APP_CLI_WIZARD_REPORT_H_
 
 #include <ostream>
+#include <string>
 #include <string_view>
 
 #include "log_printer.h"
@@ -14,7 +15,7 @@ namespace tessaly::cli {
 // change log after a rename run, the preview after step 3; otherwise a
 // note on `messages` that nothing was renamed and how far the wizard got.
 void ReportWizard(const fTessaly& form, std::ostream& out, std::ostream& messages,
-                  ColourMode colours);
+                  const Colours& colours);
 
 // The change log of the last run as JSON Lines on `out`, full native
 // paths, each new one where the file is on the disk (folders as `files`
@@ -23,17 +24,30 @@ void ReportWizard(const fTessaly& form, std::ostream& out, std::ostream& message
 void ReportWizardJson(const fTessaly& form, FileSystem& files, std::ostream& out,
                       std::ostream& messages);
 
-// What the console shows when the command line's work is done: for a dry
-// run held back from the run, what the run would do (see dry_run.h); else
-// as ReportWizard or, with `json`, ReportWizardJson.
-void ReportEnd(const fTessaly& form, FileSystem& files, bool json, ColourMode colours,
-               std::ostream& out, std::ostream& messages);
+// How the end is reported.
+struct ReportStyle {
+  bool json = false;
+  Colours colours;
+  // A dry run's plan: unchanged files too, and the folder paths are shown
+  // relative to (see PlanView).
+  bool unchangedToo = false;
+  std::string here;
+};
+
+// What the console shows when the command line's work is done: the paths
+// of the command line that were left out, on `messages`; then for a dry
+// run held back from the run, what the run would do (see dry_run.h) and a
+// summary on `messages`; else as ReportWizard or, with `json`,
+// ReportWizardJson. Returns the exit status: ExitStatus, or 1 when a dry
+// run found a clash.
+int ReportEnd(const fTessaly& form, FileSystem& files, const ReportStyle& style,
+              std::ostream& out, std::ostream& messages);
 
 // The short code of an outcome in JSON, such as "completed".
 std::string_view OutcomeCode(Outcome outcome);
 
 // 0 when every file ended "(Completed)" or "(No Change}" (or none ran)
-// and the list took every path, else 1.
+// and every path of the command line went into the list, else 1.
 int ExitStatus(const fTessaly& form);
 
 }  // namespace tessaly::cli

@@ -83,13 +83,15 @@ void BindCheckBox(CheckBox& box, ModelCheckBox* widget, std::string keys) {
 }
 
 void BindOption(OptionButton& option, ModelRadioButton* widget, std::string keys) {
-  widget->setAutoExclusive(false);  // the form keeps the group exclusive
+  // Exclusive for Qt, so that it is read out as an option button and the
+  // arrow keys move through its group; the form keeps the group exclusive.
+  widget->setAutoExclusive(true);
   widget->onPersonClick = [&option] { option.SetValue(true); };
   Follow(option.changed, widget, [&option, widget, keys = std::move(keys)] {
     widget->setText(WithMnemonic(option.caption(), keys));
     widget->setEnabled(option.enabled());
     widget->setHidden(!option.visible());
-    widget->setChecked(option.value());
+    widget->ShowChecked(option.value());
   });
 }
 

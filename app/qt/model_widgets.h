@@ -27,6 +27,9 @@ class ModelRadioButton : public QRadioButton {
  public:
   using QRadioButton::QRadioButton;
   std::function<void()> onPersonClick;
+  // Draws the model's state, also a clear one that Qt would keep checked
+  // as the last checked button of its group.
+  void ShowChecked(bool checked);
 
  protected:
   void nextCheckState() override {
@@ -34,14 +37,19 @@ class ModelRadioButton : public QRadioButton {
   }
 };
 
-// A label that reacts to a click of the left button.
+// A label that works as a button: a click of the left button, or Space
+// once Tab has brought the focus to it, runs `onClick`, and it is read out
+// as a button.
 class ClickableLabel : public QLabel {
  public:
-  using QLabel::QLabel;
+  explicit ClickableLabel(QWidget* parent);
   std::function<void()> onClick;
 
  protected:
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  // The label, and a frame around it while it has the focus.
+  void paintEvent(QPaintEvent* event) override;
 };
 
 }  // namespace tessaly::qt

@@ -1,13 +1,17 @@
 #include "readable_colour.h"
 
+#include "controls/readable_colour.h"
+
 namespace tessaly::qt {
 
 QColor ReadableOn(const QPalette& palette, Rgb colour) {
+  const QColor base = palette.color(QPalette::Base);
   const QColor wanted(colour.red, colour.green, colour.blue);
-  if (palette.color(QPalette::Base).lightnessF() >= 0.5) return wanted;
-  if (wanted.hsvSaturationF() == 0) return palette.color(QPalette::Text);
-  return QColor((wanted.red() + 255 + 1) / 2, (wanted.green() + 255 + 1) / 2,
-                (wanted.blue() + 255 + 1) / 2);
+  if (base.lightnessF() < 0.5 && wanted.hsvSaturationF() == 0) return palette.color(QPalette::Text);
+  const auto channel = [](int value) { return static_cast<std::uint8_t>(value); };
+  const Rgb readable = tessaly::ReadableOn(
+      colour, {channel(base.red()), channel(base.green()), channel(base.blue())});
+  return QColor(readable.red, readable.green, readable.blue);
 }
 
 QColor FillUnderText(const QPalette& palette, QColor fill) {

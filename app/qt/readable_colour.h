@@ -9,9 +9,10 @@
 namespace tessaly::qt {
 
 // The colour to draw a text in that the model colours `colour`, on the
-// palette's base. On a light base that is the colour itself. On a dark one
-// black and greys become the palette's text colour, and other colours go
-// halfway to white: blue stays blue and red stays red, and both can be
+// palette's base. On a dark base black and greys become the palette's
+// text colour. Any other colour is drawn as it is where it reads well on
+// the base, else lightened or darkened just enough (see
+// tessaly::ReadableOn): blue stays blue and red stays red, and both can be
 // read. The model keeps the true colours; only the view maps them.
 QColor ReadableOn(const QPalette& palette, Rgb colour);
 

@@ -11,6 +11,7 @@
 #include <QListView>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <cmath>
@@ -78,6 +79,23 @@ Qt::Alignment CellAlignment(const Item& item) {
       item.kind == Kind::kText || item.kind == Kind::kPathText || item.kind == Kind::kCaption;
   if (text || item.align == Align::kFill) return {};
   return TextAlignment(item.align);
+}
+
+// Gives `widget` the name a screen reader reads out. An editable
+// drop-down's is read from its line, since Qt names the box itself by its
+// text on Linux.
+void Speak(QWidget* widget, const QString& name) {
+  widget->setAccessibleName(name);
+  if (auto* box = qobject_cast<QComboBox*>(widget); box != nullptr && box->lineEdit() != nullptr) {
+    box->lineEdit()->setAccessibleName(name);
+  }
+}
+
+// A caption as it is read out: without its mnemonic mark and closing ":".
+QString SpokenCaption(QString caption) {
+  caption.replace(QRegularExpression("&(.)"), "\\1");
+  if (caption.endsWith(':')) caption.chop(1);
+  return caption.trimmed();
 }
 
 void Embolden(QWidget* widget, double scale = 1) {
@@ -220,6 +238,7 @@ QWidget* Realiser::MakeWidget(const Item& item, QWidget* parent) {
   }
   if (!item.name.empty()) widget->setObjectName(QString::fromStdString(item.name));
   if (!item.tooltip.empty()) widget->setToolTip(ToQt(item.tooltip));
+  if (!item.spoken.empty()) Speak(widget, ToQt(item.spoken));
   if (item.minimum.width > 0) widget->setMinimumWidth(units_.Across(item.minimum.width));
   if (item.minimum.height > 0) widget->setMinimumHeight(units_.Down(item.minimum.height));
   if (item.fixed.width > 0) widget->setFixedWidth(units_.Across(item.fixed.width));
@@ -328,7 +347,11 @@ void Realiser::TakeDrops(QWidget* target) const {
 void Realiser::Finish() {
   for (const auto& [label, buddy] : buddies_) {
     QWidget* window = label->window();
-    if (QWidget* target = window->findChild<QWidget*>(buddy)) label->setBuddy(target);
+    QWidget* target = window->findChild<QWidget*>(buddy);
+    if (target == nullptr) continue;
+    label->setBuddy(target);
+    // The caption names what it leads to, for a screen reader too.
+    if (target->accessibleName().isEmpty()) Speak(target, SpokenCaption(label->text()));
   }
   buddies_.clear();
 }

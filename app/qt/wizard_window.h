@@ -14,7 +14,9 @@ namespace tessaly::qt {
 // step on show beside it, and Back, Next and Cancel below. All it shows
 // comes from the form; all a person does goes to the form's handlers.
 // As in a dialog, Return that no control takes is Next (or Finish), and
-// Escape is Cancel. Its smallest size is what its layouts need.
+// Escape is Cancel. It opens as large as its pages want where the screen
+// has room; where it has not, the pages scroll and the buttons stay in
+// view.
 class WizardWindow : public QWidget {
  public:
   explicit WizardWindow(fTessaly& form);

@@ -22,13 +22,22 @@ function __tessaly_switches
     end
 end
 
+# Whether the word being typed is a switch's value, which is never a file.
+function __tessaly_in_value
+    not __fish_seen_subcommand_from --
+    and string match -qr '^/(settings|placement[1-6]):' -- (commandline -ct)
+end
+
 for command in tessaly tessaly-cli
     complete -c $command -n 'not __fish_seen_subcommand_from --' -a '(__tessaly_switches)'
+    complete -c $command -n __tessaly_in_value -f
     complete -c $command -l command-line -x -d 'Hand one raw command-line text to the wizard'
+    complete -c $command -s h -l help -d 'Print the usage'
+    complete -c $command -l version -d 'Print the name and version'
 end
-complete -c tessaly-cli -s h -l help -d 'Print the usage'
-complete -c tessaly-cli -l version -d 'Print the name and version'
 complete -c tessaly-cli -s n -l dry-run -d 'Show what would happen, rename nothing'
+complete -c tessaly-cli -s v -l verbose -d 'With -n, show unchanged files too'
+complete -c tessaly-cli -s r -l recursive -d 'A folder brings the files of its sub-folders too'
 complete -c tessaly-cli -l json -d 'Print the change log as JSON Lines'
 complete -c tessaly-cli -l files-from -r -F -d 'Read the files from a file, - for standard input'
 complete -c tessaly-cli -s 0 -l null -d 'Names read by --files-from are NUL-separated'

@@ -107,6 +107,12 @@ class FileSystem {
   // folds case and so reaches the file under `path` already.
   virtual std::string PathOnDisk(std::string_view path) { return std::string(path); }
 
+  // `path`, a new path for a file, with its name as this platform stores
+  // it. Windows drops trailing periods and blanks from a name by itself, so
+  // there it is `path`; a file system that keeps them drops them here (see
+  // WithNameEndAsStored), so a file gets the same name on every platform.
+  virtual std::string StoredPath(std::string_view path) const { return std::string(path); }
+
   // `path` as a person on this platform writes it. Every path that is put
   // into a text a person reads goes through here.
   virtual std::string Shown(std::string_view path) const = 0;

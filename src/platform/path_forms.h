@@ -29,6 +29,17 @@ inline std::string SwapSlashes(std::string_view path) {
   return out;
 }
 
+// `path` (model form) with its last name as Windows stores a name: without
+// trailing periods and blanks ("README." is "README"). A name of nothing
+// else stays whole, so the path never comes to name its folder; the
+// folders are left as they are.
+inline std::string WithNameEndAsStored(std::string_view path) {
+  const std::size_t nameStart = path.rfind('\\') + 1;  // 0 when there is no folder
+  const std::size_t kept = path.find_last_not_of(". ");
+  if (kept == std::string_view::npos || kept < nameStart) return std::string(path);
+  return std::string(path.substr(0, kept + 1));
+}
+
 }  // namespace tessaly
 
 #endif  // TESSALY_PLATFORM_PATH_FORMS_H_

@@ -48,14 +48,30 @@ void fTessaly::cmdAddFiles_Click() {
   FinishAdding();
 }
 
-void fTessaly::cmdAddDirectory_Click() {
-  refusedForLimit_ = 0;
-  const std::string folder = BrowseForFolder(services_.ui, "Select Directory to Add", "");
-  if (!DirectoryExists(folder, services_.fileSystem)) return;
+void fTessaly::AddFolderFiles(const std::string& folder) {
   const bool recursive = chkSubDirectories.value() == kChecked;
   for (std::string& path : ListFiles(services_.fileSystem, folder, "*.*", recursive)) {
     AddToList(std::move(path));
   }
+}
+
+void fTessaly::AddGivenPath(const std::string& path) {
+  if (path.empty()) return;  // as between two ";" of a file part
+  const auto attributes = services_.fileSystem.GetAttributes(path);
+  if (attributes && (*attributes & attr::kDirectory) != 0) {
+    AddFolderFiles(path);
+  } else if (attributes && !path.ends_with('\\')) {
+    AddToList(path);
+  } else {
+    leftOut_.push_back(path);  // a closing separator names a folder, whatever stands there
+  }
+}
+
+void fTessaly::cmdAddDirectory_Click() {
+  refusedForLimit_ = 0;
+  const std::string folder = BrowseForFolder(services_.ui, "Select Directory to Add", "");
+  if (!DirectoryExists(folder, services_.fileSystem)) return;
+  AddFolderFiles(folder);
   FinishAdding();
 }
 

@@ -15,9 +15,7 @@ void fTessaly::ProcessCommandLine() {
                   : cl::FilePaths(commandLine_);
   if (paths) {
     refusedForLimit_ = 0;
-    for (const std::string& path : *paths) {
-      if (FileExists(path)) AddToList(path);
-    }
+    for (const std::string& path : *paths) AddGivenPath(path);
     FinishAdding();
     if (!cl::Holds(commandLine_, "/")) ShowStep(1);
   }

@@ -229,7 +229,8 @@ std::string fTessaly::Convert(std::string_view path) {
   ConversionOptions options = CurrentOptions();
   const NameConverter converter(
       {services_.clock, services_.locale, services_.fileSystem, &lists_});
-  std::string converted = converter.ConvertName(options, path);
+  // The name the disk will hold, for the preview, the run and the log alike.
+  std::string converted = services_.fileSystem.StoredPath(converter.ConvertName(options, path));
   serial_ = options.serial;
   pFolderPath.SetVisible(options.pFolderPathVisible);
   return converted;

@@ -52,8 +52,9 @@ class fTessaly : public Form {
   const std::string& commandLine() const { return commandLine_; }
   // Files and switches apart, where a shell has split the words: at load the
   // files (model paths) go into the list one by one by the add rule, in
-  // their order, and only `switches` is read as the command line, which
-  // then holds no file part. Call before Load.
+  // their order (a folder's files as Add Directory takes them), and only
+  // `switches` is read as the command line, which then holds no file part.
+  // Call before Load.
   void GiveFilesApart(std::vector<std::string> files, std::string switches);
   // Makes this a dry run; call before Load. The steps stop at the preview,
   // step 4 is never entered, and no other program is started (no update
@@ -80,6 +81,11 @@ class fTessaly : public Form {
   // Paths the last add could not take because the list was full, for the
   // front-end to report.
   int refusedForLimit() const { return refusedForLimit_; }
+  // The paths of the command line that named neither a file nor a folder
+  // (empty ones aside),
+  // in their order; the wizard leaves them out without a word, a console
+  // names them.
+  const std::vector<std::string>& leftOut() const { return leftOut_; }
   // Emitted at the end of an add that the full list could not take whole.
   Signal listFull;
 
@@ -204,6 +210,12 @@ class fTessaly : public Form {
   void ClearResults();
   bool CommandLineHolds(std::string_view text) const;
   void AddToList(std::string path);
+  // The files of `folder` as Add Directory takes them: its sub-folders'
+  // too when "Include sub-directories" is ticked.
+  void AddFolderFiles(const std::string& folder);
+  // A path of the command line: a file by the add rule, a folder's files,
+  // or noted in leftOut.
+  void AddGivenPath(const std::string& path);
   // UpdateList, then word of any path the full list refused.
   void FinishAdding();
 
@@ -222,6 +234,7 @@ class fTessaly : public Form {
   bool dryRun_ = false;
   bool runHeldBack_ = false;
   int refusedForLimit_ = 0;
+  std::vector<std::string> leftOut_;
   std::unique_ptr<fProgress> progress_;
 };
 

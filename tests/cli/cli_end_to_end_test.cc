@@ -131,9 +131,16 @@ TEST_F(CliEndToEnd, Runs) {
     std::string link = "";                    // where a link "lnk" points, if any
   };
   const Row rows[] = {
-      // Missing paths, folders and repeats are not listed.
+      // Missing paths are named and fail the run; repeats are listed once,
+      // and an empty folder brings nothing.
       {{"real.TXT"}, {"real.TXT", "ghost.TXT", "folder", "REAL.txt", "real.TXT", "/step:4"},
-       {"folder", "real.txt"}, 0, "\n1 total files.\n", ""},
+       {"folder", "real.txt"}, 1, "\n1 total files.\n",
+       "tessaly-cli: left out, no such file or folder: " + files + "/ghost.TXT\n"},
+      // A folder brings its files, and with -r its sub-folders' too.
+      {{"d/A.TXT", "d/sub/B.TXT"}, {"d/", "/settings:LowerCase", "/step:4"},
+       {"d", "d/a.txt", "d/sub", "d/sub/B.TXT"}, 0, "\n1 total files.\n", ""},
+      {{"d/A.TXT", "d/sub/B.TXT"}, {"-r", "d", "/settings:LowerCase", "/step:4"},
+       {"d", "d/a.txt", "d/sub", "d/sub/b.txt"}, 0, "\n2 total files.\n", ""},
       // A change of letter case alone goes through without a question, and
       // a name left as it was is no error.
       {{"a.TXT", "b.txt"}, {"a.TXT", "b.txt", "/step:4"}, {"a.txt", "b.txt"}, 0,
@@ -183,20 +190,23 @@ TEST_F(CliEndToEnd, Runs) {
       // beside the link's target, and a name with a closing "/" is no file.
       {{"X.TXT", "t/X.TXT", "t/in/KEEP", "Y.TXT"},
        {"lnk/../X.TXT", "Y.TXT/", "/settings:LowerCase", "/step:4"},
-       {"lnk", "t", "t/in", "t/in/KEEP", "t/x.txt", "X.TXT", "Y.TXT"}, 0, "1 total files.", "",
-       "", "t/in"},
-      {{}, {std::string(256, 'L') + ".TXT", "/step:4"}, {}, 0, "",
+       {"lnk", "t", "t/in", "t/in/KEEP", "t/x.txt", "X.TXT", "Y.TXT"}, 1, "1 total files.",
+       "left out, no such file or folder: " + files + "/Y.TXT/\n", "", "t/in"},
+      {{}, {std::string(256, 'L') + ".TXT", "/step:4"}, {}, 1, "",
        "left out, too long for this system: /"},
       // A path from the root that only begins like a switch is a file, so
       // without a switch the wizard opens on File Selection, and says so.
-      {{"A.TXT"}, {"--json", "/showwiz/Photo.JPG", "A.TXT"}, {}, 0, "",
+      {{"A.TXT"}, {"--json", "/showwiz/Photo.JPG", "A.TXT"}, {}, 1, "",
        "stopped on step 1 with 1 files listed"},
-      // A dry run shows each file, stores nothing and touches nothing.
+      // A dry run shows each change, paths in the current folder relative
+      // to it, then a summary; it stores nothing, touches nothing, and a
+      // clash fails it.
       {{"x (1).TXT", "y (1).TXT", "y .txt", "E\x1b[2J (1).TXT"},
        {"-n", "x (1).TXT", "y (1).TXT", "E\x1b[2J (1).TXT", "/settings:RemoveNumbers", "/step:4"}, {},
-       0, "FILES/E\\x1b[2J .txt\nFILES/x (1).TXT -> FILES/x .txt\nFILES/y (1).TXT -> FILES/y .txt\n", ""},
+       1, "E\\x1b[2J (1).TXT -> E\\x1b[2J .txt\nx (1).TXT -> x .txt\ny (1).TXT -> y .txt\n",
+       "tessaly-cli: 2 to rename, 0 unchanged, 1 clash\n"},
       {{"x (1).TXT", "y (1).TXT", "y .txt"},
-       {"-n", "--json", "x (1).TXT", "y (1).TXT", "/settings:RemoveNumbers", "/step:4"}, {}, 0,
+       {"-n", "--json", "x (1).TXT", "y (1).TXT", "/settings:RemoveNumbers", "/step:4"}, {}, 1,
        R"j("code":"would-rename"}
 {"old":"FILES/y (1).TXT","new":"FILES/y .txt","outcome":"(Would Clash)","code":"would-clash"})j", ""},
       // The log as JSON, one object a line, a name's newline, quotes and
@@ -208,6 +218,10 @@ TEST_F(CliEndToEnd, Runs) {
 {"old":"FILES/NEW\nLINE.TXT","new":"FILES/new\nline.txt","outcome":"(Completed)","code":"completed"}
 {"old":"FILES/SAY \"HI\".TXT","new":"FILES/say \"hi\".txt","outcome":"(Completed)","code":"completed"})j",
        "", std::string("NEW\nLINE.TXT\0SAY \"HI\".TXT\0BACK\\SLASH.TXT\0", 42)},
+      // "README" with the default placements gives "README.", which the
+      // disk gets as Windows would store it.
+      {{"README"}, {"--json", "README", "/step:4"}, {}, 0,
+       R"j({"old":"FILES/README","new":"FILES/README","outcome":"(No Change}")j", ""},
       // A folder matched ignoring case is named as the disk spells it.
       {{"Z.TXT", "Sub/KEEP"},
        {"--json", "Z.TXT", "/placement1:sub\\", "/placement2:Document Name", "/placement3:extension",
@@ -216,9 +230,9 @@ TEST_F(CliEndToEnd, Runs) {
       // A raw command line: a relative path counts from the current folder,
       // and a dry run shows the run its text asks for.
       {{"A.TXT"}, {"-n", "--command-line", "A.TXT /settings:LowerCase /step:4"}, {}, 0,
-       "FILES/A.TXT -> FILES/a.txt\n", ""},
+       "A.TXT -> a.txt\n", ""},
       {{"A.TXT"}, {"-n", "--command-line", R"q(A.TXT /placement2:"/step:5" /step:4)q"}, {}, 0,
-       R"(FILES/A.TXT -> FILES/A\\step:5)", ""},
+       R"(A.TXT -> A\\step:5)", ""},
       // Bad usage does nothing and ends with 2.
       {{}, {}, {}, 2, "", "usage: tessaly-cli"},
       {{"A.TXT"}, {"A.TXT", "/stpe:4"}, {}, 2, "", "'/stpe:4' is not a switch"},

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "cli_options.h"
+#include "dry_run.h"
 #include "log_printer.h"
 #include "platform/memory/memory_file_system.h"
 #include "platform/posix/posix_working_folder.h"
@@ -27,9 +28,9 @@ using Kind = Request::Kind;
 using Words = std::vector<std::string>;
 
 // A request in one line: "help", "version", "error", or the options set
-// (n: dry run, j: JSON, 0: NUL-separated, u: undo, l: list runs), "<" and
-// the list of files, each
-// word left in brackets, and "|" and the command-line text.
+// (n: dry run, j: JSON, 0: NUL-separated, u: undo, l: list runs,
+// r: recursive, v: verbose), "<" and the list of files, each word left in
+// brackets, and "|" and the command-line text.
 std::string Summary(const Request& r) {
   if (r.kind != Kind::kRun) {
     return r.kind == Kind::kHelp ? "help" : r.kind == Kind::kVersion ? "version" : "error";
@@ -37,6 +38,7 @@ std::string Summary(const Request& r) {
   std::string text = r.dryRun ? "n" : "";
   text += std::string(r.json ? "j" : "") + (r.nulSeparated ? "0" : "");
   text += std::string(r.undo ? "u" : "") + (r.listRuns ? "l" : "");
+  text += std::string(r.recursive ? "r" : "") + (r.verbose ? "v" : "");
   if (r.filesFrom) text += " <" + *r.filesFrom;
   for (const std::string& word : r.words) text += " [" + word + "]";
   if (r.commandLine) text += " |" + *r.commandLine;
@@ -50,6 +52,7 @@ TEST(ReadArguments, OptionsAndWhatTheyLeave) {
       {{"-n", "a.txt", "-", "/step:4"}, "n [a.txt] [-] [/step:4]"},
       {{"a.txt", "--dry-run", "--json"}, "nj [a.txt]"},
       {{"-n0", "--files-from", "-"}, "n0 <-"},
+      {{"-nrv", "--recursive", "dir"}, "nrv [dir]"}, {{"--verbose"}, "v"},
       {{"--null", "--files-from=list", "/step:4"}, "0 <list [/step:4]"},
       {{"-n", "--command-line", raw}, "n |" + raw},  // passed through unchanged
       // "--" ends the options, and stays to end the switches too.
@@ -173,10 +176,29 @@ TEST(ReportEnd, PathsTheFullListLeftOutAreSaidAndFailTheRun) {
     MemoryWorld world(files);
     const fTessaly& form = world.Start(line + " /step:4", dryRun);
     std::ostringstream out, messages;
-    ReportEnd(form, files, false, ColourMode::kNone, out, messages);
+    EXPECT_EQ(ReportEnd(form, files, {}, out, messages), 1);
     EXPECT_THAT(messages.str(), ::testing::StartsWith("tessaly-cli: 1 path was not added")) << dryRun;
-    EXPECT_EQ(ExitStatus(form), 1);
   }
+}
+
+// A dry run's plan shows the changes, unchanged files only when asked, and
+// a path under the current folder relative to it, as the file system tells
+// names apart.
+TEST(PrintPlan, ChangesRelativeToTheCurrentFolder) {
+  const std::vector<PlannedRename> plan = {{"\\home\\ann\\A.TXT", "\\home\\ann\\a.txt", false},
+                                           {"\\home\\ann\\same", "\\home\\ann\\same", false},
+                                           {"\\home\\annex\\b", "\\HOME\\ANN\\sub\\b", true}};
+  const struct { MemoryFileSystem::LetterCase letterCase; bool unchangedToo; const char* printed; } cases[] = {
+      {MemoryFileSystem::LetterCase::kExact, false, "A.TXT -> a.txt\n/home/annex/b -> /HOME/ANN/sub/b\n"},
+      {MemoryFileSystem::LetterCase::kIgnore, true, "A.TXT -> a.txt\nsame -> same\n/home/annex/b -> sub/b\n"},
+  };
+  for (const auto& c : cases) {
+    const MemoryFileSystem files(c.letterCase, MemoryFileSystem::ShownForm::kPosix);
+    std::ostringstream out;
+    PrintPlan(plan, files, {"\\home\\ann\\", c.unchangedToo, ColourMode::kNone}, out);
+    EXPECT_EQ(out.str(), c.printed);
+  }
+  EXPECT_EQ(PlanSummary(CountPlan(plan)), "1 to rename, 1 unchanged, 1 clash");
 }
 
 // A log as the wizard writes it: head, one line per file coloured whole,
@@ -201,25 +223,36 @@ RichTextBox SampleLog() {
   return box;
 }
 
-std::string Printed(const RichTextBox& box, ColourMode mode) {
+std::string Printed(const RichTextBox& box, const Colours& colours) {
   std::ostringstream out;
-  PrintRichText(box, out, mode);
+  PrintRichText(box, out, colours);
   return out.str();
 }
 
-// Plain text has Unix line ends and ends with one. Basic colours wrap each
+// Plain text has Unix line ends and ends with one. Colours wrap each
 // coloured line but not black ones, and land behind multi-byte letters,
-// since runs count characters.
-TEST(PrintRichText, EscapedLinesInTheirColours) {
+// since runs count characters. Each colour is one that reads at 4.5:1 on
+// the terminal's background: blue and red as they are on white; on black
+// a lighter blue (with the basic colours, which xterm shows 2.2:1 there,
+// cyan) and a bright red.
+TEST(PrintRichText, EscapedLinesInTheirColoursReadableOnTheBackground) {
   const std::string failed = "x\\x1b[8m\\r > y\\n (Failed! - Error Renaming File)\n";
   const std::string tail = "z > z (No Change}\n\nFoot\n";
   EXPECT_EQ(Printed(SampleLog(), ColourMode::kNone),
             "Head\nÜnï > ä (Completed)\n" + failed + tail);
-  EXPECT_EQ(Printed(SampleLog(), ColourMode::kBasic),
-            "Head\n\x1b[34mÜnï > ä (Completed)\n\x1b[0m\x1b[31m" + failed + "\x1b[0m" + tail);
-  const std::string printed = Printed(SampleLog(), ColourMode::kTrueColour);
-  EXPECT_NE(printed.find("\x1b[38;2;0;0;255mÜnï"), std::string::npos);
-  EXPECT_EQ(printed.find("38;2;0;0;0"), std::string::npos);
+  const Rgb black{0, 0, 0}, white{255, 255, 255};
+  const struct { Colours colours; const char *blue, *red; } cases[] = {
+      {{ColourMode::kBasic, white}, "34", "31"},
+      {{ColourMode::kBasic, black}, "36", "91"},
+      {{ColourMode::k256, black}, "38;5;63", "38;5;196"},
+      {{ColourMode::kTrueColour, white}, "38;2;0;0;255", "38;2;238;0;0"},
+      {{ColourMode::kTrueColour, black}, "38;2;94;94;255", "38;2;255;0;0"},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(Printed(SampleLog(), c.colours),
+              std::string("Head\n\x1b[") + c.blue + "mÜnï > ä (Completed)\n\x1b[0m\x1b[" + c.red + "m" +
+                  failed + "\x1b[0m" + tail) << c.blue;
+  }
   EXPECT_EQ(Printed(RichTextBox{}, ColourMode::kBasic), "");
 }
 
@@ -229,7 +262,23 @@ TEST(ColourModeFor, FollowsTheTerminalAndTheUsualVariables) {
   EXPECT_EQ(ColourModeFor(true, "", "truecolor", "xterm"), ColourMode::kTrueColour);
   EXPECT_EQ(ColourModeFor(true, "1", "truecolor", "xterm"), ColourMode::kNone);
   EXPECT_EQ(ColourModeFor(true, nullptr, "yes", "xterm"), ColourMode::kBasic);
+  EXPECT_EQ(ColourModeFor(true, nullptr, "yes", "xterm-256color"), ColourMode::k256);
   EXPECT_EQ(ColourModeFor(true, nullptr, "truecolor", "dumb"), ColourMode::kNone);
+}
+
+// What a terminal answers about its background, and COLORFGBG.
+TEST(TerminalBackground, FromTheTerminalsAnswerOrColorFgBg) {
+  const std::pair<std::string_view, std::optional<Rgb>> answers[] = {
+      {"\x1b]11;rgb:1e1e/1e1e/1e1e\x1b\\\x1b[?62;22c", Rgb{30, 30, 30}},
+      {"\x1b]11;rgb:ff/ff/ff\x07", Rgb{255, 255, 255}},
+      {"\x1b]11;rgb:f/0/8\x07", Rgb{255, 0, 136}},
+      {"\x1b[?62;22c", std::nullopt}, {"\x1b]11;rgb:12345/0/0", std::nullopt},
+  };
+  for (const auto& [answer, background] : answers) EXPECT_EQ(BackgroundInAnswer(answer), background);
+  EXPECT_EQ(BackgroundInColorFgBg("15;0"), (Rgb{0, 0, 0}));
+  EXPECT_EQ(BackgroundInColorFgBg("0;default;15"), (Rgb{255, 255, 255}));
+  EXPECT_EQ(BackgroundInColorFgBg("15;default"), std::nullopt);
+  EXPECT_EQ(BackgroundInColorFgBg(nullptr), std::nullopt);
 }
 
 // Three windows: one broken by a question, one that reaches "100%", one

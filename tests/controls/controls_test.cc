@@ -9,6 +9,7 @@
 #include "controls/buttons.h"
 #include "controls/combo_box.h"
 #include "controls/list_box.h"
+#include "controls/readable_colour.h"
 #include "controls/signal.h"
 #include "text/text_ops.h"
 
@@ -168,6 +169,25 @@ TEST(Controls, RulesRunOnlyWhenTheStateChangesOrTheButtonIsThere) {
 
 // A view that goes before its model takes its callback along, also in the
 // middle of an emit; a handle kept past its signal does nothing.
+// A colour that is hard to read on its background is lightened or darkened
+// just enough, keeping its hue; one that reads well stays as it is.
+TEST(ReadableOn, ReachesTheContrastKeepingTheHue) {
+  const Rgb blue{0, 0, 255}, red{255, 0, 0}, black{0, 0, 0}, white{255, 255, 255};
+  const struct { Rgb colour, background; bool same; } cases[] = {
+      {blue, white, true},  {blue, black, false}, {blue, {42, 42, 42}, false},
+      {red, white, false},  {red, black, true},   {black, black, false},
+  };
+  for (const auto& c : cases) {
+    const Rgb readable = ReadableOn(c.colour, c.background);
+    EXPECT_GE(ContrastRatio(readable, c.background), kReadableContrast);
+    EXPECT_LT(ContrastRatio(readable, c.background), kReadableContrast + (c.same ? 20 : 0.2));
+    EXPECT_EQ(readable == c.colour, c.same);
+    if (c.colour == blue) EXPECT_GT(readable.blue, readable.red + 60);
+    if (c.colour == red) EXPECT_GT(readable.red, readable.blue + 60);
+  }
+  EXPECT_NEAR(ContrastRatio(black, white), 21, 1e-9);
+}
+
 TEST(Signal, ConnectionsEndWithTheirHandles) {
   std::string ran;
   auto signal = std::make_unique<Signal>();

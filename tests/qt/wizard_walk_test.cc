@@ -13,7 +13,9 @@
 #include "platform/memory/memory_file_system.h"
 #include "platform/posix/native_path.h"
 #include "platform/posix/posix_file_system.h"
+#include "controls/readable_colour.h"
 #include "qt_ui.h"
+#include "readable_colour.h"
 #include "wizard/layout/windows.h"
 
 namespace tessaly::qt {
@@ -145,6 +147,41 @@ QStringList Missing(QWidget* window, const std::vector<const layout::Item*>& roo
 }
 
 QStringList Missing(QWidget* window, const layout::Dialog& dialog) { return Missing(window, {&dialog.body}); }
+
+// What a screen reader hears of each control under `root` that Tab
+// reaches: "name: role". An editable drop-down is heard by its line, which
+// holds its focus.
+QStringList Heard(QWidget* root) {
+  QStringList heard;
+  std::function<void(QAccessibleInterface*)> walk = [&](QAccessibleInterface* node) {
+    auto* widget = qobject_cast<QWidget*>(node->object());
+    if (widget != nullptr && widget->window() == root->window() &&
+        (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->focusProxy() == nullptr) {
+      auto* box = qobject_cast<QComboBox*>(widget);
+      QAccessibleInterface* read =
+          box != nullptr && box->lineEdit() != nullptr ? QAccessible::queryAccessibleInterface(box->lineEdit()) : node;
+      heard << QStringLiteral("%1: %2").arg(read->text(QAccessible::Name)).arg(int(read->role()));
+    }
+    for (int i = 0; i < node->childCount(); ++i) walk(node->child(i));
+  };
+  walk(QAccessible::queryAccessibleInterface(root));
+  return heard;
+}
+
+// The controls of `heard` without a name of words or with no role of a
+// control.
+std::vector<std::string> Unheard(const QStringList& heard) {
+  std::vector<std::string> unheard;
+  const QRegularExpression named("[A-Za-z]");
+  for (const QString& control : heard) {
+    const QString name = control.section(": ", 0, -2);
+    const auto role = static_cast<QAccessible::Role>(control.section(": ", -1).toInt());
+    if (!name.contains(named) || role == QAccessible::Client || role == QAccessible::NoRole) {
+      unheard.push_back(control.toStdString());
+    }
+  }
+  return unheard;
+}
 
 // The colour the log draws `text` in: its own, or the palette's text colour.
 QColor ColourOf(QPlainTextEdit* log, const QString& text) {
@@ -355,6 +392,22 @@ TEST_F(FilePageTest, LayoutMarksInNamesShowInEveryViewOfAPath) {
   EXPECT_EQ(Find<QLabel>("lFolder")->text(), QString::fromUtf8("\\srv\\in\ufffdbox"));
 }
 
+// The log's colours keep their meaning on a dark palette and read there at
+// 4.5:1 on its base; black is the palette's own text colour.
+TEST(ReadableColour, LogColoursReadOnADarkPalette) {
+  QPalette dark;
+  dark.setColor(QPalette::Base, QColor(42, 42, 42));
+  dark.setColor(QPalette::Text, QColor(230, 230, 230));
+  for (const Rgb colour : {Rgb{0, 0, 255}, Rgb{255, 0, 0}}) {
+    const QColor drawn = ReadableOn(dark, colour);
+    const auto channel = [](int value) { return static_cast<std::uint8_t>(value); };
+    EXPECT_GE(ContrastRatio({channel(drawn.red()), channel(drawn.green()), channel(drawn.blue())}, {42, 42, 42}),
+              kReadableContrast);
+    EXPECT_EQ(drawn.hue(), QColor(colour.red, colour.green, colour.blue).hue());
+  }
+  EXPECT_EQ(ReadableOn(dark, Rgb{0, 0, 0}), QColor(230, 230, 230));
+}
+
 // A greyed box is drawn partly checked; a click ticks it.
 TEST_F(QtWizardTest, BoxesFollowTheirControlsBothWays) {
   Start(2);
@@ -369,6 +422,60 @@ TEST_F(QtWizardTest, BoxesFollowTheirControlsBothWays) {
   Click(underscores);
   EXPECT_EQ(underscores->checkState(), Qt::Checked);
   EXPECT_EQ(spaces->checkState(), Qt::Checked);
+}
+
+// Escape ends the typing in a box first (an open drop-down list closes
+// first of all), keeping what was typed; only when no text is being edited
+// does it end the wizard.
+TEST_F(QtWizardTest, EscapeLeavesTheBoxBeingEditedBeforeItEndsTheWizard) {
+  Start(2);
+  bool ended = false;
+  const Connection ending = form->programEnded.Connect([&ended] { ended = true; });
+  auto* box = Find<QComboBox>("cboBatch0");
+  box->showPopup();
+  Settle();
+  QTest::keyClick(box->view(), Qt::Key_Escape);
+  Settle();
+  EXPECT_FALSE(box->view()->isVisible());
+  TypeOver(box, "Typed");
+  QTest::keyClick(box->lineEdit(), Qt::Key_Escape);
+  Settle();
+  EXPECT_FALSE(ended);
+  EXPECT_FALSE(box->lineEdit()->hasFocus());
+  EXPECT_EQ(form->cboBatch[0].text(), "Typed");
+  QTest::keyClick(window()->focusWidget() != nullptr ? window()->focusWidget() : window(), Qt::Key_Escape);
+  EXPECT_TRUE(ended);
+}
+
+// Every control Tab reaches is read out with a name and its role: the
+// destination choices as option buttons, the step labels as buttons.
+TEST_F(QtWizardTest, EveryControlIsReadOutWithItsNameAndRole) {
+  Start();
+  const QStringList heard = Heard(window());
+  EXPECT_THAT(Unheard(heard), ::testing::IsEmpty());
+  for (const QString& control :
+       {"Rename into same folder: 45", "1. File Selection: 43", "Placement 6: 42", "With: 42",
+        "Advanced Replace list: 43", "Example Output: 42", "Files to rename: 33", "Preview: 42"}) {
+    EXPECT_TRUE(heard.contains(control)) << control.toStdString();
+  }
+  // The step labels work from the keyboard.
+  QTest::keyClick(Find("lblStep2"), Qt::Key_Space);
+  EXPECT_EQ(form->CurrentStep, 2);
+}
+
+// The window opens within the screen's free area, its buttons in view,
+// however little room there is: the pages scroll instead. (The test runs
+// once more at 1.5 times the scale: 533 by 533 points, as little as a
+// 1366x768 screen at 150% has for a window.)
+TEST_F(QtWizardTest, TheWindowFitsTheScreenWithItsButtonsInView) {
+  Start(2);
+  const QRect free = window()->screen()->availableGeometry();
+  EXPECT_LE(window()->frameGeometry().width(), free.width());
+  EXPECT_LE(window()->frameGeometry().height(), free.height());
+  for (const char* name : {"cmdBack", "cmdNext", "cmdCancel"}) {
+    QWidget* button = Find(name);
+    EXPECT_TRUE(window()->rect().contains(QRect(button->mapTo(window(), QPoint()), button->size()))) << name;
+  }
 }
 
 // The note on included paths lies over the destination options.
@@ -403,6 +510,7 @@ TEST_F(QtWizardTest, UnwantedFormattingShowsItsRowsAndSavesOnClose) {
     fUnwantedFormatting described(world.store, ui);
     EXPECT_THAT(Missing(dialog, layout::DescribeUnwantedFormatting(described)),
                 ::testing::IsEmpty());
+    EXPECT_THAT(Unheard(Heard(dialog)), ::testing::IsEmpty());
     auto* list = Find<QListView>("lstRemove", dialog);
     TypeOver(Find("txtAdd", dialog), "Copy ");
     Click(Find("cmdAdd", dialog));
@@ -428,6 +536,7 @@ TEST_F(QtWizardTest, PickingAdvancedInTheWithBoxOpensItsDialog) {
     fReplaceAdvanced described(world.store, ui);
     EXPECT_THAT(Missing(dialog, layout::DescribeReplaceAdvanced(described)),
                 ::testing::IsEmpty());
+    EXPECT_THAT(Unheard(Heard(dialog)), ::testing::IsEmpty());
     // The other box and the buttons beside both show the choice already.
     opened = dialog->windowTitle() + " " + Find<QComboBox>("cboBatch6")->currentText();
     EXPECT_TRUE(form->cmdReplaceAdv.visible());
@@ -456,6 +565,7 @@ TEST_F(QtWizardTest, ProgressLeavesTheWizardFreeAndCancelEndsTheLoopAtOnce) {
       EXPECT_TRUE(progress->windowFlags().testFlag(Qt::Tool));  // no task-bar entry
       fProgress described(ui, world.locale);
       EXPECT_THAT(Missing(progress, layout::DescribeProgress(described)), ::testing::IsEmpty());
+      EXPECT_THAT(Unheard(Heard(progress)), ::testing::IsEmpty());
       EXPECT_FALSE(progress->isModal());
       const QPoint offset = progress->frameGeometry().center() - window()->frameGeometry().center();
       EXPECT_LE(offset.manhattanLength(), 4);
@@ -475,6 +585,8 @@ TEST_F(QtWizardTest, ProgressLeavesTheWizardFreeAndCancelEndsTheLoopAtOnce) {
   EXPECT_EQ(ui.progressWindow(), nullptr);
   EXPECT_EQ(ui.wizardWindow(), nullptr);  // the window went with its form
 }
+
+
 
 }  // namespace
 }  // namespace tessaly::qt

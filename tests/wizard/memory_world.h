@@ -1,6 +1,7 @@
 #ifndef TESSALY_TESTS_WIZARD_MEMORY_WORLD_H_
 #define TESSALY_TESTS_WIZARD_MEMORY_WORLD_H_
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -34,6 +35,7 @@ struct BasicMemoryWorld {
                                                      program, shell, network, shortPaths,
                                                      &journals});
     if (dryRun) form->MakeDryRun();
+    if (beforeStart) beforeStart(*form);
     StartWizard(*form, ui);
     return *form;
   }
@@ -51,6 +53,8 @@ struct BasicMemoryWorld {
   MemoryShortPaths shortPaths;
   MemoryRunJournals journals;
   std::unique_ptr<fTessaly> form;
+  // What a front-end does to the form before it starts it.
+  std::function<void(fTessaly&)> beforeStart;
 };
 
 using MemoryWorld = BasicMemoryWorld<ScriptedUi>;

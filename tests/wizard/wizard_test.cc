@@ -197,12 +197,18 @@ TEST(CommandLineText, FilePathsPlacementValuesAndStepDigits) {
   }
 }
 
+// A folder brings its files as Add Directory does: its sub-folders' too
+// only when "Include sub-directories" is ticked. What names nothing is
+// left out and noted.
 TEST_F(WizardTest, BarePathsOpenOnFileSelectionButASlashAnywhereKeepsWelcome) {
-  MakeFiles({"C:\\d\\a.txt", "C:\\d\\b.txt"});
-  files.AddDirectory("C:\\d\\sub");
-  fTessaly& wizard = Start(R"x(C:\d\a.txt;C:\D\A.TXT;"C:\d\b.txt";C:\d\sub;C:\d\missing.txt)x");
+  MakeFiles({"C:\\d\\a.txt", "C:\\d\\b.txt", "C:\\d\\sub\\c.txt", "C:\\d\\sub\\deeper\\d.txt"});
+  const std::string line = R"x(C:\d\a.txt;C:\D\A.TXT;"C:\d\b.txt";C:\d\sub\;C:\d\missing.txt;C:\d\b.txt\)x";
+  fTessaly& wizard = Start(line);
   EXPECT_EQ(wizard.CurrentStep, 1);
-  EXPECT_EQ(wizard.lStat.caption(), "2 files.");
+  EXPECT_EQ(wizard.lStat.caption(), "3 files.");
+  EXPECT_THAT(wizard.leftOut(), ElementsAre("C:\\d\\missing.txt", "C:\\d\\b.txt\\"));
+  world.beforeStart = [](fTessaly& form) { form.chkSubDirectories.SetValue(kChecked); };
+  EXPECT_EQ(Start("C:\\d\\sub").lStat.caption(), "2 files.");
   EXPECT_EQ(Start(R"x("")x").CurrentStep, 1);  // quotes alone
   EXPECT_EQ(Start(R"x(C:\d\a.txt /Exit)x").CurrentStep, 0);
   EXPECT_FALSE(world.form->ended());  // "/Exit" is not "/exit"
@@ -539,6 +545,27 @@ TEST_F(WizardTest, TwoFilesWithOneNewNameAskAtStageTwo) {
             "The file 'same.txt' already exists. Would you like to overwrite this file?");
   // Whatever the disk said before the question may have changed while it stood.
   EXPECT_EQ(files.forgets(), 1);
+}
+
+// A name the conversion leaves ending in a period or blank ("README" gives
+// "README.") is given as Windows stores it: POSIX disks would keep the
+// ends, so there the name loses them before the preview, the run and the
+// log see it; folders keep theirs. On Windows the system drops them itself.
+TEST_F(WizardTest, ANewNameEndsAsWindowsStoresIt) {
+  for (const auto shown : {MemoryFileSystem::ShownForm::kPosix, MemoryFileSystem::ShownForm::kModel}) {
+    const bool posix = shown == MemoryFileSystem::ShownForm::kPosix;
+    files = MemoryFileSystem(LetterCase::kExact, shown);
+    fTessaly& wizard = AtStep2({"\\w\\v1.\\README", "\\w\\v1.\\notes.txt"});
+    wizard.cboBatch[2].SetText(" .");
+    wizard.cmdNext.Click();
+    EXPECT_EQ(wizard.tOutput.text(), posix ? "Rename Files Preview:\r\n    /w/v1./notes.txt\r\n    /w/v1./README\r\n"
+                                           : "Rename Files Preview:\r\n    \\w\\v1.\\notes.txt .\r\n"
+                                             "    \\w\\v1.\\README. .\r\n");
+    if (!posix) continue;
+    wizard.cmdNext.Click();
+    EXPECT_THAT(FileLines(), ElementsAre(HasSubstr("/notes.txt (No Change}"), HasSubstr("/README (No Change}")));
+    EXPECT_TRUE(files.renames().empty());
+  }
 }
 
 TEST_F(WizardTest, MoveToANewFolderAsksForItFirst) {

@@ -26,7 +26,8 @@ class MemoryFileSystem : public FileSystem {
     friend bool operator==(const RenameRecord&, const RenameRecord&) = default;
   };
 
-  // How paths are shown to a person: as they are, or in POSIX form.
+  // How paths are shown to a person: as they are, or in POSIX form, where
+  // new names also lose trailing periods and blanks as PosixFileSystem's do.
   enum class ShownForm { kModel, kPosix };
 
   explicit MemoryFileSystem(LetterCase letterCase = LetterCase::kIgnore,
@@ -58,6 +59,7 @@ class MemoryFileSystem : public FileSystem {
   bool OneEntry(std::string_view a, std::string_view b) override;
   std::string SameNameKey(std::string_view path) const override { return Key(path); }
   std::string PathOnDisk(std::string_view path) override { return MatchFolders(path); }
+  std::string StoredPath(std::string_view path) const override;
   std::string Shown(std::string_view path) const override;
   void ForgetAnswers() override { ++forgets_; }
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/file_system.h"
+#include "platform/path_forms.h"
 #include "platform/posix/cross_device_move.h"
 #include "platform/posix/native_path.h"
 #include "platform/posix/path_resolver.h"
@@ -27,6 +28,9 @@ class PosixFileSystem : public FileSystem {
   bool OneEntry(std::string_view a, std::string_view b) override;
   std::string SameNameKey(std::string_view path) const override { return std::string(path); }
   std::string PathOnDisk(std::string_view path) override;
+  std::string StoredPath(std::string_view path) const override {
+    return WithNameEndAsStored(path);
+  }
   std::string Shown(std::string_view path) const override { return ToNativePath(path); }
   void ForgetAnswers() override { resolver_.Forget(); }
 

@@ -35,7 +35,8 @@ Dialog DescribeUnwantedFormatting(fUnwantedFormatting& form) {
       {CaptionOf(&form.txtAdd, "txtAdd", "c"),
        Row({Edit(form.txtAdd, "txtAdd").Grow(1), Button(form.cmdAdd, "cmdAdd", "a")}), Space(5),
        Line(), Space(5),
-       Row({Edit(form.txtEdit, "txtEdit").Grow(1), Button(form.cmdUpdate, "cmdUpdate", "u")}),
+       Row({Edit(form.txtEdit, "txtEdit").Spoken("Selected entry").Grow(1),
+            Button(form.cmdUpdate, "cmdUpdate", "u")}),
        Stretch()});
   Item list = Column({CaptionOf(&form.lstRemove, "lstRemove", "l"),
                       CheckList(form.lstRemove, "lstRemove").AtLeast(0, 103).Grow(1),

@@ -9,6 +9,9 @@
 // spacing. State and events stay in the models the items point at; a view
 // binds each item to its model as its kind says.
 //
+// Every control a person can reach has a name to be read out: its caption,
+// or `spoken` (see Item).
+//
 // Lengths are dialog units: across, a quarter of the dialog font's average
 // character width; down, an eighth of its height. A layout so grows with
 // the font and the screen's scale (a Win32 view hands them to MapDialogRect
@@ -124,6 +127,10 @@ struct Item {
   std::string keys;     // mnemonic letters in order of preference, where
                         // the caption has no "&" (see WithMnemonic)
   std::string tooltip;  // what it does, in one line
+  // What the control is called for a person who hears the window (its
+  // accessible name), where no caption of its own says it: a box, a list,
+  // a button whose caption is a sign.
+  std::string spoken;
   std::string buddy;    // kCaption: where its mnemonic leads
   std::function<std::string(std::string_view)> shownPath;  // kPathText, kFileList
   Look look = Look::kPlain;
@@ -153,6 +160,7 @@ struct Item {
     return std::move(Set(cell, Cell{row, column, rowSpan, columnSpan}));
   }
   Item Tip(std::string line) && { return std::move(Set(tooltip, std::move(line))); }
+  Item Spoken(std::string words) && { return std::move(Set(spoken, std::move(words))); }
   Item Keys(std::string letters) && { return std::move(Set(keys, std::move(letters))); }
   Item Styled(Look value) && { return std::move(Set(look, value)); }
   Item Aligned(Align value) && { return std::move(Set(align, value)); }

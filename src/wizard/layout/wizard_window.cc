@@ -29,7 +29,10 @@ Page WelcomePage(fTessaly& form) {
 // dropped files; nothing else does.
 Page FilePage(fTessaly& form) {
   const auto shown = [&form](std::string_view path) { return form.ShownPath(path); };
-  Item list = Column({FileList(form.lstFiles, "lstFiles", shown).TakingDrops().Grow(1),
+  Item list = Column({FileList(form.lstFiles, "lstFiles", shown)
+                          .Spoken("Files to rename")
+                          .TakingDrops()
+                          .Grow(1),
                       Text(form.lStat, "lStat")});
   Item buttons = Column(
       {Button(form.cmdAddFiles, "cmdAddFiles"), Button(form.cmdAddDirectory, "cmdAddDirectory"),
@@ -46,21 +49,27 @@ Page FilePage(fTessaly& form) {
 }
 
 // Six parts of the new name, two to a row joined by "+", then the replace
-// pair; each box says in its tip what it does.
+// pair; each box says in its tip what it does, and is called as its switch
+// is (/placement1 ...) or as its caption says.
 Item Placement(fTessaly& form, int index) {
   std::string tip = index == 6   ? "Text to find in every new name; (Advanced) uses a list"
                     : index == 7 ? "Text to put in place of what Replace: finds"
                                  : "Part " + std::to_string(index + 1) +
                                        " of the new name: pick from the list or type any text";
+  std::string spoken = index == 6   ? "Replace"
+                       : index == 7 ? "With"
+                                    : "Placement " + std::to_string(index + 1);
   return Combo(form.cboBatch[index], Numbered("cboBatch", index))
       .Chars(12)
       .Lines(21)
-      .Tip(std::move(tip));
+      .Tip(std::move(tip))
+      .Spoken(std::move(spoken));
 }
 
-// A "..." button, narrow but wide enough for its dots at any font size.
-Item Dots(CommandButton& button, std::string name) {
-  return Button(button, std::move(name)).Sized(18, 0);
+// A "..." button, narrow but wide enough for its dots at any font size;
+// `spoken` says what it opens.
+Item Dots(CommandButton& button, std::string name, std::string spoken) {
+  return Button(button, std::move(name)).Sized(18, 0).Spoken(std::move(spoken));
 }
 
 Item Placements(fTessaly& form) {
@@ -72,10 +81,12 @@ Item Placements(fTessaly& form) {
   }
   cells.push_back(Caption("&Replace:", "cboBatch6").At(4, 0));
   cells.push_back(Caption("&With", "cboBatch7").At(4, 2));
-  cells.push_back(Row({Placement(form, 6).Grow(1), Dots(form.cmdReplaceAdv, "cmdReplaceAdv")})
+  cells.push_back(Row({Placement(form, 6).Grow(1),
+                       Dots(form.cmdReplaceAdv, "cmdReplaceAdv", "Advanced Replace list")})
                       .Spaced(1, -1)
                       .At(5, 0));
-  cells.push_back(Row({Placement(form, 7).Grow(1), Dots(form.cmdReplaceAdv2, "cmdReplaceAdv2")})
+  cells.push_back(Row({Placement(form, 7).Grow(1),
+                       Dots(form.cmdReplaceAdv2, "cmdReplaceAdv2", "Advanced Replace list")})
                       .Spaced(1, -1)
                       .At(5, 2));
   return Grid(std::move(cells)).Spaced(5, 3).StretchColumns({1, 0, 1}).RowHeights({0, 0, 0, 2});
@@ -122,7 +133,9 @@ Item Options(fTessaly& form) {
       const OptionCell& cell = kOptions[row][column];
       Item box = OptionBox(form, cell);
       if (cell.box == &fTessaly::chkFormatting) {
-        box = Row({std::move(box), Dots(form.cmdUnwantedFormat, "cmdUnwantedFormat"), Stretch()})
+        box = Row({std::move(box),
+                   Dots(form.cmdUnwantedFormat, "cmdUnwantedFormat", "Unwanted Formatting list"),
+                   Stretch()})
                   .Spaced(2, -1);
       }
       cells.push_back(std::move(box).At(row, column));
@@ -143,7 +156,7 @@ Item Options(fTessaly& form) {
 // The frame's mnemonic leads to the first placement.
 Page SettingsPage(fTessaly& form) {
   Item naming = Column({Placements(form), Space(3), Caption("Additional Options:"), Options(form),
-                        Example(form.txtExample, "txtExample", 3)})
+                        Example(form.txtExample, "txtExample", 3).Spoken("Example Output")})
                     .Spaced(-1, 3);
   return MakePage(2, Text(form.pStep[2], ""),
                   {Frame("File Nameing", "Frame3", std::move(naming)).Keys("g"), Stretch()});
@@ -172,11 +185,12 @@ Page ReviewPage(fTessaly& form) {
       3, Text(form.pStep[3], ""),
       {Frame(form.Frame1, "Frame1", Overlay({std::move(choice), std::move(note)})),
        Caption(std::string(kPreviewHeading)).Named("lPreviewHeading").Styled(Look::kBold),
-       RichText(form.tOutput, "tOutput").Grow(1), Stretch(0)});
+       RichText(form.tOutput, "tOutput").Spoken("Preview").Grow(1), Stretch(0)});
 }
 
 Page LogPage(fTessaly& form) {
-  return MakePage(4, Text(form.pStep[4], ""), {RichText(form.tLog, "tLog").Grow(1)});
+  return MakePage(4, Text(form.pStep[4], ""),
+                  {RichText(form.tLog, "tLog").Spoken("Change log").Grow(1)});
 }
 
 }  // namespace
