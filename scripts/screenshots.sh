@@ -9,7 +9,13 @@ cd "$(dirname "$0")/.."
 cmake --build build --target qt_screenshots >/dev/null
 out=$PWD/build/screenshots
 rm -rf "$out"
-export QT_QPA_PLATFORM=offscreen
+# A screen of a common size, so the window opens at the size it wants
+# rather than fitted to the offscreen platform's small default screen.
+screen=$(mktemp)
+trap 'rm -f "$screen"' EXIT
+echo '{"screens": [{"name": "screen", "x": 0, "y": 0, "width": 1920, "height": 1080,
+  "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]}' >"$screen"
+export QT_QPA_PLATFORM="offscreen:configfile=$screen"
 build/tests/qt/qt_screenshots "$out/qt/normal" 2>/dev/null
 QT_SCALE_FACTOR=1.5 build/tests/qt/qt_screenshots "$out/qt/large" 2>/dev/null
 if [ -x build-win/tools/win32_screenshots.exe ] && [ -f scripts/win32_screenshots.sh ]; then
