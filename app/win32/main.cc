@@ -8,6 +8,7 @@
 #include <string>
 
 #include "machine_wizard.h"
+#include "version_text.h"
 #include "win32_ui.h"
 #include "window_input.h"
 
@@ -18,14 +19,24 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
   INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_WIN95_CLASSES | ICC_STANDARD_CLASSES};
   InitCommonControlsEx(&controls);
 
-  std::string refusal;
-  std::optional<launch::WizardInput> input = launch::WindowInput({}, refusal);
+  launch::WindowRequest request = launch::ReadWindowWords({});
   win32::Win32Ui ui;
-  if (!input) {
-    ui.MessageBox(refusal, MessageButtons::kOk, "Tessaly");
-    return 2;
+  // A window program has no console to print to: its usage and its
+  // refusals come in a message box.
+  switch (request.kind) {
+    case launch::WindowRequest::Kind::kHelp:
+      ui.MessageBox(launch::WindowUsageText(), MessageButtons::kOk, "Tessaly");
+      return 0;
+    case launch::WindowRequest::Kind::kVersion:
+      ui.MessageBox(launch::VersionText("tessaly"), MessageButtons::kOk, "Tessaly");
+      return 0;
+    case launch::WindowRequest::Kind::kError:
+      ui.MessageBox(request.error, MessageButtons::kOk, "Tessaly");
+      return 2;
+    case launch::WindowRequest::Kind::kRun:
+      break;
   }
-  launch::MachineWizard wizard(ui, std::move(*input));
+  launch::MachineWizard wizard(ui, std::move(request.input));
   // Time has passed before a person acts, in which the disk may have changed.
   ui.pump().onPersonActs = [&wizard] { wizard.fileSystem().ForgetAnswers(); };
   // Cancel, the close box or "/exit" end the program at once, also in the
