@@ -22,7 +22,6 @@ QTextCharFormat FormatIn(const Rgb* colour, const QPalette& palette) {
   return format;
 }
 
-bool StartsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }
 
 }  // namespace
 
@@ -95,15 +94,6 @@ int RichTextView::DocumentPosition(std::size_t character) const {
   return static_cast<int>(character - static_cast<std::size_t>(before - leftOut_.begin()));
 }
 
-std::size_t RichTextView::ByteAfter(std::size_t byte, std::size_t characters) const {
-  const std::string& text = box_.text();
-  while (characters > 0 && byte < text.size()) {
-    ++byte;
-    while (byte < text.size() && !StartsCharacter(text[byte])) ++byte;
-    --characters;
-  }
-  return byte;
-}
 
 void RichTextView::ColourNewRuns() {
   const auto& runs = box_.spans();
@@ -132,12 +122,13 @@ void RichTextView::AppendRest() {
     const ColourSpan* next = run < runs.size() ? &runs[run] : nullptr;
     if (next != nullptr && next->start <= drawnChars_) {
       const std::size_t characters = next->start + next->length - drawnChars_;
-      const std::size_t end = ByteAfter(drawnBytes_, characters);
+      const std::size_t end = text::ByteAfterChars(box_.text(), drawnBytes_, characters);
       Insert(drawnBytes_, end, drawnChars_, &next->colour);
       ++run;
     } else {
       const std::size_t characters = next != nullptr ? next->start - drawnChars_ : SIZE_MAX;
-      Insert(drawnBytes_, ByteAfter(drawnBytes_, characters), drawnChars_, nullptr);
+      const std::size_t end = text::ByteAfterChars(box_.text(), drawnBytes_, characters);
+      Insert(drawnBytes_, end, drawnChars_, nullptr);
     }
   }
   cursor.endEditBlock();
@@ -152,7 +143,7 @@ void RichTextView::Insert(std::size_t fromByte, std::size_t toByte, std::size_t 
   std::size_t character = fromChar;
   for (std::size_t i = fromByte; i < toByte; ++i) {
     const char byte = text[i];
-    if (!StartsCharacter(byte)) {
+    if (text::IsContinuationByte(byte)) {
       piece.push_back(byte);
       continue;
     }

@@ -42,7 +42,6 @@ class RichTextView : public QPlainTextEdit {
   // Colours the runs of the box that were added over text already drawn.
   void ColourNewRuns();
   int DocumentPosition(std::size_t character) const;
-  std::size_t ByteAfter(std::size_t byte, std::size_t characters) const;
 
   RichTextBox& box_;
   bool stale_ = false;

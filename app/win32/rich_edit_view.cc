@@ -9,6 +9,7 @@
 #include "bindings.h"
 #include "rich_positions.h"
 #include "rtf_batch.h"
+#include "text/utf8.h"
 
 namespace tessaly::win32 {
 
@@ -88,7 +89,6 @@ class RichEditBinding {
     }
   }
 
-  std::size_t ByteAfter(std::size_t byte, std::size_t characters) const;
 
   void AppendRest() {
     const std::string& text = box_.text();
@@ -105,7 +105,7 @@ class RichEditBinding {
       const std::size_t characters = inRun             ? next->start + next->length - drawnChars_
                                      : next != nullptr ? next->start - drawnChars_
                                                        : SIZE_MAX;
-      const std::size_t to = ByteAfter(drawnBytes_, characters);
+      const std::size_t to = text::ByteAfterChars(box_.text(), drawnBytes_, characters);
       drawnChars_ = batch.Add(text, drawnBytes_, to, drawnChars_, inRun ? &next->colour : nullptr);
       drawnBytes_ = to;
       if (inRun) ++run;
@@ -144,17 +144,7 @@ class RichEditBinding {
   bool lastWasCr_ = false;
 };
 
-bool StartsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }
 
-std::size_t RichEditBinding::ByteAfter(std::size_t byte, std::size_t characters) const {
-  const std::string& text = box_.text();
-  while (characters > 0 && byte < text.size()) {
-    ++byte;
-    while (byte < text.size() && !StartsCharacter(text[byte])) ++byte;
-    --characters;
-  }
-  return byte;
-}
 
 LRESULT CALLBACK ViewProcedure(HWND view, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                                DWORD_PTR data) {

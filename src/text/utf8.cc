@@ -85,4 +85,13 @@ std::size_t CharCount(std::string_view text) {
   return count;
 }
 
+std::size_t ByteAfterChars(std::string_view text, std::size_t byte, std::size_t characters) {
+  while (characters > 0 && byte < text.size()) {
+    ++byte;
+    while (byte < text.size() && IsContinuationByte(text[byte])) ++byte;
+    --characters;
+  }
+  return byte;
+}
+
 }  // namespace tessaly::text

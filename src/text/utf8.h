@@ -44,6 +44,11 @@ void AppendChar(std::string& out, char32_t code);
 // byte order of the result is code order.
 void AppendUtf8Layout(std::string& out, char32_t code);
 
+// The byte `characters` characters on from the character starting at
+// `byte`, or the end of `text`: how a view walks from its model's character
+// counts to the bytes it draws.
+std::size_t ByteAfterChars(std::string_view text, std::size_t byte, std::size_t characters);
+
 // Number of characters in `text`; each invalid byte counts as one.
 std::size_t CharCount(std::string_view text);
 
