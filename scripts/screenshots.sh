@@ -18,7 +18,7 @@ echo '{"screens": [{"name": "screen", "x": 0, "y": 0, "width": 1920, "height": 1
 export QT_QPA_PLATFORM="offscreen:configfile=$screen"
 build/tests/qt/qt_screenshots "$out/qt/normal" 2>/dev/null
 QT_SCALE_FACTOR=1.5 build/tests/qt/qt_screenshots "$out/qt/large" 2>/dev/null
-if [ -x build-win/tools/win32_screenshots.exe ] && [ -f scripts/win32_screenshots.sh ]; then
+if [ -x build-win/tests/win32/win32_screenshots.exe ] && [ -f scripts/win32_screenshots.sh ]; then
   bash scripts/win32_screenshots.sh "$out/win32"
 fi
 find "$out" -name '*.png' | sort
