@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/path_forms.h"
+
 namespace tessaly {
 
 // Attribute bits of a path, as the desktop platform reports them.
@@ -107,11 +109,12 @@ class FileSystem {
   // folds case and so reaches the file under `path` already.
   virtual std::string PathOnDisk(std::string_view path) { return std::string(path); }
 
-  // `path`, a new path for a file, with its name as this platform stores
-  // it. Windows drops trailing periods and blanks from a name by itself, so
-  // there it is `path`; a file system that keeps them drops them here (see
-  // WithNameEndAsStored), so a file gets the same name on every platform.
-  virtual std::string StoredPath(std::string_view path) const { return std::string(path); }
+  // `path`, a new path for a file, with its name as Windows stores it: a
+  // name loses its trailing periods and blanks there. The disks reached by
+  // exact paths (POSIX, and Windows' own "\\?\" form) would keep them, and
+  // a name like "README." then becomes one that Windows programs cannot
+  // open; so every platform gives a new file the stored name.
+  std::string StoredPath(std::string_view path) const { return WithNameEndAsStored(path); }
 
   // `path` as a person on this platform writes it. Every path that is put
   // into a text a person reads goes through here.

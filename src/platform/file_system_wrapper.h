@@ -32,7 +32,6 @@ class FileSystemWrapper : public FileSystem {
   bool OneEntry(std::string_view a, std::string_view b) override { return real_.OneEntry(a, b); }
   std::string SameNameKey(std::string_view path) const override { return real_.SameNameKey(path); }
   std::string PathOnDisk(std::string_view path) override { return real_.PathOnDisk(path); }
-  std::string StoredPath(std::string_view path) const override { return real_.StoredPath(path); }
   std::string Shown(std::string_view path) const override { return real_.Shown(path); }
   void ForgetAnswers() override { real_.ForgetAnswers(); }
 

@@ -96,6 +96,10 @@ check "a case twin is never deleted" '[ "$(contents)" = "8|9|" ]'
 folder "TRAIL.=10" "TRAIL=11"
 run "$W\\TRAIL. /placement1:\"renamed\" /placement2:\"(none)\" /placement3:\"(none)\" /placement4:\"(none)\" /placement5:\"(none)\" /placement6:\"(none)\" /step:4 /exit"
 check "a name ending in a period is the file given" '[ "$(names)" = "TRAIL|renamed|" ] && [ "$(contents)" = "10|11|" ]'
+# A new name ending in a period is stored as Windows programs store it.
+folder "b.txt=12"
+run "$W\\b.txt /placement1:\"renamed.\" /placement2:\"(none)\" /placement3:\"(none)\" /placement4:\"(none)\" /placement5:\"(none)\" /placement6:\"(none)\" /step:4 /exit"
+check "a new name loses its trailing period" '[ "$(names)" = "renamed|" ]'
 
 # Runs are journaled in the user's LOCALAPPDATA: --undo takes the last one
 # back, here a change of letter case on a disk that ignores case.

@@ -240,10 +240,6 @@ bool MemoryFileSystem::OneEntry(std::string_view a, std::string_view b) {
   return one != nullptr && one == Find(b);
 }
 
-std::string MemoryFileSystem::StoredPath(std::string_view path) const {
-  return shown_ == ShownForm::kPosix ? WithNameEndAsStored(path) : std::string(path);
-}
-
 std::string MemoryFileSystem::Shown(std::string_view path) const {
   return shown_ == ShownForm::kPosix ? SwapSlashes(path) : std::string(path);
 }

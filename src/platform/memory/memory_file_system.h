@@ -59,7 +59,6 @@ class MemoryFileSystem : public FileSystem {
   bool OneEntry(std::string_view a, std::string_view b) override;
   std::string SameNameKey(std::string_view path) const override { return Key(path); }
   std::string PathOnDisk(std::string_view path) override { return MatchFolders(path); }
-  std::string StoredPath(std::string_view path) const override;
   std::string Shown(std::string_view path) const override;
   void ForgetAnswers() override { ++forgets_; }
 

@@ -28,9 +28,6 @@ class PosixFileSystem : public FileSystem {
   bool OneEntry(std::string_view a, std::string_view b) override;
   std::string SameNameKey(std::string_view path) const override { return std::string(path); }
   std::string PathOnDisk(std::string_view path) override;
-  std::string StoredPath(std::string_view path) const override {
-    return WithNameEndAsStored(path);
-  }
   std::string Shown(std::string_view path) const override { return ToNativePath(path); }
   void ForgetAnswers() override { resolver_.Forget(); }
 
