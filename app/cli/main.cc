@@ -2,7 +2,9 @@
 // the wizard's list as they are given and the switches do their work while
 // the wizard loads; then the change log (or the preview, or with --dry-run
 // what would be renamed) is printed and the program ends. It never waits
-// for a window.
+// for a window. Asked to stop (Ctrl+C, SIGTERM, SIGHUP), it ends a run
+// after the file under way, prints what was done and exits with the
+// shell's status for the signal.
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
@@ -65,7 +67,7 @@ cli::ReportStyle StyleFor(const cli::Request& request) {
   return {request.json, OutputColours(), request.verbose, std::move(here)};
 }
 
-int RunWizard(cli::WizardInput input, const cli::Request& request) {
+int RunWizard(cli::WizardInput input, const cli::Request& request, const StopRequests& stops) {
   cli::TerminalPerson person;
   const bool progressInPlace =
       cli::IsTerminal(cli::kStandardError) && !cli::IsDumbTerminal(std::getenv("TERM"));
@@ -80,11 +82,13 @@ int RunWizard(cli::WizardInput input, const cli::Request& request) {
   }
   auto wizard = std::make_unique<launch::MachineWizard>(
       ui, launch::WizardInput{std::move(input.files), std::move(input.commandLine)},
-      layers);
+      layers, &stops);
   if (request.dryRun) wizard->form().MakeDryRun();
   // A folder brings its sub-folders' files as Add Directory does with the
   // box ticked.
   if (request.recursive) wizard->form().chkSubDirectories.SetValue(kChecked);
+  Connection streaming;
+  if (request.json) streaming = cli::StreamJson(wizard->form(), wizard->fileSystem(), std::cout);
   wizard->Start();
   const int status = cli::ReportEnd(wizard->form(), wizard->fileSystem(), StyleFor(request),
                                     std::cout, std::cerr);
@@ -126,5 +130,10 @@ int main(int argc, char** argv) {
               << text::Visible(path, text::Layout::kNone) << '\n';
   }
   const bool tooLong = !input->tooLong.empty();
-  return std::max(RunWizard(std::move(*input), *request), tooLong ? 1 : 0);
+  // Ctrl+C and the like end a run after the file under way, and its log is
+  // printed all the same.
+  const std::unique_ptr<StopRequests> stops = machine::ListenForStops();
+  const int status = RunWizard(std::move(*input), *request, *stops);
+  if (stops->Requested()) return stops->ExitStatus();
+  return std::max(status, tooLong ? 1 : 0);
 }

@@ -64,7 +64,9 @@ std::string UsageText() {
          "nothing was renamed), 1 when any file failed or ended with an error, a\n"
          "path was left out (it names nothing, is too long, or the list of 32,767\n"
          "files at most was full), or a dry run found a clash; 2 for bad usage,\n"
-         "and then nothing is done.\n";
+         "and then nothing is done; 130, 143 or 129 when Ctrl+C, SIGTERM or SIGHUP\n"
+         "stopped it: a run ends after the file under way and prints the log of\n"
+         "the files done.\n";
 }
 
 std::string WholeCommandLineUsageText() {
@@ -102,7 +104,9 @@ std::string WholeCommandLineUsageText() {
          "\n"
          "Exit status: 0 when every file ended well (or nothing was renamed), 1\n"
          "when any file failed or ended with an error, a path was left out, or a\n"
-         "dry run found a clash; 2 for bad usage.\n";
+         "dry run found a clash; 2 for bad usage; 130 (Ctrl+C, Ctrl+Break) or 129\n"
+         "(the console closed) when it was stopped: a run ends after the file\n"
+         "under way and prints the log of the files done.\n";
 }
 
 std::string VersionText() { return launch::VersionText("tessaly-cli"); }

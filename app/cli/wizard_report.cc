@@ -29,6 +29,18 @@ void ReportListFull(const fTessaly& form, std::ostream& messages) {
   }
 }
 
+// The notes that go with a log in JSON, whose lines went out as the run
+// went (StreamJson).
+void ReportJsonNotes(const fTessaly& form, std::ostream& messages) {
+  ReportListFull(form, messages);
+  if (form.outcomes().empty() && !form.stopped()) ReportNoRun(form, messages);
+}
+
+void ReportStopped(const fTessaly& form, std::ostream& messages) {
+  messages << "tessaly-cli: stopped after " << form.outcomes().size() << " of "
+           << form.lstFiles.ListCount() << " files, as asked; the rest keep their names\n";
+}
+
 void ReportLeftOut(const fTessaly& form, const FileSystem& files, std::ostream& messages) {
   for (const std::string& path : form.leftOut()) {
     messages << "tessaly-cli: left out, no such file or folder: " << files.Shown(path) << '\n';
@@ -50,16 +62,14 @@ void ReportWizard(const fTessaly& form, std::ostream& out, std::ostream& message
   out << std::flush;
 }
 
-void ReportWizardJson(const fTessaly& form, FileSystem& files, std::ostream& out,
-                      std::ostream& messages) {
-  ReportListFull(form, messages);
-  if (form.outcomes().empty()) ReportNoRun(form, messages);
-  for (const fTessaly::FileOutcome& file : form.outcomes()) {
+Connection StreamJson(fTessaly& form, FileSystem& files, std::ostream& out) {
+  return form.fileDone.Connect([&form, &files, &out] {
+    const fTessaly::FileOutcome& file = form.outcomes().back();
     WriteJsonLine(out, machine::NativePath(file.oldPath),
                   machine::NativePath(files.PathOnDisk(file.newPath)), OutcomeText(file.outcome),
                   OutcomeCode(file.outcome));
-  }
-  out << std::flush;
+    out << std::flush;
+  });
 }
 
 int ReportEnd(const fTessaly& form, FileSystem& files, const ReportStyle& style,
@@ -78,10 +88,11 @@ int ReportEnd(const fTessaly& form, FileSystem& files, const ReportStyle& style,
     return counts.clashes > 0 ? 1 : ExitStatus(form);
   }
   if (style.json) {
-    ReportWizardJson(form, files, out, messages);
+    ReportJsonNotes(form, messages);
   } else {
     ReportWizard(form, out, messages, style.colours);
   }
+  if (form.stopped()) ReportStopped(form, messages);
   return ExitStatus(form);
 }
 

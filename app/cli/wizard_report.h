@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "controls/signal.h"
 #include "log_printer.h"
 #include "platform/file_system.h"
 #include "wizard/tessaly_form.h"
@@ -17,12 +18,11 @@ namespace tessaly::cli {
 void ReportWizard(const fTessaly& form, std::ostream& out, std::ostream& messages,
                   const Colours& colours);
 
-// The change log of the last run as JSON Lines on `out`, full native
-// paths, each new one where the file is on the disk (folders as `files`
-// finds them); the same notes as ReportWizard on `messages` when nothing
-// ran.
-void ReportWizardJson(const fTessaly& form, FileSystem& files, std::ostream& out,
-                      std::ostream& messages);
+// Writes each file's line of the change log in JSON on `out` the moment
+// the run knows its outcome, flushed: full native paths, the new one where
+// the file is on the disk (folders as `files` finds them). For as long as
+// the handle is kept.
+Connection StreamJson(fTessaly& form, FileSystem& files, std::ostream& out);
 
 // How the end is reported.
 struct ReportStyle {
@@ -37,8 +37,9 @@ struct ReportStyle {
 // What the console shows when the command line's work is done: the paths
 // of the command line that were left out, on `messages`; then for a dry
 // run held back from the run, what the run would do (see dry_run.h) and a
-// summary on `messages`; else as ReportWizard or, with `json`,
-// ReportWizardJson. Returns the exit status: ExitStatus, or 1 when a dry
+// summary on `messages`; else as ReportWizard or, with `json` (whose lines
+// StreamJson wrote), its notes alone; and for a run stopped on request,
+// how far it got. Returns the exit status: ExitStatus, or 1 when a dry
 // run found a clash.
 int ReportEnd(const fTessaly& form, FileSystem& files, const ReportStyle& style,
               std::ostream& out, std::ostream& messages);

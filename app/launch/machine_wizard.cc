@@ -14,7 +14,8 @@ std::unique_ptr<T> Wrapped(const std::function<std::unique_ptr<T>(T&)>& layer, T
 
 }  // namespace
 
-MachineWizard::MachineWizard(Ui& ui, WizardInput input, const Layers& layers)
+MachineWizard::MachineWizard(Ui& ui, WizardInput input, const Layers& layers,
+                             const StopRequests* stops)
     : ui_(ui),
       input_(std::move(input)),
       machine_(machine::MakeServices()),
@@ -25,7 +26,7 @@ MachineWizard::MachineWizard(Ui& ui, WizardInput input, const Layers& layers)
       shortPaths_(machine::MakeShortPaths(fileSystem())),
       form_(std::make_unique<fTessaly>(WizardServices{
           fileSystem(), store_, ui, *machine_.clock, *machine_.locale, *machine_.random, *program_,
-          *machine_.shell, *machine_.network, *shortPaths_, machine_.journals.get()})) {}
+          *machine_.shell, *machine_.network, *shortPaths_, machine_.journals.get(), stops})) {}
 
 void MachineWizard::Start() {
   StartWizard(*form_, ui_, std::move(input_.files), input_.commandLine);

@@ -37,7 +37,9 @@ class MachineWizard {
     std::function<std::unique_ptr<Registry>(Registry&)> registry;
   };
 
-  MachineWizard(Ui& ui, WizardInput input, const Layers& layers = {});
+  // `stops`, if given, must outlive the wizard: a run asks it between files.
+  MachineWizard(Ui& ui, WizardInput input, const Layers& layers = {},
+                const StopRequests* stops = nullptr);
   MachineWizard(const MachineWizard&) = delete;
   MachineWizard& operator=(const MachineWizard&) = delete;
 

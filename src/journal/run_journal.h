@@ -43,6 +43,11 @@ class RunJournal {
   void Deleted(bool done);
   // The run went through to its end.
   void Finish();
+  // The run stopped before its end, at a request: the result held back is
+  // written, and the journal stays that of an interrupted run.
+  void Stopped() {
+    if (!pending_.empty()) Write();
+  }
 
   // The journal's name; empty while nothing is recorded.
   const std::string& name() const { return name_; }

@@ -17,6 +17,7 @@
 #include "platform/run_journals.h"
 #include "platform/shell.h"
 #include "platform/short_path.h"
+#include "platform/stop_requests.h"
 #include "platform/working_folder.h"
 
 // The real backends of the machine the program is built for. Front-ends
@@ -44,6 +45,11 @@ std::unique_ptr<RunningProgram> MakeProgram(std::string commandLine);
 
 // Short paths of `fileSystem`, which must outlive them.
 std::unique_ptr<ShortPaths> MakeShortPaths(FileSystem& fileSystem);
+
+// Ctrl+C and the other requests to stop that a console program gets, noted
+// for as long as the answer lives instead of ending the program; a second
+// one ends it at once. One at a time.
+std::unique_ptr<StopRequests> ListenForStops();
 
 // The folder relative names given to the program count against, as it is
 // now.

@@ -62,6 +62,7 @@ void fTessaly::RenameFile(const std::string& source, const std::string& target) 
 void fTessaly::RunRenames() {
   ClearResults();
   outcomes_.clear();
+  stopped_ = false;
   if (ended_ || lstFiles.ListCount() == 0) return;
   const auto n = static_cast<std::int32_t>(lstFiles.ListCount());
   stepRunning_ = true;
@@ -76,6 +77,10 @@ void fTessaly::RunRenames() {
   }
   RunCounters counters;
   for (std::int32_t i = 0; i < n && !ended_ && i < static_cast<std::int32_t>(lstFiles.ListCount()); ++i) {
+    // Asked here only, between files: a file is never left between the
+    // two stages of its move.
+    stopped_ = services_.stops != nullptr && services_.stops->Requested();
+    if (stopped_) break;
     const std::string oldPath = lstFiles.List(i);
     journalFile_ = i;
     lstFilesC.AddItem(Convert(oldPath));
@@ -85,13 +90,18 @@ void fTessaly::RunRenames() {
     counters.Count(outcome);
     log.WriteFileLine(oldPath, newPath, outcome);
     outcomes_.push_back({oldPath, newPath, outcome});
+    fileDone.Emit();
     progress_->setvalue(i + 1);
   }
   stepRunning_ = false;
   if (ended_) return;
-  if (journal_) journal_->Finish();
+  if (journal_ && stopped_) {
+    journal_->Stopped();
+  } else if (journal_) {
+    journal_->Finish();
+  }
   log.WriteFoot(counters);
-  CloseProgress(n);
+  CloseProgress(stopped_ ? static_cast<std::int32_t>(outcomes_.size()) : n);
 }
 
 Outcome fTessaly::RenameOneFile(const std::string& oldPath, const std::string& newPath) {

@@ -154,6 +154,14 @@ class fTessaly : public Form {
     Outcome outcome;
   };
   const std::vector<FileOutcome>& outcomes() const { return outcomes_; }
+  // Emitted as each file of a rename run gets its outcome, which is then
+  // the last of outcomes().
+  Signal fileDone;
+  // Whether the last rename run ended early at a request to stop (see
+  // WizardServices::stops): after the file under way, with the log of the
+  // files done and its foot, the journal left unfinished, the window
+  // still there.
+  bool stopped() const { return stopped_; }
   // The journal of the last rename run, or null if runs are not recorded.
   const RunJournal* journal() const { return journal_.get(); }
 
@@ -231,6 +239,7 @@ class fTessaly : public Form {
   bool PlacementsFilled = false;
   bool stepRunning_ = false;
   bool ended_ = false;
+  bool stopped_ = false;
   bool dryRun_ = false;
   bool runHeldBack_ = false;
   int refusedForLimit_ = 0;

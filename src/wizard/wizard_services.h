@@ -10,6 +10,7 @@
 #include "platform/run_journals.h"
 #include "platform/shell.h"
 #include "platform/short_path.h"
+#include "platform/stop_requests.h"
 #include "platform/ui.h"
 #include "settings/settings_store.h"
 
@@ -30,6 +31,9 @@ struct WizardServices {
   ShortPaths& shortPaths;
   // Where rename runs keep their journals; none: runs are not recorded.
   RunJournals* journals = nullptr;
+  // Where requests to stop from outside come in (a console's Ctrl+C);
+  // none: only Cancel ends a run.
+  const StopRequests* stops = nullptr;
 };
 
 }  // namespace tessaly

@@ -30,6 +30,7 @@
 #include <vector>
 
 #include "cli_runner.h"
+#include "journal/journal_reader.h"
 #include "temp_folder.h"
 
 namespace tessaly::cli {
@@ -68,11 +69,11 @@ class CrashConsistencyTest : public ::testing::Test {
   }
 
   // tessaly-cli upper-casing every file still under its old name, with
-  // `placements` first.
-  pid_t Start(const std::vector<std::string>& placements) const {
+  // `words` (placements, options) first.
+  pid_t Start(const std::vector<std::string>& words) const {
     std::vector<std::string> args;
     for (int i : Pending()) args.push_back(Name(i));
-    args.insert(args.end(), placements.begin(), placements.end());
+    args.insert(args.end(), words.begin(), words.end());
     args.insert(args.end(), {"/settings:UpperCase", "/step:4"});
     return StartCli(args, files_, registry_);
   }
@@ -269,6 +270,68 @@ TEST_F(CrashConsistencyTest, OtherProgramsAtWorkInTheFolderLoseNothing) {
 }
 
 TEST_F(CrashConsistencyTest, KilledRenamesLoseAndDoubleNothing) { KillAndCheck({}, "renames"); }
+
+// The journal of the one run recorded.
+JournalContent OnlyJournal(const std::string& folder) {
+  std::vector<fs::path> journals(fs::directory_iterator(folder), {});
+  if (journals.size() != 1) ADD_FAILURE() << journals.size() << " journals";
+  std::ifstream in(journals.at(0), std::ios::binary);
+  return ReadJournal(std::string(std::istreambuf_iterator<char>(in), {})).value_or(JournalContent{});
+}
+
+// A signal to stop once the run is under way (its first JSON line out, which
+// streaming alone allows, or its first file renamed): the run ends between
+// files with the signal's status, and its log, JSON lines and journal name
+// the files done, each under its new name, and no other.
+TEST_F(CrashConsistencyTest, AStopSignalEndsTheRunBetweenFilesWithItsLog) {
+  const struct {
+    int signal;
+    bool json;
+    int exitCode;
+  } rows[] = {{SIGINT, true, 130}, {SIGTERM, false, 143}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.signal);
+    fs::remove_all(registry_ + "/runs");
+    const std::string output = registry_ + "/.stdout";
+    fs::remove(output);
+    const pid_t pid = Start(row.json ? std::vector<std::string>{"--json"} : std::vector<std::string>{});
+    const auto underWay = [&] {
+      if (!row.json) return fs::exists(New(0));
+      std::error_code missing;  // until the program has opened it
+      const auto size = fs::file_size(output, missing);
+      return !missing && size > 0;
+    };
+    int status = 0;
+    while (waitpid(pid, &status, WNOHANG) == 0) {
+      if (underWay()) {
+        kill(pid, row.signal);
+        waitpid(pid, &status, 0);
+        break;
+      }
+      std::this_thread::sleep_for(std::chrono::microseconds(100));
+    }
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), row.exitCode);
+    const Tally tally = Check();
+    const int done = tally.at[1];
+    std::cout << "signal " << row.signal << " after " << done << " of " << count_ << " files\n";
+    EXPECT_TRUE(done > 0 && done < count_) << done;
+    EXPECT_EQ(tally.at[2], 0) << "left between the two stages of a move";
+    std::ifstream in(output, std::ios::binary);
+    const std::string out{std::istreambuf_iterator<char>(in), {}};
+    const std::string perFile = row.json ? "\"code\":\"completed\"}\n" : " (Completed)\n";
+    int lines = 0;
+    for (auto at = out.find(perFile); at != std::string::npos; at = out.find(perFile, at + 1)) ++lines;
+    EXPECT_EQ(lines, done) << out.substr(out.size() - std::min<std::size_t>(out.size(), 300));
+    const JournalContent journal = OnlyJournal(registry_ + "/runs");
+    EXPECT_FALSE(journal.finished);
+    EXPECT_EQ(journal.changes.size(), static_cast<std::size_t>(done));
+    EXPECT_TRUE(std::ranges::all_of(journal.changes, [](const JournalChange& change) {
+      return change.result == JournalChange::Result::kDone;
+    })) << "a result the signal kept from the journal";
+    if (!UndoAndCheck("stopped")) return;
+  }
+}
 
 TEST_F(CrashConsistencyTest, KilledMovesToAnotherFileSystemLoseNothing) {
   struct stat here {}, there {};

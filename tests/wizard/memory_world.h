@@ -13,6 +13,7 @@
 #include "platform/memory/memory_run_journals.h"
 #include "platform/memory/memory_short_paths.h"
 #include "platform/memory/recording_shell.h"
+#include "platform/memory/requested_stops.h"
 #include "platform/memory/scripted_random.h"
 #include "platform/memory/scripted_ui.h"
 #include "settings/settings_store.h"
@@ -22,7 +23,7 @@
 namespace tessaly {
 
 // The wizard with everything but its file system in memory, its runs
-// journaled, on 18 November 2026 at 14:02:09, facing the person `UiType`
+// journaled and stopped on the test's request, on 18 November 2026 at 14:02:09, facing the person `UiType`
 // stands for: a scripted one, or a front-end's own.
 template <typename UiType>
 struct BasicMemoryWorld {
@@ -33,7 +34,7 @@ struct BasicMemoryWorld {
     program.commandLine = std::move(commandLine);
     form = std::make_unique<fTessaly>(WizardServices{files, store, ui, clock, locale, random,
                                                      program, shell, network, shortPaths,
-                                                     &journals});
+                                                     &journals, &stops});
     if (dryRun) form->MakeDryRun();
     if (beforeStart) beforeStart(*form);
     StartWizard(*form, ui);
@@ -52,6 +53,7 @@ struct BasicMemoryWorld {
   FixedNetworkStatus network;
   MemoryShortPaths shortPaths;
   MemoryRunJournals journals;
+  RequestedStops stops;
   std::unique_ptr<fTessaly> form;
   // What a front-end does to the form before it starts it.
   std::function<void(fTessaly&)> beforeStart;

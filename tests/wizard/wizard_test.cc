@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include "journal/journal_reader.h"
 #include "memory_world.h"
 #include "platform/memory/memory_file_system.h"
 #include "settings/command_line.h"
@@ -169,6 +170,32 @@ TEST_F(WizardTest, NavigationInThePreviewIsIgnoredAndCancelInTheRunEndsBetweenFi
   EXPECT_TRUE(files.GetAttributes("C:\\a\\3.TXT"));  // never reached
   EXPECT_THAT(FileLines(), ::testing::IsEmpty());  // nor is the file under way logged
   EXPECT_EQ(files.renames().size(), 1u);  // nor moved again after the click
+}
+
+// A stop asked for from outside, here between the two stages of a move,
+// ends the run after that file: its log, its journal (left unfinished) and
+// the disk hold it alone, and the wizard stays.
+TEST_F(WizardTest, AStopRequestEndsTheRunAfterTheFileUnderWay) {
+  fTessaly& wizard = AtStep2({"C:\\a\\1.TXT", "C:\\a\\2.TXT", "C:\\a\\3.TXT"});
+  wizard.chkLowercase.SetValue(1);
+  ui.OnPendingEvents([&] {
+    if (files.renames().size() == 1) world.stops.Request();
+  });
+  wizard.cmdNext.Click();
+  wizard.cmdNext.Click();
+  EXPECT_TRUE(wizard.stopped());
+  EXPECT_FALSE(wizard.ended());
+  EXPECT_THAT(Disk(), ElementsAre("C:\\a\\1.txt=", "C:\\a\\2.TXT=", "C:\\a\\3.TXT="));
+  EXPECT_THAT(FileLines(), ElementsAre("C:\\a\\...\\1.TXT > C:\\a\\...\\1.txt (Completed)"));
+  EXPECT_THAT(wizard.tLog.text(), HasSubstr("1 files where renamed successfully."));
+  const std::optional<JournalContent> journal =
+      ReadJournal(world.journals.Text(wizard.journal()->name()));
+  ASSERT_TRUE(journal);
+  EXPECT_FALSE(journal->finished);
+  ASSERT_EQ(journal->changes.size(), 2u);
+  for (const JournalChange& change : journal->changes) {
+    EXPECT_EQ(change.result, JournalChange::Result::kDone) << change.to;
+  }
 }
 
 // ---- The command line ----

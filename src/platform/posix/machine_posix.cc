@@ -16,6 +16,7 @@
 #include "platform/posix/posix_run_journals.h"
 #include "platform/posix/posix_shell.h"
 #include "platform/posix/posix_working_folder.h"
+#include "platform/posix/signal_stop_requests.h"
 #include "platform/posix/sqlite_registry.h"
 #include "platform/posix/system_clock.h"
 #include "platform/standard_random.h"
@@ -50,6 +51,8 @@ std::unique_ptr<RunningProgram> MakeProgram(std::string commandLine) {
 std::unique_ptr<ShortPaths> MakeShortPaths(FileSystem& fileSystem) {
   return std::make_unique<ExistingShortPaths>(fileSystem);
 }
+
+std::unique_ptr<StopRequests> ListenForStops() { return std::make_unique<SignalStopRequests>(); }
 
 std::unique_ptr<WorkingFolder> MakeWorkingFolder() {
   return std::make_unique<PosixWorkingFolder>();

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include "platform/standard_random.h"
+#include "platform/win32/console_stop_requests.h"
 #include "platform/win32/utf16.h"
 #include "platform/win32/win32_clock.h"
 #include "platform/win32/win32_file_system.h"
@@ -43,6 +44,8 @@ std::unique_ptr<RunningProgram> MakeProgram(std::string commandLine) {
 std::unique_ptr<ShortPaths> MakeShortPaths(FileSystem&) {
   return std::make_unique<Win32ShortPaths>();
 }
+
+std::unique_ptr<StopRequests> ListenForStops() { return std::make_unique<ConsoleStopRequests>(); }
 
 std::unique_ptr<WorkingFolder> MakeWorkingFolder() {
   return std::make_unique<Win32WorkingFolder>();
