@@ -61,6 +61,7 @@ void RunJournal::Moving(int file, std::string_view from, std::string_view to,
 }
 
 void RunJournal::Moved(bool done, const std::optional<FileVersion>& after) {
+  changed_ = changed_ || done;
   // A result goes out with the next record, in the same write: a kill
   // loses at most the result of the last change, which the disk still tells.
   if (!done || !after) {
@@ -82,6 +83,7 @@ void RunJournal::Deleting(int file, std::string_view path, const FileVersion& ve
 }
 
 void RunJournal::Deleted(bool done) {
+  changed_ = changed_ || done;
   journal::AppendLine(pending_, {done ? journal::kDone : journal::kFailed});
 }
 

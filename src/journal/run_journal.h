@@ -53,6 +53,8 @@ class RunJournal {
   const std::string& name() const { return name_; }
   // Whether a change went unrecorded, as the journal could not be made or written.
   bool incomplete() const { return failed_; }
+  // Whether a change it records took place.
+  bool changedDisk() const { return changed_; }
 
  private:
   // Writes what is pending, making the journal first if need be.
@@ -66,6 +68,7 @@ class RunJournal {
   std::unique_ptr<JournalAppender> file_;
   std::string pending_;  // records not yet written
   bool failed_ = false;
+  bool changed_ = false;
 };
 
 // A journal's name for a run started at `time`, such as "2026-11-18_14-02-09".

@@ -49,6 +49,8 @@ fTessaly::fTessaly(const WizardServices& services)
   cmdSelectFolder.SetCaption("Browse...");
   lInfoPath.SetCaption(std::string(kIncludePathInfo));
   pFolderPath.SetVisible(false);
+  cmdUndo.SetCaption("Undo");
+  cmdUndo.SetVisible(false);
   WireControls();
 }
 
@@ -91,6 +93,7 @@ void fTessaly::WireControls() {
     optMoveNewFolder_Click();
   };
   cmdSelectFolder.onClick = [this] { cmdSelectFolder_Click(); };
+  cmdUndo.onClick = [this] { cmdUndo_Click(); };
 }
 
 void fTessaly::Form_Load() {
@@ -190,7 +193,9 @@ void fTessaly::EnterStep(std::int32_t index) {
       cmdBack.SetVisible(false);
       cmdNext.SetVisible(false);
       RunRenames();
-      if (!ended_) cmdCancel.SetCaption("Finished");
+      if (ended_) break;
+      cmdCancel.SetCaption("Finished");
+      cmdUndo.SetVisible(RunCanBeUndone());
       break;
   }
 }

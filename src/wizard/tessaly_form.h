@@ -78,6 +78,10 @@ class fTessaly : public Form {
   void cmdReplaceAdv_Click();
   void cmdUnwantedFormat_Click();
   void cmdSelectFolder_Click();
+  // Takes back the run of step 4, as the console's undo does, and shows
+  // the undo's log in the run's place; offered once, after a run that
+  // changed the disk and was journaled in full.
+  void cmdUndo_Click();
   // Paths the last add could not take because the list was full, for the
   // front-end to report.
   int refusedForLimit() const { return refusedForLimit_; }
@@ -147,6 +151,7 @@ class fTessaly : public Form {
 
   // Step 4.
   RichTextBox tLog;
+  CommandButton cmdUndo;
   // What became of each file in the last rename run, in the log's order.
   struct FileOutcome {
     std::string oldPath;
@@ -178,6 +183,7 @@ class fTessaly : public Form {
   void FillPlacements();
   void BuildPreview();
   void RunRenames();
+  bool RunCanBeUndone() const;
   Outcome RenameOneFile(const std::string& oldPath, const std::string& newPath);
   Outcome TwoStageRename(const std::string& oldPath, const std::string& newPath);
 

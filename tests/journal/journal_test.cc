@@ -208,12 +208,38 @@ TEST_F(UndoTest, AnUndoIsARunThatCanBeUndoneAndTheListSaysWhatBecameOfEach) {
   EXPECT_EQ(FindRun(RunHistory(world.journals), run + "_06")->state, RunSummary::State::kInterrupted);
 }
 
+// The window's Undo: offered after a run that changed the disk, once; it
+// takes that run back as the console does, journaled, its log in the run's.
+TEST_F(UndoTest, TheWindowsUndoTakesBackItsOwnRunOnce) {
+  files.FailNextRename();
+  Run({"C:\\u\\x.txt"}, "y", false);
+  EXPECT_FALSE(world.form->cmdUndo.visible());
+  // A journal gone before the click: said, and nothing moves.
+  Run({"C:\\v\\a.txt"}, "b", false);
+  world.journals.Remove(world.form->journal()->name());
+  world.form->cmdUndo.Click();
+  ASSERT_EQ(world.ui.messages().size(), 1u);
+  EXPECT_THAT(world.ui.messages()[0].text, HasSubstr("cannot be read; no file was moved back."));
+  Run({"C:\\u\\a.txt", "C:\\u\\c.txt"}, "b", false);  // c waits under b.temp
+  fTessaly& wizard = *world.form;
+  ASSERT_TRUE(wizard.cmdUndo.visible());
+  wizard.cmdUndo.Click();
+  EXPECT_EQ(Disk(), (std::vector<std::string>{"C:\\u\\a.txt=C:\\u\\a.txt", "C:\\u\\c.txt=C:\\u\\c.txt",
+                                              "C:\\u\\x.txt=C:\\u\\x.txt", "C:\\v\\b=C:\\v\\a.txt"}));
+  EXPECT_THAT(wizard.tLog.text(), ::testing::StartsWith("Undo Started at: "));
+  EXPECT_THAT(wizard.tLog.text(), HasSubstr("14:02:09 - C:\\u\\...\\b.temp > C:\\u\\...\\c.txt (Restored)\r\n"));
+  EXPECT_EQ(wizard.tLog.spans().size(), 2u);
+  EXPECT_FALSE(wizard.cmdUndo.visible());
+  EXPECT_EQ(LastRunToUndo(RunHistory(world.journals)), nullptr);
+}
+
 // A journal that cannot be written changes nothing in the run: the run
 // says so, and the files' outcomes are those of a run without one.
 TEST_F(UndoTest, AJournalThatCannotBeWrittenLeavesTheRunAsItWas) {
   world.journals.FailWrites();
   Run({"C:\\u\\a.txt"}, "b.txt", false);
   EXPECT_TRUE(world.form->journal()->incomplete());
+  EXPECT_FALSE(world.form->cmdUndo.visible());  // it would take back part without a word
   EXPECT_EQ(world.form->outcomes()[0].outcome, Outcome::kCompleted);
   EXPECT_EQ(Undo(), (std::vector<std::string>{"no run"}));
 }

@@ -1,7 +1,7 @@
 // The wizard window worked by a person: one whole way through on real
-// files, the overwrite question, and what only the window can get wrong:
-// drops, selection, the file dialog, boxes, the list dialogs, the progress
-// window and Cancel during the preview loop.
+// files and back by Undo, the overwrite question, and what only the window
+// can get wrong: drops, selection, the file dialog, boxes, the list
+// dialogs, the progress window and Cancel during the preview loop.
 
 #include <gmock/gmock.h>
 
@@ -285,6 +285,12 @@ TEST_F(WizardWalkTest, PersonRenamesDroppedFilesAndReadsTheColouredLog) {
   auto* log = Find<QPlainTextEdit>("tLog");
   EXPECT_EQ(ColourOf(log, "Apple.txt > "), QColor(0, 0, 255));
   EXPECT_EQ(ColourOf(log, "3 total files."), QApplication::palette().color(QPalette::Text));
+  // Undo, beside "Finished", takes the run back once, in a log of its own.
+  auto* undo = Find<QPushButton>("cmdUndo");
+  Click(undo);
+  EXPECT_EQ(FilesOnDisk(), (QStringList{"Apple.txt", "fig.txt", "pear.txt"}));
+  EXPECT_EQ(ColourOf(log, "Apple.txt (Restored)"), QColor(0, 0, 255));
+  EXPECT_FALSE(undo->isVisible());
   bool ended = false;
   const Connection ending = form->programEnded.Connect([&ended] { ended = true; });
   QTest::keyClick(log, Qt::Key_Escape);  // does what "Finished" does

@@ -1,7 +1,7 @@
 // The Win32 wizard window worked as a person would, under Wine with no
-// display: one whole way through on real files, the overwrite question,
-// drops, the list dialogs, the progress window with Cancel, the log's
-// positions, and the program file's version.
+// display: one whole way through on real files and back by Undo, the
+// overwrite question, drops, the list dialogs, the progress window with
+// Cancel, the log's positions, and the program file's version.
 
 #include "windows_h.h"
 
@@ -103,6 +103,12 @@ TEST_F(WizardWalkTest, PersonRenamesDroppedFilesAndReadsTheColouredLog) {
   const HWND log = Find("tLog");
   EXPECT_EQ(ColourOf(log, L"Apple.txt > "), RGB(0, 0, 255));
   EXPECT_EQ(ColourOf(log, L"3 total files."), RGB(0, 0, 0));
+  // Undo, beside "Finished", takes the run back once, in a log of its own.
+  ASSERT_TRUE(IsWindowVisible(Find("cmdUndo")));
+  Click(Find("cmdUndo"));
+  EXPECT_EQ(FilesOnDisk(), (std::set<std::wstring>{L"Apple.txt", L"fig.txt", L"pear.txt"}));
+  EXPECT_EQ(ColourOf(log, L"Apple.txt (Restored)"), RGB(0, 0, 255));
+  EXPECT_FALSE(IsWindowVisible(Find("cmdUndo")));
   bool ended = false;
   const Connection ending = form.programEnded.Connect([&ended] { ended = true; });
   PressKey(Find("cmdNext"), VK_ESCAPE);  // does what "Finished" does

@@ -205,11 +205,14 @@ WizardWindow DescribeWizard(fTessaly& form) {
   window.pages.push_back(SettingsPage(form));
   window.pages.push_back(ReviewPage(form));
   window.pages.push_back(LogPage(form));
-  // "Next >" and "Finish >" both go on with N.
-  window.buttons = Row({Stretch(), Button(form.cmdBack, "cmdBack", "b").AtLeast(50, 0),
-                        Button(form.cmdNext, "cmdNext", "n").AtLeast(50, 0), Space(7),
-                        Button(form.cmdCancel, "cmdCancel", "cf").AtLeast(50, 0)})
-                       .Margined(7, 6, 7, 7);
+  // "Next >" and "Finish >" both go on with N. Undo, shown after the run
+  // alone, takes the room of Next, hidden by then, beside "Finished".
+  window.buttons =
+      Row({Stretch(), Button(form.cmdBack, "cmdBack", "b").AtLeast(50, 0),
+           Overlay({Button(form.cmdNext, "cmdNext", "n").AtLeast(50, 0),
+                    Button(form.cmdUndo, "cmdUndo", "u").AtLeast(50, 0)}),
+           Space(7), Button(form.cmdCancel, "cmdCancel", "cf").AtLeast(50, 0)})
+          .Margined(7, 6, 7, 7);
   window.defaultButton = "cmdNext";
   window.cancelButton = "cmdCancel";
   window.size = {457, 343};
