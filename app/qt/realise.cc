@@ -243,6 +243,11 @@ QWidget* Realiser::MakeWidget(const Item& item, QWidget* parent) {
   if (item.minimum.height > 0) widget->setMinimumHeight(units_.Down(item.minimum.height));
   if (item.fixed.width > 0) widget->setFixedWidth(units_.Across(item.fixed.width));
   if (item.fixed.height > 0) widget->setFixedHeight(units_.Down(item.fixed.height));
+  if (item.keepsPlace) {
+    QSizePolicy policy = widget->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget->setSizePolicy(policy);
+  }
   if (item.takesDrops) {
     auto* list = qobject_cast<QListView*>(widget);
     TakeDrops(list != nullptr ? list->viewport() : widget);

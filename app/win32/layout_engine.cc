@@ -166,8 +166,8 @@ SIZE LayoutEngine::OwnSize(const Node& node, int width) const {
       size = {font_.X(80), font_.Y(40)};
       break;
     case Kind::kProgress:
-      // The bar, and the percentage under it.
-      size = {font_.X(100), font_.Y(12) + font_.Y(11)};
+      // The bar, with room for the percentage on it.
+      size = {font_.X(100), font_.Y(14)};
       break;
     case Kind::kLine:
       size = {0, 2};
@@ -178,13 +178,8 @@ SIZE LayoutEngine::OwnSize(const Node& node, int width) const {
     default:
       break;
   }
-  if (item.kind == Kind::kProgress) {
-    if (item.fixed.width > 0) size.cx = font_.X(item.fixed.width);
-    if (item.fixed.height > 0) size.cy = font_.Y(item.fixed.height) + font_.Y(11);
-  } else {
-    if (item.fixed.width > 0) size.cx = font_.X(item.fixed.width);
-    if (item.fixed.height > 0) size.cy = font_.Y(item.fixed.height);
-  }
+  if (item.fixed.width > 0) size.cx = font_.X(item.fixed.width);
+  if (item.fixed.height > 0) size.cy = font_.Y(item.fixed.height);
   size.cx = std::max<LONG>(size.cx, font_.X(item.minimum.width));
   size.cy = std::max<LONG>(size.cy, font_.Y(item.minimum.height));
   return size;
@@ -331,13 +326,6 @@ void LayoutEngine::Place(const Node& node, RECT area) const {
     if (node.window == nullptr) return;
     if (item.kind == Kind::kComboBox) {
       Move(node.window, area, font_.Y(8 * std::max(item.rows, 8)));
-    } else if (item.kind == Kind::kProgress && node.children.size() == 2) {
-      RECT bar = area;
-      bar.bottom -= font_.Y(11);
-      Move(node.window, bar);
-      RECT text = area;
-      text.top = bar.bottom + font_.Y(2);
-      if (node.children[1].window != nullptr) Move(node.children[1].window, text);
     } else {
       Move(node.window, area);
     }

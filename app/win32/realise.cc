@@ -114,8 +114,34 @@ HWND Realiser::MakeText(const layout::Item& item, HWND parent) {
   return text;
 }
 
+namespace {
+
+// The bar as the system draws it, and the percentage over it in the bar's
+// own text, centred, as a person reads it on the bar.
+LRESULT CALLBACK PaintPercentage(HWND bar, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                 DWORD_PTR host) {
+  if (message != WM_PAINT) return DefSubclassProc(bar, message, wParam, lParam);
+  const LRESULT result = DefSubclassProc(bar, message, wParam, lParam);
+  const int length = GetWindowTextLengthW(bar);
+  std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
+  text.resize(static_cast<std::size_t>(GetWindowTextW(bar, text.data(), length + 1)));
+  RECT box{};
+  GetClientRect(bar, &box);
+  HDC dc = GetDC(bar);
+  // The host's font of now: it changes with the screen's DPI.
+  const HGDIOBJ old = SelectObject(dc, reinterpret_cast<HostWindow*>(host)->font().bold());
+  SetBkMode(dc, TRANSPARENT);
+  SetTextColor(dc, GetSysColor(COLOR_WINDOWTEXT));
+  DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &box, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
+  SelectObject(dc, old);
+  ReleaseDC(bar, dc);
+  return result;
+}
+
+}  // namespace
+
 HWND Realiser::MakeProgress(const layout::Item& item, HWND parent, Node& node) {
-  // The trough and its bar are one progress bar; the percentage is under it.
+  // The trough and its bar are one progress bar; the percentage is its text.
   HWND bar = host_.NewControl(PROGRESS_CLASSW, PBS_SMOOTH, parent);
   named_[item.name] = bar;
   Label& total = ModelOf<Label>(item);
@@ -126,8 +152,16 @@ HWND Realiser::MakeProgress(const layout::Item& item, HWND parent, Node& node) {
   };
   Follow(total.changed, host_, draw);
   Follow(current.changed, host_, draw);
+  const layout::Item& text = item.children.at(1);
+  named_[text.name] = bar;
+  Label& percentage = ModelOf<Label>(text);
+  Follow(percentage.changed, host_, [bar, &percentage] {
+    SetWindowTextIfOther(bar, Widen(percentage.caption()));
+    InvalidateRect(bar, nullptr, FALSE);
+  });
+  SetWindowSubclass(bar, &PaintPercentage, 0, reinterpret_cast<DWORD_PTR>(&host_));
   node.children.push_back(Node{&item.children[0], nullptr, {}});
-  node.children.push_back(Realise(item.children.at(1), parent));
+  node.children.push_back(Node{&text, nullptr, {}});
   return bar;
 }
 

@@ -137,6 +137,8 @@ struct Item {
   Align align = Align::kFill;
   bool wrap = false;        // texts: wrap at the width they get
   bool takesDrops = false;  // files dropped on it go to the page's `drop`
+  bool keepsPlace = false;  // hidden, it still takes its room, so what is
+                            // beside it does not move under the pointer
   int stretch = 0;          // share of the room left over in the parent box;
                             // a frame with none keeps its height
   int columns = 0;          // room for this many average characters
@@ -166,6 +168,7 @@ struct Item {
   Item Aligned(Align value) && { return std::move(Set(align, value)); }
   Item Wrapping() && { return std::move(Set(wrap, true)); }
   Item TakingDrops() && { return std::move(Set(takesDrops, true)); }
+  Item KeepingPlace() && { return std::move(Set(keepsPlace, true)); }
   Item Chars(int count) && { return std::move(Set(columns, count)); }
   Item Lines(int count) && { return std::move(Set(rows, count)); }
   Item AtLeast(int width, int height) && { return std::move(Set(minimum, Size{width, height})); }

@@ -206,11 +206,13 @@ WizardWindow DescribeWizard(fTessaly& form) {
   window.pages.push_back(ReviewPage(form));
   window.pages.push_back(LogPage(form));
   // "Next >" and "Finish >" both go on with N. Undo, shown after the run
-  // alone, takes the room of Next, hidden by then, beside "Finished".
+  // alone, takes Back's room: in Next's it would stand under the pointer
+  // of a person who double-clicked "Finish >". Both keep their room.
   window.buttons =
-      Row({Stretch(), Button(form.cmdBack, "cmdBack", "b").AtLeast(50, 0),
-           Overlay({Button(form.cmdNext, "cmdNext", "n").AtLeast(50, 0),
+      Row({Stretch(),
+           Overlay({Button(form.cmdBack, "cmdBack", "b").AtLeast(50, 0).KeepingPlace(),
                     Button(form.cmdUndo, "cmdUndo", "u").AtLeast(50, 0)}),
+           Button(form.cmdNext, "cmdNext", "n").AtLeast(50, 0).KeepingPlace(),
            Space(7), Button(form.cmdCancel, "cmdCancel", "cf").AtLeast(50, 0)})
           .Margined(7, 6, 7, 7);
   window.defaultButton = "cmdNext";
