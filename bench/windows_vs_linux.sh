@@ -25,6 +25,7 @@ bash scripts/install_missing.sh time
 export WINEPREFIX="$PWD/build-win/bench-prefix" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
 work=$(mktemp -d "${TMPDIR:-/tmp}/tessaly-bench.XXXXXX")
 trap 'wineserver -k 2>/dev/null || true; rm -rf "$work"' EXIT
+mkdir -p "$WINEPREFIX"  # the server starts in it, before wineboot makes it
 wineserver -k 2>/dev/null || true
 wineserver -p  # stays up between the runs below
 wine wineboot --init >/dev/null 2>&1

@@ -158,7 +158,9 @@ SIZE LayoutEngine::OwnSize(const Node& node, int width) const {
       size = {font_.X(4 * (item.columns > 0 ? item.columns : 15)), font_.Y(12)};
       break;
     case Kind::kExample:
-      size = {font_.X(100), font_.Y(8 * std::max(item.rows, 1) + 5)};
+      // Its lines, and under them the bar that scrolls a long name.
+      size = {font_.X(100), font_.Y(8 * std::max(item.rows, 1) + 5) +
+                                GetSystemMetricsForDpi(SM_CYHSCROLL, font_.dpi())};
       break;
     case Kind::kFileList:
     case Kind::kCheckList:

@@ -183,9 +183,11 @@ void Realiser::Dress(const layout::Item& item, HWND window) {
       host_.SetColours(window, GetSysColor(COLOR_WINDOWTEXT), GetSysColor(COLOR_WINDOW));
       break;
     default:
-      // Texts on a sheet take its colours.
-      if (sheets_ > 0) host_.SetColours(window, GetSysColor(COLOR_WINDOWTEXT), GetSysColor(COLOR_WINDOW));
       break;
+  }
+  // Texts on a sheet take its colours, a heading's too.
+  if (sheets_ > 0 && item.look != Look::kBand && item.look != Look::kSheet) {
+    host_.SetColours(window, GetSysColor(COLOR_WINDOWTEXT), GetSysColor(COLOR_WINDOW));
   }
 }
 
