@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "bindings.h"
+#include "extra_procedure.h"
 #include "platform/win32/utf16.h"
 
 namespace tessaly::win32 {
@@ -177,9 +178,8 @@ class ListViewBinding {
   bool viewToggled_ = false;
 };
 
-LRESULT CALLBACK ViewProcedure(HWND view, UINT message, WPARAM wParam, LPARAM lParam,
-                               UINT_PTR, DWORD_PTR data) {
-  auto* binding = reinterpret_cast<ListViewBinding*>(data);
+std::optional<LRESULT> BindingProcedure(HWND view, ListViewBinding* binding, UINT message, WPARAM wParam,
+                                        LPARAM lParam) {
   switch (message) {
     case kRefresh:
       binding->Refresh();
@@ -188,18 +188,17 @@ LRESULT CALLBACK ViewProcedure(HWND view, UINT message, WPARAM wParam, LPARAM lP
       binding->ToggleCheck(wParam);
       return 0;
     case WM_SIZE: {
-      const LRESULT result = DefSubclassProc(view, message, wParam, lParam);
+      const LRESULT result = OwnProcedure(view, message, wParam, lParam);
       SendMessageW(view, LVM_SETCOLUMNWIDTH, 0, LVSCW_AUTOSIZE_USEHEADER);
       return result;
     }
     case WM_NCDESTROY:
-      RemoveWindowSubclass(view, &ViewProcedure, 1);
       delete binding;
       break;
     default:
       break;
   }
-  return DefSubclassProc(view, message, wParam, lParam);
+  return std::nullopt;
 }
 
 }  // namespace
@@ -222,7 +221,9 @@ HWND NewListView(HostWindow& host, HWND parent, ListBox& list, ListKind kind,
   SendMessageW(view, LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
 
   auto* binding = new ListViewBinding(view, list, kind, std::move(shown));
-  SetWindowSubclass(view, &ViewProcedure, 1, reinterpret_cast<DWORD_PTR>(binding));
+  AddToProcedure(view, [view, binding](UINT message, WPARAM wParam, LPARAM lParam) {
+    return BindingProcedure(view, binding, message, wParam, lParam);
+  });
   host.OnNotify(view, [binding](NMHDR& header) { return binding->Notify(header); });
   binding->Refresh();
   Follow(list.changed, host, [binding] { binding->MarkStale(); });

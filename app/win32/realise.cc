@@ -2,7 +2,10 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+
 #include "bindings.h"
+#include "extra_procedure.h"
 #include "list_view.h"
 #include "platform/win32/utf16.h"
 #include "rich_edit_view.h"
@@ -117,19 +120,17 @@ HWND Realiser::MakeText(const layout::Item& item, HWND parent) {
 namespace {
 
 // The bar as the system draws it, and the percentage over it in the bar's
-// own text, centred, as a person reads it on the bar.
-LRESULT CALLBACK PaintPercentage(HWND bar, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                 DWORD_PTR host) {
-  if (message != WM_PAINT) return DefSubclassProc(bar, message, wParam, lParam);
-  const LRESULT result = DefSubclassProc(bar, message, wParam, lParam);
+// own text, centred, as a person reads it on the bar; in the host's font
+// of the moment, which changes with the screen's DPI.
+LRESULT PaintPercentage(HWND bar, const HostWindow& host, WPARAM wParam, LPARAM lParam) {
+  const LRESULT result = OwnProcedure(bar, WM_PAINT, wParam, lParam);
   const int length = GetWindowTextLengthW(bar);
   std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
   text.resize(static_cast<std::size_t>(GetWindowTextW(bar, text.data(), length + 1)));
   RECT box{};
   GetClientRect(bar, &box);
   HDC dc = GetDC(bar);
-  // The host's font of now: it changes with the screen's DPI.
-  const HGDIOBJ old = SelectObject(dc, reinterpret_cast<HostWindow*>(host)->font().bold());
+  const HGDIOBJ old = SelectObject(dc, host.font().bold());
   SetBkMode(dc, TRANSPARENT);
   SetTextColor(dc, GetSysColor(COLOR_WINDOWTEXT));
   DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &box, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
@@ -146,9 +147,15 @@ HWND Realiser::MakeProgress(const layout::Item& item, HWND parent, Node& node) {
   named_[item.name] = bar;
   Label& total = ModelOf<Label>(item);
   Label& current = ModelOf<Label>(item.children.at(0));
+  // In the bar's own pixels, and only when one changes: the system draws
+  // the bar at once on each change of its position.
   const auto draw = [bar, &total, &current] {
-    SendMessageW(bar, PBM_SETRANGE32, 0, total.width());
-    SendMessageW(bar, PBM_SETPOS, current.width(), 0);
+    RECT box{};
+    GetClientRect(bar, &box);
+    const int pixels = std::max<int>(box.right - box.left, 1);
+    const int reach = total.width() > 0 ? MulDiv(current.width(), pixels, total.width()) : 0;
+    if (SendMessageW(bar, PBM_GETRANGE, FALSE, 0) != pixels) SendMessageW(bar, PBM_SETRANGE32, 0, pixels);
+    if (SendMessageW(bar, PBM_GETPOS, 0, 0) != reach) SendMessageW(bar, PBM_SETPOS, reach, 0);
   };
   Follow(total.changed, host_, draw);
   Follow(current.changed, host_, draw);
@@ -159,7 +166,10 @@ HWND Realiser::MakeProgress(const layout::Item& item, HWND parent, Node& node) {
     SetWindowTextIfOther(bar, Widen(percentage.caption()));
     InvalidateRect(bar, nullptr, FALSE);
   });
-  SetWindowSubclass(bar, &PaintPercentage, 0, reinterpret_cast<DWORD_PTR>(&host_));
+  AddToProcedure(bar, [bar, &host = host_](UINT message, WPARAM wParam, LPARAM lParam) -> std::optional<LRESULT> {
+    if (message != WM_PAINT) return std::nullopt;
+    return PaintPercentage(bar, host, wParam, lParam);
+  });
   node.children.push_back(Node{&item.children[0], nullptr, {}});
   node.children.push_back(Node{&text, nullptr, {}});
   return bar;

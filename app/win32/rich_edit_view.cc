@@ -7,6 +7,7 @@
 #include <string>
 
 #include "bindings.h"
+#include "extra_procedure.h"
 #include "rich_positions.h"
 #include "rtf_batch.h"
 #include "text/utf8.h"
@@ -32,11 +33,14 @@ class RichEditBinding {
   }
 
   // Appends wait while the last refresh is recent; a rewrite never does, so
-  // a page that has just come up never shows what stood there before.
+  // a page that has just come up never shows what stood there before. A
+  // refresh costs more as the text grows, so the wait grows with it: the
+  // view never takes more than a fifth of a loop's time.
   void RefreshSoon() {
     const ULONGLONG since = GetTickCount64() - lastRefresh_;
-    if (box_.rewrites() == rewrites_ && since < kRefreshEveryMs) {
-      SetTimer(view_, kPaintTimer, static_cast<UINT>(kRefreshEveryMs - since), nullptr);
+    const ULONGLONG wait = std::max(kRefreshEveryMs, 4 * lastCost_);
+    if (box_.rewrites() == rewrites_ && since < wait) {
+      SetTimer(view_, kPaintTimer, static_cast<UINT>(wait - since), nullptr);
       return;
     }
     Refresh();
@@ -45,15 +49,20 @@ class RichEditBinding {
   void Refresh() {
     KillTimer(view_, kPaintTimer);
     stale_ = false;
-    lastRefresh_ = GetTickCount64();
-    // A margin means long lines run on to the right; without one they wrap.
-    SendMessageW(view_, EM_SETTARGETDEVICE, 0, box_.rightMargin() != 0 ? 1 : 0);
+    const ULONGLONG start = GetTickCount64();
+    // A margin means long lines run on to the right; without one they
+    // wrap. Set only when it changes: the view lays out all its text anew.
+    const LPARAM wrapping = box_.rightMargin() != 0 ? 1 : 0;
+    if (wrapping != wrapping_) SendMessageW(view_, EM_SETTARGETDEVICE, 0, wrapping);
+    wrapping_ = wrapping;
     SendMessageW(view_, WM_SETREDRAW, FALSE, 0);
     if (box_.rewrites() != rewrites_ || box_.text().size() < drawnBytes_) Restart();
     ColourNewRuns();
     AppendRest();
     SendMessageW(view_, WM_SETREDRAW, TRUE, 0);
     InvalidateRect(view_, nullptr, TRUE);
+    lastRefresh_ = GetTickCount64();
+    lastCost_ = lastRefresh_ - start;
   }
 
  private:
@@ -136,6 +145,8 @@ class RichEditBinding {
   RichTextBox& box_;
   bool stale_ = false;
   ULONGLONG lastRefresh_ = 0;
+  ULONGLONG lastCost_ = 0;
+  LPARAM wrapping_ = -1;
   std::uint64_t rewrites_ = 0;
   std::size_t drawnBytes_ = 0;
   std::size_t drawnChars_ = 0;
@@ -144,11 +155,8 @@ class RichEditBinding {
   bool lastWasCr_ = false;
 };
 
-
-
-LRESULT CALLBACK ViewProcedure(HWND view, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                               DWORD_PTR data) {
-  auto* binding = reinterpret_cast<RichEditBinding*>(data);
+// The binding's refreshes, and its end with the view.
+std::optional<LRESULT> BindingProcedure(RichEditBinding* binding, UINT message, WPARAM wParam) {
   switch (message) {
     case kRefresh:
       binding->RefreshSoon();
@@ -158,13 +166,12 @@ LRESULT CALLBACK ViewProcedure(HWND view, UINT message, WPARAM wParam, LPARAM lP
       binding->Refresh();
       return 0;
     case WM_NCDESTROY:
-      RemoveWindowSubclass(view, &ViewProcedure, 1);
       delete binding;
       break;
     default:
       break;
   }
-  return DefSubclassProc(view, message, wParam, lParam);
+  return std::nullopt;
 }
 
 }  // namespace
@@ -178,8 +185,13 @@ HWND NewRichEditView(HostWindow& host, HWND parent, RichTextBox& box) {
                               parent);
   // RichEdit holds 32,767 characters unless told otherwise.
   SendMessageW(view, EM_EXLIMITTEXT, 0, 0x7FFFFFFE);
+  // Nothing here is typed, so nothing is undone: without the undo record
+  // every text streamed in is also kept a second time.
+  SendMessageW(view, EM_SETUNDOLIMIT, 0, 0);
   auto* binding = new RichEditBinding(view, box);
-  SetWindowSubclass(view, &ViewProcedure, 1, reinterpret_cast<DWORD_PTR>(binding));
+  AddToProcedure(view, [binding](UINT message, WPARAM wParam, LPARAM) {
+    return BindingProcedure(binding, message, wParam);
+  });
   Follow(box.changed, host, [binding, view, &box] {
     if (ShownByStyle(view) != box.visible()) ShowWindow(view, box.visible() ? SW_SHOWNA : SW_HIDE);
     binding->MarkStale();

@@ -97,4 +97,12 @@ OpenFileAnswer Win32Ui::ShowOpenFileDialog(const OpenFileRequest& request) {
   return AskForFiles(Owner(), request);
 }
 
+void Win32Ui::LetPendingEventsRun() {
+  constexpr ULONGLONG kEventsEveryMs = 50;
+  const ULONGLONG now = GetTickCount64();
+  if (now - lastEventsRun_ < kEventsEveryMs) return;
+  lastEventsRun_ = now;
+  pump_.RunWaiting();
+}
+
 }  // namespace tessaly::win32

@@ -189,4 +189,34 @@ void WhenModalOpens(WatchingUi& ui, std::function<void(DialogWindow&)> action) {
   };
 }
 
+namespace {
+
+BOOL CALLBACK KeepSystemDialog(HWND window, LPARAM found) {
+  wchar_t name[16] = {};
+  GetClassNameW(window, name, 16);
+  if (std::wcscmp(name, L"#32770") != 0 || !IsWindowVisible(window)) return TRUE;
+  *reinterpret_cast<HWND*>(found) = window;
+  return FALSE;
+}
+
+}  // namespace
+
+void WhenSystemDialogOpens(std::function<void(HWND)> action) {
+  const ULONGLONG deadline = GetTickCount64() + 10'000;
+  const UINT_PTR timer = SetTimer(nullptr, 0, 50, &OnModalTimer);
+  modalCheck = [action, deadline, timer] {
+    HWND dialog = nullptr;
+    EnumThreadWindows(GetCurrentThreadId(), &KeepSystemDialog, reinterpret_cast<LPARAM>(&dialog));
+    if (dialog == nullptr && GetTickCount64() < deadline) return;
+    KillTimer(nullptr, timer);
+    const auto run = action;
+    modalCheck = nullptr;
+    if (dialog == nullptr) {
+      ADD_FAILURE() << "no system dialog opened";
+      return;
+    }
+    run(dialog);
+  };
+}
+
 }  // namespace tessaly::win32::testing

@@ -59,6 +59,10 @@ COLORREF ColourOf(HWND richEdit, const std::wstring& text);
 // the step that follows); fails the test if none opens in time.
 void WhenModalOpens(WatchingUi& ui, std::function<void(DialogWindow&)> action);
 
+// Runs `action` on the system's own dialog (the open dialog, the folder
+// browser) once the step that follows has opened it on this thread.
+void WhenSystemDialogOpens(std::function<void(HWND)> action);
+
 }  // namespace tessaly::win32::testing
 
 #endif  // TESSALY_TESTS_WIN32_WINDOW_DRIVER_H_

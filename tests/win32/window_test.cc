@@ -7,6 +7,8 @@
 
 #include <commctrl.h>
 #include <richedit.h>
+#include <dlgs.h>
+#include <shlobj.h>
 
 #include <gmock/gmock.h>
 
@@ -155,6 +157,28 @@ TEST_F(WizardWalkTest, DropsFollowTheAddRule) {
   SelectRow(Find("lstFiles"), 0);
   Click(Find("cmdRemove"));
   EXPECT_EQ(Rows(Find("lstFiles")), std::vector<std::wstring>{pear});
+}
+
+// The system's own dialogs, answered as a person would: a path typed into
+// the open dialog, the photos folder picked in the folder browser.
+TEST_F(WizardWalkTest, SystemDialogsBringFilesIn) {
+  Start(1);
+  const std::wstring pear = MakeFile(L"pear.txt");
+  const std::wstring fig = MakeFile(L"fig.txt");
+  WhenSystemDialogOpens([&pear](HWND dialog) {
+    SetDlgItemTextW(dialog, cmb13, pear.c_str());  // the name box, either kind
+    SetDlgItemTextW(dialog, edt1, pear.c_str());
+    PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+  });
+  Click(Find("cmdAddFiles"));
+  EXPECT_EQ(Rows(Find("lstFiles")), std::vector<std::wstring>{pear});
+  const std::wstring photos = Photos().wstring();
+  WhenSystemDialogOpens([&photos](HWND dialog) {
+    SendMessageW(dialog, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(photos.c_str()));
+    PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+  });
+  Click(Find("cmdAddDirectory"));
+  EXPECT_EQ(Rows(Find("lstFiles")), (std::vector<std::wstring>{fig, pear}));
 }
 
 // In memory: the list dialogs and the progress window need no disk.

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <cctype>
+#include <map>
 #include <set>
 
 #include "memory_world.h"
@@ -48,6 +50,26 @@ std::set<std::string> CheckedNames(const std::vector<const Item*>& roots) {
   return names;
 }
 
+// Checks that no two items under `roots`, on show together, are reached
+// by the same Alt key.
+void CheckMnemonicsDiffer(const std::vector<const Item*>& roots) {
+  std::map<char, std::string> taken;
+  for (const Item* root : roots) {
+    ForEach(*root, [&](const Item& item) {
+      const Control* control = ControlOf(item.model);
+      if (control != nullptr && !control->visible()) return;  // on show later, elsewhere
+      const std::string caption = WithMnemonic(item.text.empty() && control ? control->caption() : item.text, item.keys);
+      for (std::size_t at = caption.find('&'); at != std::string::npos && at + 1 < caption.size();
+           at = caption.find('&', at + 2)) {
+        if (caption[at + 1] == '&') continue;
+        const auto [where, fresh] = taken.emplace(static_cast<char>(std::tolower(caption[at + 1])), caption);
+        EXPECT_TRUE(fresh || where->second == caption) << caption << " and " << where->second;
+        break;
+      }
+    });
+  }
+}
+
 // A view finds each widget by its name.
 TEST(Descriptions, EveryControlNamedOnceAndDrawnOnce) {
   MemoryFileSystem files;
@@ -61,6 +83,11 @@ TEST(Descriptions, EveryControlNamedOnceAndDrawnOnce) {
   }
   const std::set<std::string> names = CheckedNames(roots);
   EXPECT_TRUE(names.contains(window.defaultButton) && names.contains(window.cancelButton));
+  for (const Page& page : window.pages) {
+    std::vector<const Item*> onShow = {&window.buttons, &page.body};
+    for (const Item& step : window.steps) onShow.push_back(&step);
+    CheckMnemonicsDiffer(onShow);
+  }
 
   fReplaceAdvanced replace(world.store, world.ui);
   fUnwantedFormatting formatting(world.store, world.ui);
@@ -69,6 +96,7 @@ TEST(Descriptions, EveryControlNamedOnceAndDrawnOnce) {
        {DescribeReplaceAdvanced(replace), DescribeUnwantedFormatting(formatting),
         DescribeProgress(progress)}) {
     const std::set<std::string> inside = CheckedNames({&dialog.body});
+    CheckMnemonicsDiffer({&dialog.body});
     EXPECT_TRUE(dialog.defaultButton.empty() || inside.contains(dialog.defaultButton));
   }
 }
