@@ -92,7 +92,8 @@ TEST_F(WizardWalkTest, PersonRenamesDroppedFilesAndReadsTheColouredLog) {
     if (ui.progressWindow() != nullptr) titles.insert(TextOf(ui.progressWindow()->hwnd()));
   };
   // Return that no control takes is Next, also in a box being typed in.
-  COMBOBOXINFO box{sizeof(box)};
+  COMBOBOXINFO box{};
+  box.cbSize = sizeof(box);
   GetComboBoxInfo(Find("cboBatch0"), &box);
   PressKey(box.hwndItem, VK_RETURN);
   EXPECT_TRUE(OnShow("pStep3"));
@@ -224,7 +225,8 @@ TEST_F(MemoryWindowTest, AdvancedReplaceAddsACheckedPairAndAcceptCloses) {
     Click(dialog.Named("cmdAccept"));
   });
   // Its first row, "(Advanced)", picked in the With box by the arrow key.
-  COMBOBOXINFO with{sizeof(with)};
+  COMBOBOXINFO with{};
+  with.cbSize = sizeof(with);
   GetComboBoxInfo(Find("cboBatch7"), &with);
   PressKey(with.hwndItem, VK_DOWN);
   EXPECT_EQ(title, L"Advanced Replace");
