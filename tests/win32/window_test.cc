@@ -12,6 +12,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <functional>
 #include <filesystem>
 #include <fstream>
 #include <set>
@@ -233,6 +235,27 @@ TEST_F(MemoryWindowTest, AdvancedReplaceAddsACheckedPairAndAcceptCloses) {
   EXPECT_EQ(ui.modalWindow(), nullptr);
   EXPECT_TRUE(IsWindowEnabled(ui.wizardWindow()->hwnd()));
   EXPECT_EQ(form.cboBatch[7].text(), "(Advanced)");
+}
+
+// Tab goes through the settings page as a person reads it: the placements
+// in their order, Replace and With, the option boxes, then the buttons.
+TEST_F(MemoryWindowTest, TabWalksTheSettingsPageInReadingOrder) {
+  Start(2);
+  const HWND wizard = ui.wizardWindow()->hwnd();
+  std::vector<HWND> stops;
+  for (HWND at = Find("cboBatch0"); at != nullptr && stops.size() < 100; at = GetNextDlgTabItem(wizard, at, FALSE)) {
+    if (!stops.empty() && at == stops.front()) break;
+    stops.push_back(at);
+  }
+  std::vector<std::ptrdiff_t> places;
+  for (const char* name : {"cboBatch0", "cboBatch1", "cboBatch2", "cboBatch3", "cboBatch4", "cboBatch5",
+                           "cboBatch6", "cboBatch7", "chkShortExtension", "chkUpperCase", "chkRealFiles",
+                           "txtExample", "cmdBack", "cmdNext", "cmdCancel"}) {
+    places.push_back(std::find(stops.begin(), stops.end(), Find(name)) - stops.begin());
+  }
+  // Each one reached, each after the one before.
+  EXPECT_EQ(std::adjacent_find(places.begin(), places.end(), std::greater_equal<>()), places.end());
+  EXPECT_LT(places.back(), static_cast<std::ptrdiff_t>(stops.size()));
 }
 
 // The preview loop's progress window shows the model's bar and percentage
