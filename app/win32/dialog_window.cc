@@ -26,6 +26,7 @@ DialogWindow::DialogWindow(Form& form, layout::Dialog description, HWND owner)
   SetWindowPos(hwnd(), nullptr, (around.left + around.right - size.cx) / 2,
                (around.top + around.bottom - size.cy) / 2, size.cx, size.cy,
                SWP_NOZORDER | SWP_NOACTIVATE);
+  Relayout();  // when the size was already the one asked for
 }
 
 }  // namespace tessaly::win32

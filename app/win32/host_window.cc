@@ -98,17 +98,17 @@ void HostWindow::AddTip(HWND control, const std::wstring& text) {
   }
   TTTOOLINFOW tool{};
   tool.cbSize = sizeof(tool);
-  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+  // No TTF_SUBCLASS: under Wine the subclass looks up a window property,
+  // a server call, on every message the control gets; the message loop
+  // relays the mouse instead (RelayToTips).
+  tool.uFlags = TTF_IDISHWND;
   tool.hwnd = GetParent(control);
   tool.uId = reinterpret_cast<UINT_PTR>(control);
   tool.lpszText = const_cast<wchar_t*>(text.c_str());
   SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
-void HostWindow::SetLayout(Node root) {
-  root_ = std::move(root);
-  Relayout();
-}
+void HostWindow::SetLayout(Node root) { root_ = std::move(root); }
 
 void HostWindow::Relayout() {
   if (!root_) return;
@@ -241,6 +241,12 @@ LRESULT HostWindow::Route(HWND window, UINT message, WPARAM wParam, LPARAM lPara
     if (auto handled = Common(window, message, wParam, lParam)) return *handled;
   }
   return DefWindowProcW(window, message, wParam, lParam);
+}
+
+void HostWindow::RelayToTips(HWND root, MSG& message) {
+  auto* host = reinterpret_cast<HostWindow*>(GetWindowLongPtrW(root, GWLP_USERDATA));
+  if (host == nullptr || host->tips_ == nullptr) return;
+  SendMessageW(host->tips_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&message));
 }
 
 LRESULT CALLBACK HostWindow::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {

@@ -55,8 +55,12 @@ class HostWindow {
   void SetColours(HWND control, COLORREF text, COLORREF background);
   // A tip that shows while the pointer rests on `control`.
   void AddTip(HWND control, const std::wstring& text);
+  // Shows the tips of the host window `root` the mouse message `message`.
+  static void RelayToTips(HWND root, MSG& message);
 
-  // The realised items the window lays out at every change of size.
+  // The realised items the window lays out at every change of size. They
+  // are first placed when the window takes its size: placing them at the
+  // size a window is born with would move every control twice.
   void SetLayout(Node root);
   void Relayout();
   // The outer size the layout needs at least; at least `atLeast` (dialog

@@ -54,9 +54,16 @@ std::vector<int> Shares(int room, const std::vector<int>& weights) {
   return shares;
 }
 
+// Moves only what is not in place already: every move costs a window
+// several messages and repaints, and a layout runs again on each resize.
 void Move(HWND window, RECT area, int extraDown = 0) {
-  SetWindowPos(window, nullptr, area.left, area.top, area.right - area.left,
-               area.bottom - area.top + extraDown, SWP_NOZORDER | SWP_NOACTIVATE);
+  area.bottom += extraDown;
+  RECT now;
+  GetWindowRect(window, &now);
+  MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&now), 2);
+  if (EqualRect(&now, &area)) return;
+  SetWindowPos(window, nullptr, area.left, area.top, area.right - area.left, area.bottom - area.top,
+               SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 int GridColumns(const Node& node) {

@@ -2,6 +2,8 @@
 
 #include <cwchar>
 
+#include "host_window.h"
+
 namespace tessaly::win32 {
 
 namespace {
@@ -20,6 +22,8 @@ bool PersonActs(UINT message) {
   }
 }
 
+bool IsMouse(UINT message) { return message >= WM_MOUSEFIRST && message <= WM_MOUSELAST; }
+
 // The program's own windows take dialog keys; others (a common dialog's
 // window has its own loop) are left alone.
 bool IsOwnWindow(HWND window) {
@@ -33,7 +37,10 @@ bool IsOwnWindow(HWND window) {
 void MessagePump::Dispatch(MSG& message) {
   if (PersonActs(message.message) && onPersonActs) onPersonActs();
   const HWND root = message.hwnd != nullptr ? GetAncestor(message.hwnd, GA_ROOT) : nullptr;
-  if (root != nullptr && IsOwnWindow(root) && IsDialogMessageW(root, &message)) return;
+  if (root != nullptr && IsOwnWindow(root)) {
+    if (IsMouse(message.message)) HostWindow::RelayToTips(root, message);
+    if (IsDialogMessageW(root, &message)) return;
+  }
   TranslateMessage(&message);
   DispatchMessageW(&message);
 }

@@ -28,6 +28,7 @@ void ProgressWindow::PlaceOnOwner(HWND owner) {
   const int left = (around.left + around.right - size.cx) / 2;
   const int top = (around.top + around.bottom - size.cy) / 2;
   SetWindowPos(hwnd(), nullptr, left, top, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+  Relayout();  // when the size was already the one asked for
 }
 
 }  // namespace tessaly::win32

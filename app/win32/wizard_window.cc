@@ -72,6 +72,7 @@ WizardWindow::WizardWindow(fTessaly& form)
 
   const SIZE size = MinimumWindowSize(description_.size);
   SetWindowPos(hwnd(), nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  Relayout();  // when the size was already the one asked for
 }
 
 void WizardWindow::TakeDrops(HWND target, HDROP drop) {
