@@ -8,7 +8,7 @@
 #include "extra_procedure.h"
 #include "list_view.h"
 #include "platform/win32/utf16.h"
-#include "rich_edit_view.h"
+#include "text_view.h"
 
 namespace tessaly::win32 {
 
@@ -83,7 +83,7 @@ HWND Realiser::MakeWindow(const layout::Item& item, HWND parent) {
     case Kind::kCheckList:
       return NewListView(host_, parent, ModelOf<ListBox>(item), ListKind::kCheckable);
     case Kind::kRichText:
-      return NewRichEditView(host_, parent, ModelOf<RichTextBox>(item));
+      return NewTextView(host_, parent, ModelOf<RichTextBox>(item));
     case Kind::kLine:
       return host_.NewControl(WC_STATICW, SS_ETCHEDHORZ, parent);
     case Kind::kProgress:

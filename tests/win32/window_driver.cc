@@ -1,7 +1,6 @@
 #include "window_driver.h"
 
 #include <commctrl.h>
-#include <richedit.h>
 #include <commdlg.h>
 #include <shellapi.h>
 #include <shlobj.h>
@@ -134,30 +133,65 @@ void SelectRow(HWND listView, int row) {
   Settle();
 }
 
-std::wstring RichText(HWND richEdit) {
-  GETTEXTLENGTHEX length{GTL_DEFAULT, 1200};
-  const auto units = SendMessageW(richEdit, EM_GETTEXTLENGTHEX, reinterpret_cast<WPARAM>(&length), 0);
-  std::wstring text(static_cast<std::size_t>(units) + 1, L'\0');
-  GETTEXTEX get{static_cast<DWORD>(text.size() * sizeof(wchar_t)), GT_DEFAULT, 1200, nullptr, nullptr};
-  const auto got = SendMessageW(richEdit, EM_GETTEXTEX, reinterpret_cast<WPARAM>(&get),
-                                reinterpret_cast<LPARAM>(text.data()));
-  text.resize(static_cast<std::size_t>(got));
+std::wstring ViewText(HWND view) {
+  std::wstring text(static_cast<std::size_t>(SendMessageW(view, WM_GETTEXTLENGTH, 0, 0)) + 1, L'\0');
+  text.resize(static_cast<std::size_t>(
+      SendMessageW(view, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
   return text;
 }
 
-COLORREF ColourOf(HWND richEdit, const std::wstring& text) {
-  FINDTEXTEXW find{{0, -1}, text.c_str(), {0, 0}};
-  if (SendMessageW(richEdit, EM_FINDTEXTEXW, FR_DOWN, reinterpret_cast<LPARAM>(&find)) < 0) {
+// The colour `text` is drawn in, read off the view's own drawing: of the
+// pixels where its first row shows, the one farthest from the background,
+// as the full strokes of the letters are.
+COLORREF ColourOf(HWND view, const std::wstring& text) {
+  const std::size_t at = ViewText(view).find(text);
+  if (at == std::wstring::npos) {
     ADD_FAILURE() << "the text is not in the view";
     return CLR_INVALID;
   }
-  SendMessageW(richEdit, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&find.chrgText));
-  CHARFORMAT2W format{};
-  format.cbSize = sizeof(format);
-  format.dwMask = CFM_COLOR;
-  SendMessageW(richEdit, EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
-  if (!(format.dwMask & CFM_COLOR)) return CLR_INVALID;  // more than one colour
-  return (format.dwEffects & CFE_AUTOCOLOR) ? RGB(0, 0, 0) : format.crTextColor;
+  SendMessageW(view, EM_SETSEL, at, at);
+  SendMessageW(view, EM_SCROLLCARET, 0, 0);
+  const auto from = static_cast<DWORD>(SendMessageW(view, EM_POSFROMCHAR, at, 0));
+  const auto to = static_cast<DWORD>(SendMessageW(view, EM_POSFROMCHAR, at + text.size(), 0));
+  RECT client;
+  GetClientRect(view, &client);
+  HDC screen = GetDC(view);
+  HDC dc = CreateCompatibleDC(screen);
+  BITMAPINFO format{};
+  format.bmiHeader = {sizeof(BITMAPINFOHEADER), client.right, -client.bottom, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+  void* bits = nullptr;
+  HBITMAP bitmap = CreateDIBSection(dc, &format, DIB_RGB_COLORS, &bits, nullptr, 0);
+  const HGDIOBJ old = SelectObject(dc, bitmap);
+  SendMessageW(view, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT);
+  TEXTMETRICW metrics{};
+  const HGDIOBJ oldFont = SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(view, WM_GETFONT, 0, 0)));
+  GetTextMetricsW(dc, &metrics);
+  SelectObject(dc, oldFont);
+  const COLORREF background = GetSysColor(COLOR_WINDOW);
+  const int top = static_cast<short>(HIWORD(from));
+  const int left = static_cast<short>(LOWORD(from));
+  const int right = HIWORD(to) == HIWORD(from) ? static_cast<short>(LOWORD(to)) : client.right;
+  COLORREF farthest = background;
+  int distance = 0;
+  const auto* pixels = static_cast<const DWORD*>(bits);
+  for (int y = std::max(top, 0); y < std::min<int>(top + metrics.tmHeight, client.bottom); ++y) {
+    for (int x = std::max(left, 0); x < std::min<int>(right, client.right); ++x) {
+      const DWORD pixel = pixels[y * client.right + x];
+      const COLORREF colour = RGB((pixel >> 16) & 0xFF, (pixel >> 8) & 0xFF, pixel & 0xFF);
+      const int apart = std::abs(GetRValue(colour) - GetRValue(background)) +
+                        std::abs(GetGValue(colour) - GetGValue(background)) +
+                        std::abs(GetBValue(colour) - GetBValue(background));
+      if (apart > distance) {
+        distance = apart;
+        farthest = colour;
+      }
+    }
+  }
+  SelectObject(dc, old);
+  DeleteObject(bitmap);
+  DeleteDC(dc);
+  ReleaseDC(view, screen);
+  return farthest;
 }
 
 namespace {

@@ -49,11 +49,10 @@ std::wstring TextOf(HWND window);
 std::vector<std::wstring> Rows(HWND listView);
 bool RowChecked(HWND listView, int row);
 void SelectRow(HWND listView, int row);
-// The RichEdit's whole text, with its own line ends (CR).
-std::wstring RichText(HWND richEdit);
-// The colour of the first place `text` shows in the RichEdit; black for
-// the default colour.
-COLORREF ColourOf(HWND richEdit, const std::wstring& text);
+// The whole text of a view of the preview or the log, CR LF line ends.
+std::wstring ViewText(HWND view);
+// The colour the first place `text` shows in such a view is drawn in.
+COLORREF ColourOf(HWND view, const std::wstring& text);
 
 // Runs `action` on the next modal dialog once it is open (one opened by
 // the step that follows); fails the test if none opens in time.

@@ -6,7 +6,6 @@
 #include "windows_h.h"
 
 #include <commctrl.h>
-#include <richedit.h>
 #include <dlgs.h>
 #include <shlobj.h>
 
@@ -22,7 +21,7 @@
 #include "platform/memory/memory_file_system.h"
 #include "platform/program_info.h"
 #include "platform/win32/win32_file_system.h"
-#include "rich_edit_view.h"
+#include "text_view.h"
 #include "temp_folder.h"
 #include "window_driver.h"
 
@@ -100,7 +99,7 @@ TEST_F(WizardWalkTest, PersonRenamesDroppedFilesAndReadsTheColouredLog) {
   PressKey(box.hwndItem, VK_RETURN);
   EXPECT_TRUE(OnShow("pStep3"));
   EXPECT_EQ(titles, std::set<std::wstring>{L"Generating Renamed Files Preview..."});
-  EXPECT_THAT(RichText(Find("tOutput")), ::testing::HasSubstr(L"\\photos\\001.TXT\r"));
+  EXPECT_THAT(ViewText(Find("tOutput")), ::testing::HasSubstr(L"\\photos\\001.TXT\r\n"));
 
   RECT finish{}, undo{}, both{};
   GetWindowRect(Find("cmdNext"), &finish);
@@ -127,7 +126,7 @@ TEST_F(WizardWalkTest, PersonRenamesDroppedFilesAndReadsTheColouredLog) {
 
 TEST_F(WizardWalkTest, NoToTheOverwriteQuestionKeepsTheTakenFile) {
   fTessaly& form = Start(1);
-  // A name beyond the BMP takes two of RichEdit's positions.
+  // A name beyond the BMP takes two UTF-16 units.
   MakeFile(L"ta\U0001F600ken.txt");
   DropOnList({MakeFile(L"new.txt")});
   Click(Find("lblStep2"));
@@ -142,7 +141,7 @@ TEST_F(WizardWalkTest, NoToTheOverwriteQuestionKeepsTheTakenFile) {
             (std::set<std::wstring>{L"ta\U0001F600ken.txt", L"ta\U0001F600ken.txt.temp"}));
   const HWND log = Find("tLog");
   EXPECT_EQ(ColourOf(log, L"(Completed - Error Removing Temp"), RGB(0, 0, 0));
-  EXPECT_THAT(RichText(log), ::testing::HasSubstr(L"ta\U0001F600ken.txt"));
+  EXPECT_THAT(ViewText(log), ::testing::HasSubstr(L"ta\U0001F600ken.txt"));
 }
 
 // A drop follows the list's add rule: a file already listed is not listed
@@ -287,22 +286,59 @@ TEST_F(MemoryWindowTest, ProgressShowsTheBarAndCancelEndsTheLoopAtOnce) {
   EXPECT_EQ(ui.wizardWindow(), nullptr);  // the window went with its form
 }
 
-// RichEdit counts UTF-16 units and a line break as one; the model counts
-// characters and CR LF as two. A run coloured after its text was drawn
-// lands on its own characters all the same.
-TEST(RichEditViewTest, RunsColouredLaterLandOnTheirCharacters) {
+// The view counts UTF-16 units, the model characters. A run coloured after
+// its text was drawn lands on its own characters all the same.
+TEST(TextViewTest, RunsColouredLaterLandOnTheirCharacters) {
   HostWindow host(L"log", WS_OVERLAPPEDWINDOW, nullptr);
   RichTextBox box;
-  const HWND view = NewRichEditView(host, host.hwnd(), box);
+  const HWND view = NewTextView(host, host.hwnd(), box);
+  SetWindowPos(view, nullptr, 0, 0, 400, 200, SWP_NOZORDER);
   box.SetSelText("a\xF0\x9F\x98\x80\xF0\x9F\x98\x80\r\nb target rest");
   Settle();
   box.SetSelStart(7);  // "target"
   box.SetSelLength(6);
-  box.SetSelColor({255, 0, 0});
+  box.SetSelColor({0, 0, 255});
   Settle();
-  EXPECT_EQ(RichText(view), L"a\U0001F600\U0001F600\rb target rest");
-  EXPECT_EQ(ColourOf(view, L"target"), RGB(255, 0, 0));
+  EXPECT_EQ(ViewText(view), L"a\U0001F600\U0001F600\r\nb target rest");
+  EXPECT_EQ(ColourOf(view, L"target"), RGB(0, 0, 255));
   EXPECT_EQ(ColourOf(view, L" rest"), RGB(0, 0, 0));
+  SendMessageW(view, EM_SETSEL, 3, 10);
+  SendMessageW(view, WM_COPY, 0, 0);
+  ASSERT_TRUE(OpenClipboard(nullptr));
+  HANDLE copied = GetClipboardData(CF_UNICODETEXT);
+  EXPECT_STREQ(static_cast<const wchar_t*>(GlobalLock(copied)), L"\U0001F600\r\nb t");
+  GlobalUnlock(copied);
+  CloseClipboard();
+}
+
+// Lines wrap at the view's width unless the box has a right margin; as
+// lines come, the box's insertion point stays in sight.
+TEST(TextViewTest, WrapsWithoutMarginAndFollowsTheInsertionPoint) {
+  struct Case {
+    long margin;
+    bool wraps;
+  };
+  for (const Case& c : {Case{0, true}, Case{4000, false}}) {
+    HostWindow host(L"log", WS_OVERLAPPEDWINDOW, nullptr);
+    RichTextBox box;
+    const HWND view = NewTextView(host, host.hwnd(), box);
+    SetWindowPos(view, nullptr, 0, 0, 200, 120, SWP_NOZORDER);
+    box.SetRightMargin(c.margin);
+    const std::string longLine(30, 'x');
+    box.SetSelText(longLine + " " + longLine + " " + longLine);
+    Settle();
+    const auto last = static_cast<DWORD>(SendMessageW(view, EM_POSFROMCHAR, 3 * 31 - 2, 0));
+    EXPECT_EQ(HIWORD(last) > 0, c.wraps) << c.margin;
+    for (int line = 0; line < 300; ++line) box.SetSelText("\r\nline " + std::to_string(line));
+    Settle();
+    const std::wstring text = ViewText(view);
+    const auto end = static_cast<DWORD>(SendMessageW(view, EM_POSFROMCHAR, text.size() - 3, 0));
+    RECT client;
+    GetClientRect(view, &client);
+    EXPECT_LT(static_cast<short>(HIWORD(end)), client.bottom) << c.margin;
+    EXPECT_GE(static_cast<short>(HIWORD(end)), 0) << c.margin;
+    EXPECT_EQ(SendMessageW(view, EM_GETLINECOUNT, 0, 0), 301) << c.margin;
+  }
 }
 
 // The program file states the version the product record writes.
