@@ -7,7 +7,6 @@
 #include "windows_h.h"
 
 #include <commctrl.h>
-#include <richedit.h>
 
 #include <algorithm>
 #include <chrono>
