@@ -81,7 +81,9 @@ void HostWindow::SetFontRole(HWND control, FontRole role) {
   const HFONT font = role == FontRole::kBold      ? font_->bold()
                      : role == FontRole::kHeading ? font_->heading()
                                                   : font_->normal();
-  SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+  // A window not yet on show draws when it comes up; a redraw asked for
+  // now costs Wine several server calls for nothing.
+  SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), IsWindowVisible(hwnd_));
 }
 
 void HostWindow::SetColours(HWND control, COLORREF text, COLORREF background) {
@@ -109,6 +111,20 @@ void HostWindow::AddTip(HWND control, const std::wstring& text) {
 }
 
 void HostWindow::SetLayout(Node root) { root_ = std::move(root); }
+
+namespace {
+
+Node* Find(Node& node, HWND window) {
+  if (node.window == window) return &node;
+  for (Node& child : node.children) {
+    if (Node* found = Find(child, window)) return found;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+Node* HostWindow::NodeOf(HWND window) { return root_ ? Find(*root_, window) : nullptr; }
 
 void HostWindow::Relayout() {
   if (!root_) return;

@@ -63,6 +63,8 @@ class HostWindow {
   // size a window is born with would move every control twice.
   void SetLayout(Node root);
   void Relayout();
+  // The node of the realised item whose window is `window`.
+  Node* NodeOf(HWND window);
   // The outer size the layout needs at least; at least `atLeast` (dialog
   // units of the inside) when given.
   SIZE MinimumWindowSize(layout::Size atLeast = {}) const;

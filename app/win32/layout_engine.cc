@@ -28,14 +28,15 @@ std::wstring ShownText(HWND window) {
 // The size `text` takes in `window`'s font; wrapped at `width` unless 0.
 SIZE TextSize(HWND window, int width) {
   const std::wstring text = ShownText(window);
-  HDC dc = GetDC(window);
+  // A memory DC of its own: a window's DC costs Wine a server call for its
+  // visible region, and a layout measures every text several times.
+  static const HDC dc = CreateCompatibleDC(nullptr);
   const HGDIOBJ old = SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)));
   RECT box{0, 0, std::max(width, 1), 0};
   const std::wstring measured = text.empty() ? L" " : text;
   DrawTextW(dc, measured.c_str(), static_cast<int>(measured.size()), &box,
             DT_CALCRECT | DT_NOPREFIX | (width > 0 ? DT_WORDBREAK : 0));
   SelectObject(dc, old);
-  ReleaseDC(window, dc);
   return {box.right - box.left, box.bottom - box.top};
 }
 
@@ -62,8 +63,9 @@ void Move(HWND window, RECT area, int extraDown = 0) {
   GetWindowRect(window, &now);
   MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&now), 2);
   if (EqualRect(&now, &area)) return;
+  const UINT unseen = IsWindowVisible(window) ? 0 : SWP_NOREDRAW;
   SetWindowPos(window, nullptr, area.left, area.top, area.right - area.left, area.bottom - area.top,
-               SWP_NOZORDER | SWP_NOACTIVATE);
+               SWP_NOZORDER | SWP_NOACTIVATE | unseen);
 }
 
 int GridColumns(const Node& node) {

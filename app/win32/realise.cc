@@ -33,12 +33,27 @@ Node Realiser::Realise(const layout::Item& item, HWND parent) {
   }
   node.window = MakeWindow(item, parent);
   if (node.window != nullptr) Dress(item, node.window);
+  if (Defers(item)) {
+    deferred_.push_back({&item, node.window});
+    return node;
+  }
   const HWND inside = item.kind == Kind::kPanel ? node.window : parent;
   const bool sheet = item.kind == Kind::kPanel && item.look == Look::kSheet;
   sheets_ += sheet ? 1 : 0;
   for (const layout::Item& child : item.children) node.children.push_back(Realise(child, inside));
   sheets_ -= sheet ? 1 : 0;
   return node;
+}
+
+bool Realiser::Defers(const layout::Item& item) const {
+  const auto* shownBy = std::get_if<Label*>(&item.model);
+  return item.kind == Kind::kPanel && shownBy != nullptr && !(*shownBy)->visible() &&
+         std::find(deferrable_.begin(), deferrable_.end(), item.name) != deferrable_.end();
+}
+
+void Realiser::RealiseContents(const Deferred& page, Node& node) {
+  for (const layout::Item& child : page.item->children) node.children.push_back(Realise(child, page.panel));
+  PlaceCaptionsBeforeBuddies();
 }
 
 HWND Realiser::MakeWindow(const layout::Item& item, HWND parent) {

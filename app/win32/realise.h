@@ -5,6 +5,7 @@
 
 #include <map>
 #include <string>
+#include <vector>
 
 #include "host_window.h"
 #include "layout_engine.h"
@@ -22,11 +23,22 @@ class Realiser {
   Realiser(HostWindow& host, std::map<std::string, HWND>& named) : host_(host), named_(named) {}
 
   Node Realise(const layout::Item& item, HWND parent);
+  // From now on, a panel in `pages` that is not on show is made empty,
+  // and its contents wait in Deferred until RealiseContents: most pages
+  // of a wizard are not on show when it comes up.
+  void DeferHiddenPanels(std::vector<std::string> pages) { deferrable_ = std::move(pages); }
+  struct Deferred {
+    const layout::Item* item;
+    HWND panel;
+  };
+  std::vector<Deferred> TakeDeferred() { return std::move(deferred_); }
+  void RealiseContents(const Deferred& page, Node& node);
   // Puts each caption with a buddy right before it in the tab order, so
   // its mnemonic leads there. Call when every item is made.
   void PlaceCaptionsBeforeBuddies();
 
  private:
+  bool Defers(const layout::Item& item) const;
   HWND MakeWindow(const layout::Item& item, HWND parent);
   HWND MakeText(const layout::Item& item, HWND parent);
   HWND MakeProgress(const layout::Item& item, HWND parent, Node& node);
@@ -35,7 +47,9 @@ class Realiser {
   HostWindow& host_;
   std::map<std::string, HWND>& named_;
   std::map<HWND, std::string> buddies_;
-  int sheets_ = 0;  // how deep inside panels in a text field's colours
+  int sheets_ = 0;
+  std::vector<std::string> deferrable_;
+  std::vector<Deferred> deferred_;  // how deep inside panels in a text field's colours
 };
 
 }  // namespace tessaly::win32

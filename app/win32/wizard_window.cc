@@ -1,9 +1,11 @@
 #include "wizard_window.h"
 
+#include <algorithm>
+#include <memory>
+
 #include "bindings.h"
 #include "dropped_files.h"
 #include "platform/win32/utf16.h"
-#include "realise.h"
 
 namespace tessaly::win32 {
 
@@ -45,9 +47,11 @@ WizardWindow::WizardWindow(fTessaly& form)
       form_(form),
       description_(DescribeWizard(form)),
       whole_(WholeWindow(form, description_)) {
-  Realiser realiser(*this, named_);
-  SetLayout(realiser.Realise(whole_, hwnd()));
-  realiser.PlaceCaptionsBeforeBuddies();
+  std::vector<std::string> pages;
+  for (const Page& page : description_.pages) pages.push_back(page.name);
+  realiser_.DeferHiddenPanels(std::move(pages));
+  SetLayout(realiser_.Realise(whole_, hwnd()));
+  realiser_.PlaceCaptionsBeforeBuddies();
 
   strip_ = named_.at("pLogo");
   SetColours(strip_, RGB(255, 255, 255), kSky);
@@ -73,6 +77,28 @@ WizardWindow::WizardWindow(fTessaly& form)
   const SIZE size = MinimumWindowSize(description_.size);
   SetWindowPos(hwnd(), nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
   Relayout();  // when the size was already the one asked for
+  RealisePagesWhenShown();
+}
+
+void WizardWindow::RealisePagesWhenShown() {
+  for (const Realiser::Deferred& page : realiser_.TakeDeferred()) {
+    Label& shownBy = *std::get<Label*>(page.item->model);
+    auto made = std::make_shared<bool>(false);
+    Follow(shownBy.changed, *this, [this, page, &shownBy, made] {
+      if (*made || !shownBy.visible()) return;
+      *made = true;
+      realiser_.RealiseContents(page, *NodeOf(page.panel));
+      const SIZE least = MinimumWindowSize(description_.size);
+      RECT now;
+      GetWindowRect(hwnd(), &now);
+      if (now.right - now.left >= least.cx && now.bottom - now.top >= least.cy) {
+        Relayout();
+        return;
+      }
+      SetWindowPos(hwnd(), nullptr, 0, 0, std::max<LONG>(now.right - now.left, least.cx),
+                   std::max<LONG>(now.bottom - now.top, least.cy), SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    });
+  }
 }
 
 void WizardWindow::TakeDrops(HWND target, HDROP drop) {

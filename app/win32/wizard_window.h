@@ -6,6 +6,7 @@
 #include <string>
 
 #include "host_window.h"
+#include "realise.h"
 #include "wizard/layout/windows.h"
 #include "wizard/tessaly_form.h"
 
@@ -27,6 +28,9 @@ class WizardWindow : public HostWindow {
   std::optional<LRESULT> Handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
+  // Makes each page's controls when the page first comes on show, and
+  // makes the window larger if that page needs more room.
+  void RealisePagesWhenShown();
   void TakeDrops(HWND target, HDROP drop);
   void PaintEmblem(HWND strip);
 
@@ -34,6 +38,7 @@ class WizardWindow : public HostWindow {
   layout::WizardWindow description_;
   layout::Item whole_;
   std::map<std::string, HWND> named_;
+  Realiser realiser_{*this, named_};
   std::map<HWND, std::function<void(const DropData&)>> drops_;
   HWND strip_ = nullptr;
 };
