@@ -80,6 +80,16 @@ struct World {
   fTessaly* form = nullptr;
 };
 
+// A wizard not yet started; its window goes, untimed, with it.
+struct Unstarted {
+  ~Unstarted() {
+    world.ui.DropViews();
+    Settle();
+  }
+  MemoryFileSystem files;
+  BasicMemoryWorld<Win32Ui> world{files};
+};
+
 using Clock = std::chrono::steady_clock;
 
 // The median of three timings of `timed`, each after a fresh `prepare`.
@@ -128,14 +138,10 @@ void Report(const char* figure, double milliseconds) {
 
 int Run() {
   const int kLogLines = static_cast<int>(kLargestList) + 5;
-  Report("first_page", Median<int>([] { return std::make_unique<int>(0); }, [](int&) {
-           MemoryFileSystem files;
-           BasicMemoryWorld<Win32Ui> world(files);
-           world.Start();
+  Report("first_page", Median<Unstarted>([] { return std::make_unique<Unstarted>(); }, [](Unstarted& w) {
+           w.world.Start();
            Settle();
-           const bool shown = IsWindowVisible(world.ui.wizardWindow()->hwnd()) != FALSE;
-           world.ui.DropViews();
-           return shown;
+           return IsWindowVisible(w.world.ui.wizardWindow()->hwnd()) != FALSE;
          }));
   Report("preview_without_window", Median<World<ScriptedUi>>(&AtStep2<ScriptedUi>, [](World<ScriptedUi>& w) {
            w.form->cmdNext_Click();

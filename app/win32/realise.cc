@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <memory>
 
 #include "bindings.h"
 #include "extra_procedure.h"
@@ -177,9 +178,24 @@ HWND Realiser::MakeProgress(const layout::Item& item, HWND parent, Node& node) {
   const layout::Item& text = item.children.at(1);
   named_[text.name] = bar;
   Label& percentage = ModelOf<Label>(text);
-  Follow(percentage.changed, host_, [bar, &percentage] {
-    SetWindowTextIfOther(bar, Widen(percentage.caption()));
-    InvalidateRect(bar, nullptr, FALSE);
+  // The percentage moves by a hundredth, up to once a file: it is shown
+  // when the waiting messages next run, not a server call and a repaint
+  // for every file.
+  // The text is taken now: the form may be gone by then.
+  struct Shown {
+    std::string text;
+    bool pending = false;
+  };
+  auto shown = std::make_shared<Shown>();
+  Follow(percentage.changed, host_, [bar, &percentage, shown, &host = host_] {
+    shown->text = percentage.caption();
+    if (shown->pending) return;
+    shown->pending = true;
+    host.Later([bar, shown] {
+      shown->pending = false;
+      SetWindowTextIfOther(bar, Widen(shown->text));
+      InvalidateRect(bar, nullptr, FALSE);
+    });
   });
   AddToProcedure(bar, [bar, &host = host_](UINT message, WPARAM wParam, LPARAM lParam) -> std::optional<LRESULT> {
     if (message != WM_PAINT) return std::nullopt;

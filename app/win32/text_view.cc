@@ -173,11 +173,14 @@ int TextView::VisibleRows() const {
 }
 
 // The width lines wrap at, or 0 when they run on: the box's margin says.
+// A view not yet given its size wraps nothing: its lines are laid out
+// again once it has one.
 int TextView::Wrapping() const {
   if (box_.rightMargin() != 0) return 0;
   RECT client;
   GetClientRect(window_, &client);
-  return std::max<int>(charWidth_, client.right - 2 * Margin());
+  const int width = client.right - 2 * Margin();
+  return width >= 4 * charWidth_ ? width : 0;
 }
 
 // A bar that comes or goes changes the room, and so the other bar.

@@ -133,6 +133,11 @@ void SelectRow(HWND listView, int row) {
   Settle();
 }
 
+void WatchingUi::LetPendingEventsRun() {
+  Settle();
+  if (onPendingEvents) onPendingEvents();
+}
+
 std::wstring ViewText(HWND view) {
   std::wstring text(static_cast<std::size_t>(SendMessageW(view, WM_GETTEXTLENGTH, 0, 0)) + 1, L'\0');
   text.resize(static_cast<std::size_t>(

@@ -20,10 +20,9 @@ class WatchingUi : public Win32Ui {
  public:
   MessageAnswer MessageBox(std::string_view text, MessageButtons buttons,
                            std::string_view title) override;
-  void LetPendingEventsRun() override {
-    if (onPendingEvents) onPendingEvents();
-    Win32Ui::LetPendingEventsRun();
-  }
+  // Every time, not every few tens of milliseconds: a test looks at
+  // each step.
+  void LetPendingEventsRun() override;
 
   std::function<void()> onPendingEvents;
   std::vector<MessageAnswer> answers;  // in order; Cancel when none is left
