@@ -39,4 +39,10 @@ std::vector<std::string> SampleNames(std::size_t count) {
   return names;
 }
 
+std::vector<std::string> NumberedSampleNames(std::size_t count) {
+  std::vector<std::string> names = SampleNames(count);
+  for (std::size_t i = 0; i < names.size(); ++i) names[i].append(".").append(std::to_string(i));
+  return names;
+}
+
 }  // namespace tessaly::bench

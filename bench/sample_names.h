@@ -11,6 +11,9 @@ namespace tessaly::bench {
 // downloads with copy marks, numbered tracks, documents with brackets,
 // accented and non-Latin names, doubled blanks and several periods.
 std::vector<std::string> SampleNames(std::size_t count);
+// `count` of them, each made unique by its number added as one more
+// extension: the list the views are measured with.
+std::vector<std::string> NumberedSampleNames(std::size_t count);
 
 }  // namespace tessaly::bench
 

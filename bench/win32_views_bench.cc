@@ -29,11 +29,7 @@ namespace {
 std::size_t kLargestList = 32767;
 
 const std::vector<std::string>& LargestList() {
-  static const std::vector<std::string> paths = [] {
-    std::vector<std::string> names = bench::SampleNames(kLargestList);
-    for (std::size_t i = 0; i < names.size(); ++i) names[i] += "." + std::to_string(i);
-    return names;
-  }();
+  static const std::vector<std::string> paths = bench::NumberedSampleNames(kLargestList);
   return paths;
 }
 
