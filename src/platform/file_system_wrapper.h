@@ -17,6 +17,9 @@ class FileSystemWrapper : public FileSystem {
   bool Rename(std::string_view source, std::string_view target) override {
     return real_.Rename(source, target);
   }
+  RenameAnswer RenameIfFree(std::string_view source, std::string_view target) override {
+    return real_.RenameIfFree(source, target);
+  }
   bool DeleteIfUnchanged(std::string_view path, const FileVersion& expected) override {
     return real_.DeleteIfUnchanged(path, expected);
   }

@@ -186,6 +186,9 @@ class fTessaly : public Form {
   bool RunCanBeUndone() const;
   Outcome RenameOneFile(const std::string& oldPath, const std::string& newPath);
   Outcome TwoStageRename(const std::string& oldPath, const std::string& newPath);
+  Outcome DirectRoad(const std::string& oldPath, const std::string& newPath);
+  // What the disk shows after the direct road's move.
+  Outcome DirectRoadOutcome(const std::string& oldPath, const std::string& newPath) const;
 
   // Example output and the rules that tie the options together.
   void ShowExample();
@@ -209,6 +212,9 @@ class fTessaly : public Form {
   // Whether the disk takes both paths to one entry.
   bool SameEntry(std::string_view a, std::string_view b) const;
   void RenameFile(const std::string& source, const std::string& target);
+  // The move of RenameFile, journaled, and the removal of a source it left
+  // behind; with `onlyIfFree`, a move that takes no name an entry holds.
+  RenameAnswer MoveFile(const std::string& source, const std::string& target, bool onlyIfFree);
 
   CheckBox* RememberedCheckBox(std::string_view name);
   void LoadWizardSettings();

@@ -78,35 +78,52 @@ std::optional<std::uint32_t> PosixFileSystem::GetAttributes(std::string_view pat
   return AttributesOfFound(found);
 }
 
-bool PosixFileSystem::Move(const ResolvedPath& from, const std::string& to) {
+RenameAnswer PosixFileSystem::Move(const ResolvedPath& from, const std::string& to,
+                                   bool caseChangeOfItself) {
   const HeldFolders::Place source = resolver_.Reach(from.native);
   const HeldFolders::Place target = resolver_.Reach(to);
   switch (RenameWithoutReplacing(source.folder, source.name, target.folder, target.name)) {
+    case PlaceResult::kRenamed:
+      return RenameAnswer::kRenamed;
     case PlaceResult::kDone:
-      return true;
+      return RenameAnswer::kMoved;
     case PlaceResult::kCrossDevice:
-      return MoveAcrossFileSystems(from.native, to, moveFault_);
+      return MoveAcrossFileSystems(from.native, to, moveFault_) ? RenameAnswer::kMoved
+                                                                 : RenameAnswer::kFailed;
     case PlaceResult::kTaken:
       // Only the source itself may stand under the target's name.
-      return IsCaseChangeOfItself(from, to) && rename(from.native.c_str(), to.c_str()) == 0;
+      if (!caseChangeOfItself || !IsCaseChangeOfItself(from, to)) return RenameAnswer::kTaken;
+      return rename(from.native.c_str(), to.c_str()) == 0 ? RenameAnswer::kRenamed
+                                                          : RenameAnswer::kFailed;
     default:
-      return false;
+      return RenameAnswer::kFailed;
   }
 }
 
 bool PosixFileSystem::Rename(std::string_view source, std::string_view target) {
-  if (!NamesFile(source) || !NamesFile(target)) return false;
+  return Moved(Place(source, target, true));
+}
+
+RenameAnswer PosixFileSystem::RenameIfFree(std::string_view source, std::string_view target) {
+  return Place(source, target, false);
+}
+
+RenameAnswer PosixFileSystem::Place(std::string_view source, std::string_view target,
+                                    bool caseChangeOfItself) {
+  if (!NamesFile(source) || !NamesFile(target)) return RenameAnswer::kFailed;
   // Stays valid: placing the target resolves folders only.
   const ResolvedPath& from = resolver_.Resolve(NativeOf(source));
-  if (from.state != State::kFound || S_ISDIR(from.info.st_mode)) return false;
+  if (from.state != State::kFound || S_ISDIR(from.info.st_mode)) return RenameAnswer::kFailed;
   std::string to;
-  if (!PlaceOnDisk(NativeOf(target), to)) return false;
-  if (to == from.native) return true;
+  if (!PlaceOnDisk(NativeOf(target), to)) return RenameAnswer::kFailed;
+  if (to == from.native) return caseChangeOfItself ? RenameAnswer::kRenamed : RenameAnswer::kTaken;
   if (beforeNextRename_) std::exchange(beforeNextRename_, nullptr)();
-  const bool moved = Move(from, to);
+  const RenameAnswer answer = Move(from, to, caseChangeOfItself);
+  // Whatever was kept about either name is out of date: the file's change
+  // time moved with it, and another entry may stand under the old name.
   resolver_.NoteChanged(from.native);
   resolver_.NoteChanged(to);
-  return moved;
+  return answer;
 }
 
 bool PosixFileSystem::PlaceOnDisk(const std::string& native, std::string& placed) {

@@ -21,6 +21,7 @@ class PosixFileSystem : public FileSystem {
  public:
   std::optional<std::uint32_t> GetAttributes(std::string_view path) override;
   bool Rename(std::string_view source, std::string_view target) override;
+  RenameAnswer RenameIfFree(std::string_view source, std::string_view target) override;
   bool DeleteIfUnchanged(std::string_view path, const FileVersion& expected) override;
   std::vector<DirectoryEntry> Search(std::string_view pattern, std::uint32_t include) override;
   std::optional<FileIdentity> IdentityOf(std::string_view path) override;
@@ -40,7 +41,9 @@ class PosixFileSystem : public FileSystem {
   void SetMoveFaultForTesting(MoveFault fault) { moveFault_ = std::move(fault); }
 
  private:
-  bool Move(const ResolvedPath& from, const std::string& to);
+  // Rename, or with `caseChangeOfItself` false, RenameIfFree.
+  RenameAnswer Place(std::string_view source, std::string_view target, bool caseChangeOfItself);
+  RenameAnswer Move(const ResolvedPath& from, const std::string& to, bool caseChangeOfItself);
   // Where `native` goes: its folder as the disk spells it, its name as given.
   bool PlaceOnDisk(const std::string& native, std::string& placed);
   // `modelPath` in native form, in a buffer reused by the next call.
