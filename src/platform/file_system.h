@@ -142,6 +142,14 @@ class FileSystem {
   // `path` as a person on this platform writes it. Every path that is put
   // into a text a person reads goes through here.
   virtual std::string Shown(std::string_view path) const = 0;
+  // The same, added to the end of `out`: a long loop writes a line a file.
+  virtual void AppendShown(std::string_view path, std::string& out) const { out += Shown(path); }
+
+  // Whether this file system takes `a` and `b` for the same name, as
+  // SameNameKey tells.
+  virtual bool SameName(std::string_view a, std::string_view b) const {
+    return SameNameKey(a) == SameNameKey(b);
+  }
 
   // Drops every answer kept for reuse. The program calls it whenever time
   // has passed in which a person or another program may have changed the

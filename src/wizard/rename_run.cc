@@ -84,7 +84,7 @@ void fTessaly::RunRenames() {
   const auto n = static_cast<std::int32_t>(lstFiles.ListCount());
   stepRunning_ = true;
   OpenProgress(kRunProgressCaption);
-  ChangeLog log(tLog, services_.clock, services_.locale, services_.ui, services_.fileSystem);
+  ChangeLog log(tLog, services_.clock, services_.locale, services_.fileSystem);
   log.WriteHead(static_cast<std::size_t>(n), kLogBoxWidth);
   progress_->start(0, n);
   serial_ = 0;
@@ -126,7 +126,7 @@ Outcome fTessaly::RenameOneFile(const std::string& oldPath, const std::string& n
   FileSystem& files = services_.fileSystem;
   // A new path that the disk takes for the old one names the file itself:
   // taken, as the disk would answer.
-  if (files.SameNameKey(newPath) == files.SameNameKey(oldPath)) {
+  if (files.SameName(newPath, oldPath)) {
     return FileExists(newPath) ? TwoStageRename(oldPath, newPath) : DirectRoad(oldPath, newPath);
   }
   // The direct road's look at the new path, its move and the looks after

@@ -413,7 +413,7 @@ TEST_F(WizardTest, LogCutsFoldersToSixCharactersWithTheMarkAlways) {
   RichTextBox box;
   // Paths shown as on POSIX: the line is cut in the model, then shown.
   MemoryFileSystem paths(MemoryFileSystem::LetterCase::kExact, MemoryFileSystem::ShownForm::kPosix);
-  ChangeLog log(box, world.clock, locale, ui, paths);
+  ChangeLog log(box, world.clock, locale, paths);
   log.WriteHead(3, 100);
   RunCounters counters;
   for (const auto& [from, to, outcome] :

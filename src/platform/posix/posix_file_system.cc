@@ -150,6 +150,18 @@ const std::string& PosixFileSystem::NativeOf(std::string_view modelPath) {
   return native_;
 }
 
+void PosixFileSystem::AppendShown(std::string_view path, std::string& out) const {
+  const std::size_t from = out.size();
+  out += path;
+  for (std::size_t at = from; at < out.size(); ++at) {
+    if (out[at] == '\\') {
+      out[at] = '/';
+    } else if (out[at] == '/') {
+      out[at] = '\\';
+    }
+  }
+}
+
 bool PosixFileSystem::DeleteIfUnchanged(std::string_view path, const FileVersion& expected) {
   if (!NamesFile(path)) return false;
   const ResolvedPath& found = resolver_.Resolve(NativeOf(path));

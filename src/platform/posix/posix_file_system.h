@@ -28,8 +28,10 @@ class PosixFileSystem : public FileSystem {
   std::optional<FileVersion> VersionOf(std::string_view path) override;
   bool OneEntry(std::string_view a, std::string_view b) override;
   std::string SameNameKey(std::string_view path) const override { return std::string(path); }
+  bool SameName(std::string_view a, std::string_view b) const override { return a == b; }
   std::string PathOnDisk(std::string_view path) override;
   std::string Shown(std::string_view path) const override { return ToNativePath(path); }
+  void AppendShown(std::string_view path, std::string& out) const override;
   void ForgetAnswers() override { resolver_.Forget(); }
 
   // Test seams. `hook` runs once, inside the next Rename, after its checks
