@@ -92,7 +92,9 @@ void ListBox::MoveToSortedPlace(std::size_t index) {
 
 namespace {
 
-void Count(std::unordered_map<std::string, int>& counts, const std::string& key) { ++counts[key]; }
+void Count(std::unordered_map<std::string, int>& counts, std::string key) {
+  ++counts[std::move(key)];
+}
 
 void Uncount(std::unordered_map<std::string, int>& counts, const std::string& key) {
   const auto found = counts.find(key);
@@ -102,20 +104,21 @@ void Uncount(std::unordered_map<std::string, int>& counts, const std::string& ke
 }  // namespace
 
 ListBox::Row ListBox::MakeRow(std::string text, bool sortKey) {
-  Row row{std::move(text), {}, {}, false, false, false, ++arrivals_};
+  Row row{std::move(text), {}, false, false, false, ++arrivals_};
   if (sortKey) row.key = SortKey(row.text);
-  if (sameEntryKey_) row.sameKey = sameEntryKey_(row.text);
   return row;
 }
 
 void ListBox::Index(const Row& row) {
   if (sorted_) Count(keys_, row.key);
-  if (sameEntryKey_) Count(sameKeys_, row.sameKey);
+  // Made afresh rather than kept in the row: a row is indexed and
+  // unindexed about once, and the key is often the text itself.
+  if (sameEntryKey_) Count(sameKeys_, sameEntryKey_(row.text));
 }
 
 void ListBox::Unindex(const Row& row) {
   if (sorted_) Uncount(keys_, row.key);
-  if (sameEntryKey_) Uncount(sameKeys_, row.sameKey);
+  if (sameEntryKey_) Uncount(sameKeys_, sameEntryKey_(row.text));
 }
 
 bool ListBox::HoldsSameEntry(std::string_view text) const {
@@ -130,7 +133,6 @@ void ListBox::SetList(std::size_t index, std::string text) {
   const Row fresh = MakeRow(std::move(text), sorted_);
   row.text = fresh.text;
   row.key = fresh.key;
-  row.sameKey = fresh.sameKey;
   Index(row);
   // Left where it was, the row would break the order every look-up relies on.
   if (sorted_) MoveToSortedPlace(index);

@@ -79,7 +79,6 @@ class ListBox : public Control {
     // In a sorted list, the text folded as CompareIgnoreCase folds it and
     // encoded so that comparing the bytes orders as CompareIgnoreCase does.
     std::string key;
-    std::string sameKey;  // by sameEntryKey_, when it is set
     bool checked = false;
     bool selected = false;
     bool removed = false;

@@ -34,6 +34,10 @@ void fTessaly::BuildPreview() {
   stepRunning_ = true;
   OpenProgress(kPreviewProgressCaption);
   tOutput.SetText("Rename Files Preview:" + std::string(kLineEnd));
+  // New paths are about as long as old ones: room for them all at once.
+  std::size_t bytes = tOutput.text().size();
+  for (std::int32_t i = 0; i < n; ++i) bytes += lstFiles.List(i).size() * 5 / 4 + 8;
+  tOutput.Reserve(bytes);
   tOutput.SetSelStart(tOutput.Length());
   progress_->start(0, n);
   serial_ = 0;
