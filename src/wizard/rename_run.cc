@@ -98,15 +98,16 @@ void fTessaly::RunRenames() {
     // two stages of its move.
     stopped_ = services_.stops != nullptr && services_.stops->Requested();
     if (stopped_) break;
-    const std::string oldPath = lstFiles.List(i);
+    // Copies: the list may change while events run.
+    std::string oldPath = lstFiles.List(i);
     journalFile_ = i;
     lstFilesC.AddItem(Convert(oldPath));
-    const std::string newPath = lstFilesC.List(lstFilesC.ListCount() - 1);
+    std::string newPath = lstFilesC.List(lstFilesC.ListCount() - 1);
     const Outcome outcome = RenameOneFile(oldPath, newPath);
     if (ended_) break;
     counters.Count(outcome);
     log.WriteFileLine(oldPath, newPath, outcome);
-    outcomes_.push_back({oldPath, newPath, outcome});
+    outcomes_.push_back({std::move(oldPath), std::move(newPath), outcome});
     fileDone.Emit();
     progress_->setvalue(i + 1);
   }

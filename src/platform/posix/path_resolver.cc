@@ -86,12 +86,12 @@ const ResolvedPath& PathResolver::Resolve(std::string_view path) {
     return unkept_;
   }
   for (const NameAnswer* recent : recent_) {
-    if (recent != nullptr && recent->asked == path) return recent->answer;
+    if (recent != nullptr && recent->Answers(path)) return recent->answer;
   }
   const std::size_t hash = NameHash(path);
   const auto [first, last] = names_.equal_range(hash);
   for (auto kept = first; kept != last; ++kept) {
-    if (kept->second.asked == path) return Recall(kept->second);
+    if (kept->second.Answers(path)) return Recall(kept->second);
   }
   Look(path, unkept_);
   if (unkept_.state == State::kFound && S_ISLNK(unkept_.info.st_mode)) return unkept_;
@@ -99,7 +99,8 @@ const ResolvedPath& PathResolver::Resolve(std::string_view path) {
     names_.clear();
     ForgetRecent();
   }
-  return Recall(names_.emplace(hash, NameAnswer{std::string(path), std::move(unkept_)})->second);
+  std::string otherAsked = unkept_.native == path ? std::string() : std::string(path);
+  return Recall(names_.emplace(hash, NameAnswer{std::move(otherAsked), std::move(unkept_)})->second);
 }
 
 const ResolvedPath& PathResolver::Recall(NameAnswer& kept) {

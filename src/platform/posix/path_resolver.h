@@ -66,8 +66,13 @@ class PathResolver {
     std::string resolved;
   };
   struct NameAnswer {
-    std::string asked;  // the exact path
+    // The exact path; empty where it is answer.native, as it mostly is: a
+    // list of many files keeps an answer for each.
+    std::string otherAsked;
     ResolvedPath answer;
+    bool Answers(std::string_view path) const {
+      return (otherAsked.empty() ? answer.native : otherAsked) == path;
+    }
   };
   // The hash of a value's key is the key itself.
   struct SameNumber {
