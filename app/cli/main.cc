@@ -126,7 +126,7 @@ int main(int argc, char** argv) {
   std::optional<cli::WizardInput> input = cli::InputFor(*request, refusal);
   if (!input) return RefuseUsage(refusal);
   // The input holds the files now; a copy of every word need not last the run.
-  request->words = {};
+  request->words = std::vector<std::string>();
   for (const std::string& path : input->tooLong) {
     std::cerr << "tessaly-cli: left out, too long for this system: "
               << text::Visible(path, text::Layout::kNone) << '\n';

@@ -14,7 +14,7 @@ void fTessaly::ProcessCommandLine() {
   std::optional<std::vector<std::string>> paths =
       filesApart_ ? (givenFiles_.empty() ? std::nullopt : std::optional(std::move(givenFiles_)))
                   : cl::FilePaths(commandLine_);
-  givenFiles_ = {};
+  givenFiles_ = std::vector<std::string>();
   if (paths) {
     refusedForLimit_ = 0;
     for (const std::string& path : *paths) AddGivenPath(path);

@@ -79,6 +79,7 @@ RenameAnswer fTessaly::MoveFile(const std::string& source, const std::string& ta
 void fTessaly::RunRenames() {
   ClearResults();
   outcomes_.clear();
+  lastOutcome_ = {};
   stopped_ = false;
   if (ended_ || lstFiles.ListCount() == 0) return;
   const auto n = static_cast<std::int32_t>(lstFiles.ListCount());
@@ -107,7 +108,8 @@ void fTessaly::RunRenames() {
     if (ended_) break;
     counters.Count(outcome);
     log.WriteFileLine(oldPath, newPath, outcome);
-    outcomes_.push_back({std::move(oldPath), std::move(newPath), outcome});
+    outcomes_.push_back(outcome);
+    lastOutcome_ = {std::move(oldPath), std::move(newPath), outcome};
     fileDone.Emit();
     progress_->setvalue(i + 1);
   }

@@ -153,14 +153,17 @@ class fTessaly : public Form {
   RichTextBox tLog;
   CommandButton cmdUndo;
   // What became of each file in the last rename run, in the log's order.
+  const std::vector<Outcome>& outcomes() const { return outcomes_; }
+  // The last file of the run that got its outcome: its two paths and what
+  // became of it. The lists hold the paths of the others.
   struct FileOutcome {
     std::string oldPath;
     std::string newPath;
-    Outcome outcome;
+    Outcome outcome = Outcome::kNoChange;
   };
-  const std::vector<FileOutcome>& outcomes() const { return outcomes_; }
+  const FileOutcome& lastOutcome() const { return lastOutcome_; }
   // Emitted as each file of a rename run gets its outcome, which is then
-  // the last of outcomes().
+  // lastOutcome().
   Signal fileDone;
   // Whether the last rename run ended early at a request to stop (see
   // WizardServices::stops): after the file under way, with the log of the
@@ -244,7 +247,8 @@ class fTessaly : public Form {
   std::string commandLine_;
   bool filesApart_ = false;
   std::vector<std::string> givenFiles_;
-  std::vector<FileOutcome> outcomes_;
+  std::vector<Outcome> outcomes_;
+  FileOutcome lastOutcome_;
   std::unique_ptr<RunJournal> journal_;
   int journalFile_ = 0;  // the number of the file being renamed, for its records
   std::int32_t serial_ = 0;

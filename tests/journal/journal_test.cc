@@ -240,7 +240,7 @@ TEST_F(UndoTest, AJournalThatCannotBeWrittenLeavesTheRunAsItWas) {
   Run({"C:\\u\\a.txt"}, "b.txt", false);
   EXPECT_TRUE(world.form->journal()->incomplete());
   EXPECT_FALSE(world.form->cmdUndo.visible());  // it would take back part without a word
-  EXPECT_EQ(world.form->outcomes()[0].outcome, Outcome::kCompleted);
+  EXPECT_EQ(world.form->outcomes()[0], Outcome::kCompleted);
   EXPECT_EQ(Undo(), (std::vector<std::string>{"no run"}));
 }
 
