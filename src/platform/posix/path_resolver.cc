@@ -16,6 +16,14 @@ namespace {
 
 using State = ResolvedPath::State;
 
+// fstatat without following a link, into `facts`.
+bool LookAt(const HeldFolders::Place& place, EntryFacts& facts) {
+  struct stat info {};
+  if (fstatat(place.folder, place.name, &info, AT_SYMLINK_NOFOLLOW) != 0) return false;
+  facts = info;
+  return true;
+}
+
 // Kept answers beyond this many are dropped together; a run asks about a
 // few paths per file, a walk about many folders.
 constexpr std::size_t kMaxAnswers = 1 << 17;
@@ -112,7 +120,7 @@ const ResolvedPath& PathResolver::Recall(NameAnswer& kept) {
 void PathResolver::Look(std::string_view native, ResolvedPath& answer) {
   answer.native.assign(native);
   const HeldFolders::Place place = held_.Reach(answer.native);
-  if (fstatat(place.folder, place.name, &answer.info, AT_SYMLINK_NOFOLLOW) == 0) {
+  if (LookAt(place, answer.info)) {
     answer.state = State::kFound;
     // The folder of an entry that exists exists too. A run asks about one
     // folder many times in a row, so the last one noted is not noted again.
@@ -143,7 +151,7 @@ void PathResolver::LookIn(const std::string& folder, std::string_view name, Reso
   if (resolved == folder) return;  // the exact look already missed
   answer.native = Join(resolved, name);
   const HeldFolders::Place place = held_.Reach(answer.native);
-  if (fstatat(place.folder, place.name, &answer.info, AT_SYMLINK_NOFOLLOW) == 0) {
+  if (LookAt(place, answer.info)) {
     answer.state = State::kFound;
   } else if (errno != ENOENT) {
     answer.state = State::kUnusable;

@@ -9,6 +9,7 @@
 #include <unordered_map>
 
 #include "platform/posix/held_folders.h"
+#include "platform/posix/posix_attributes.h"
 
 namespace tessaly {
 
@@ -21,7 +22,7 @@ struct ResolvedPath {
   };
   State state = State::kUnusable;
   std::string native;
-  struct stat info {};
+  EntryFacts info;
 
   std::string Folder() const;  // the part of `native` before its last "/"
   std::string Name() const;    // the part of `native` behind its last "/"

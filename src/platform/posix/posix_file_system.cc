@@ -34,7 +34,7 @@ std::uint32_t AttributesOfFound(const ResolvedPath& found) {
   return AttributesOf(name, FollowLink(AT_FDCWD, found.native.c_str(), found.info));
 }
 
-bool SameInode(const struct stat& one, const struct stat& other) {
+bool SameInode(const EntryFacts& one, const EntryFacts& other) {
   return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
 }
 
@@ -52,7 +52,7 @@ bool FolderListsName(const std::string& folder, std::string_view name) {
 // not two hard links. A file with one link has one entry; with more, two
 // names are two entries when the folder lists them both.
 bool OtherSpellingOfEntry(const std::string& one, const std::string& other,
-                          const struct stat& info) {
+                          const EntryFacts& info) {
   if (text::CompareIgnoreCase(ToModelPath(one), ToModelPath(other)) != 0) return false;
   if (info.st_nlink <= 1) return true;
   const std::size_t slash = other.find_last_of('/');
@@ -213,7 +213,7 @@ bool PosixFileSystem::OneEntry(std::string_view a, std::string_view b) {
   const ResolvedPath& first = resolver_.Resolve(NativeOf(a));
   if (first.state != State::kFound) return false;
   const std::string one = first.native;
-  const struct stat info = first.info;
+  const EntryFacts info = first.info;
   const ResolvedPath& second = resolver_.Resolve(NativeOf(b));
   if (second.state != State::kFound || !SameInode(second.info, info)) return false;
   return second.native == one || OtherSpellingOfEntry(one, second.native, info);
