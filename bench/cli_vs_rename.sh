@@ -2,17 +2,19 @@
 # Whole-program timing: tessaly-cli lower-cases 32,767 files, against
 # Debian's perl `rename` and `mmv` doing the same on fresh copies of the
 # same folder (whose own name holds capitals, as real folders' do), and
-# against build/bench/five_calls, which makes tessaly-cli's system calls
+# against build/bench/calls_alone, which makes tessaly-cli's system calls
 # and nothing else: the part of the time that the disk alone costs. Prints
-# the times, the ratios, and the system calls tessaly-cli makes per file,
-# counted with strace over two sizes of folder. Installs `rename`, `mmv`
-# and `strace` if missing.
+# the times, the peak memory, the ratios, the system calls tessaly-cli makes
+# per file, counted with strace over two sizes of folder, and how its time
+# and memory grow from a folder of 10,000 files to one of 100,000 (renamed
+# in runs of at most 32,767 files, all the list holds). Installs `rename`,
+# `mmv` and `strace` if missing.
 #   bash bench/cli_vs_rename.sh [COUNT]
 set -euo pipefail
 cd "$(dirname "$0")/.."
 count=${1:-32767}
 cli=$PWD/build/app/cli/tessaly-cli
-calls=$PWD/build/bench/five_calls
+calls=$PWD/build/bench/calls_alone
 [ -x "$cli" ] && [ -x "$calls" ] || bash scripts/setup.sh
 
 missing=()
@@ -40,14 +42,14 @@ for copy in tessaly rename mmv calls; do cp -a "$work/base" "$work/$copy"; done
 sync
 
 # Runs the command in a copy and prints the seconds it took, wall clock,
-# processor (user + system) and system alone, separated by blanks: on a
-# busy machine the processor time tells more, and the system time shows
-# what the file system's own work costs.
+# processor (user + system) and system alone, and its peak memory in KB,
+# separated by blanks: on a busy machine the processor time tells more, and
+# the system time shows what the file system's own work costs.
 timed() {
   local folder=$1; shift
-  (cd "$work/$folder/Holiday Photos" && /usr/bin/time -f "%e %U %S" -o "$work/$folder.time" "$@") \
+  (cd "$work/$folder/Holiday Photos" && /usr/bin/time -f "%e %U %S %M" -o "$work/$folder.time" "$@") \
     >"$work/$folder.out" 2>"$work/$folder.err"
-  awk '{ printf "%.3f %.3f %.3f", $1, $2 + $3, $3 }' "$work/$folder.time"
+  awk '{ printf "%.3f %.3f %.3f %d", $1, $2 + $3, $3, $4 }' "$work/$folder.time"
 }
 # Fails the benchmark if a copy still holds an upper-case name.
 check() {
@@ -55,7 +57,7 @@ check() {
   left=$(find "$work/$1/Holiday Photos" -mindepth 1 -name '*[A-Z]*' | wc -l)
   local total
   total=$(find "$work/$1/Holiday Photos" -mindepth 1 | wc -l)
-  if [ "$left" -ne 0 ] || [ "$total" -ne "$count" ]; then
+  if [ "$left" -ne 0 ] || [ "$total" -ne "${2:-$count}" ]; then
     echo "$1: $left of $total names still hold upper case (expected 0 of $count)" >&2
     exit 1
   fi
@@ -74,7 +76,7 @@ t_rename=$(timed rename sh -c 'exec rename "y/A-Z/a-z/" -- *')
 check rename
 t_mmv=$(timed mmv mmv '*' '#l1')
 check mmv
-t_calls=$(timed calls sh -c 'exec "$0" ./*' "$calls")
+t_calls=$(timed calls sh -c 'exec "$0" "$1" ./*' "$calls" "$work/calls.journal")
 check calls
 
 # System calls per file: the difference between two sizes of folder, so
@@ -90,21 +92,42 @@ calls_for() {
 small=$((count / 4)); large=$((count / 2))
 calls_small=$(calls_for "$small")
 calls_large=$(calls_for "$large")
+rm -rf "$work"/calls-*
 
-read -r w_tessaly c_tessaly s_tessaly <<<"$t_tessaly"
-read -r w_rename c_rename s_rename <<<"$t_rename"
-read -r w_mmv c_mmv s_mmv <<<"$t_mmv"
-read -r w_calls c_calls s_calls <<<"$t_calls"
-echo "files:            $count   (seconds: wall clock, processor, of which system)"
-echo "tessaly-cli:      ${w_tessaly} s, ${c_tessaly} s, ${s_tessaly} s"
-echo "rename (perl):    ${w_rename} s, ${c_rename} s, ${s_rename} s"
-echo "mmv:              ${w_mmv} s, ${c_mmv} s, ${s_mmv} s"
-echo "its calls alone:  ${w_calls} s, ${c_calls} s, ${s_calls} s"
+# Growth: the whole job on a folder of 10,000 files and on one of 100,000,
+# the larger in runs of at most 32,767 files, as the list holds no more.
+# Prints the processor seconds and the largest peak memory of one run.
+grown() {
+  make_folder "$work/grown-$1/Holiday Photos" "$1"
+  local t
+  t=$(timed "grown-$1" sh -c 'find . -mindepth 1 -maxdepth 1 -print0 |
+    xargs -0 -n 32767 -s 2000000 sh -c '"'"'exec "$0" "$@" /settings:LowerCase /step:4 /exit'"'"' "$0"' \
+    "$cli")
+  check "grown-$1" "$1"
+  rm -rf "$work/grown-$1"
+  echo "$t" | awk '{ print $2, $4 }'
+}
+read -r c_10k m_10k <<<"$(grown 10000)"
+read -r c_100k m_100k <<<"$(grown 100000)"
+
+read -r w_tessaly c_tessaly s_tessaly m_tessaly <<<"$t_tessaly"
+read -r w_rename c_rename s_rename m_rename <<<"$t_rename"
+read -r w_mmv c_mmv s_mmv m_mmv <<<"$t_mmv"
+read -r w_calls c_calls s_calls m_calls <<<"$t_calls"
+echo "files:            $count   (seconds: wall clock, processor, of which system; peak memory)"
+echo "tessaly-cli:      ${w_tessaly} s, ${c_tessaly} s, ${s_tessaly} s; ${m_tessaly} KB"
+echo "rename (perl):    ${w_rename} s, ${c_rename} s, ${s_rename} s; ${m_rename} KB"
+echo "mmv:              ${w_mmv} s, ${c_mmv} s, ${s_mmv} s; ${m_mmv} KB"
+echo "its calls alone:  ${w_calls} s, ${c_calls} s, ${s_calls} s; ${m_calls} KB"
 awk -v t="$w_tessaly" -v r="$w_rename" -v m="$w_mmv" \
     -v ct="$c_tessaly" -v cr="$c_rename" -v cm="$c_mmv" -v k="$w_calls" -v ck="$c_calls" \
-    -v cs="$calls_small" -v cl="$calls_large" -v ns="$small" -v nl="$large" 'BEGIN {
+    -v mt="$m_tessaly" -v mm="$m_mmv" \
+    -v cs="$calls_small" -v cl="$calls_large" -v ns="$small" -v nl="$large" \
+    -v c1="$c_10k" -v c2="$c_100k" -v m1="$m_10k" -v m2="$m_100k" 'BEGIN {
   printf "tessaly/rename:   %.2f wall clock, %.2f processor\n", t / r, ct / cr
-  printf "tessaly/mmv:      %.2f wall clock, %.2f processor\n", t / m, ct / cm
+  printf "tessaly/mmv:      %.2f wall clock, %.2f processor, %.2f peak memory\n", t / m, ct / cm, mt / mm
   printf "calls alone/mmv:  %.2f wall clock, %.2f processor\n", k / m, ck / cm
   printf "system calls per file (tessaly-cli, %d vs %d files): %.2f\n", ns, nl, (cl - cs) / (nl - ns)
+  printf "growth, 10,000 to 100,000 files: processor %.3f s to %.3f s (%.2f times as much a file), " \
+         "peak memory of a run %d KB to %d KB\n", c1, c2, (c2 / 100000) / (c1 / 10000), m1, m2
 }'

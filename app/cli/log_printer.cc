@@ -18,16 +18,21 @@ namespace {
 // consulted.
 void AddLines(std::string_view text, std::size_t from, std::size_t to, std::string& out) {
   std::size_t piece = from;
-  for (std::size_t pos = from; pos < to; ++pos) {
-    const bool pairStart = text[pos] == '\r' && pos + 1 < text.size() && text[pos + 1] == '\n';
-    const bool pairEnd = text[pos] == '\n' && pos > 0 && text[pos - 1] == '\r';
-    if (!pairStart && !pairEnd) continue;
-    text::AppendVisible(text.substr(piece, pos - piece), text::Layout::kLineEnds, out);
-    if (pairEnd) out += '\n';
+  for (std::size_t pos = text.find('\n', from); pos < to; pos = text.find('\n', pos + 1)) {
+    if (pos == 0 || text[pos - 1] != '\r') continue;  // a lone line feed is escaped with the rest
+    // The CR of the pair may close the piece before this one.
+    if (pos > piece) text::AppendVisible(text.substr(piece, pos - 1 - piece), text::Layout::kLineEnds, out);
+    out += '\n';
     piece = pos + 1;
   }
-  text::AppendVisible(text.substr(piece, to - piece), text::Layout::kLineEnds, out);
+  std::size_t end = to;
+  // A CR whose LF opens the next piece goes out with it.
+  if (end > piece && text[end - 1] == '\r' && end < text.size() && text[end] == '\n') --end;
+  text::AppendVisible(text.substr(piece, end - piece), text::Layout::kLineEnds, out);
 }
+
+// What a long text is written out in, so that no copy of it all is made.
+constexpr std::size_t kChunk = 1 << 16;
 
 }  // namespace
 
@@ -39,9 +44,14 @@ std::string Coloured(std::string_view text, Rgb colour, const Colours& colours) 
 
 void PrintRichText(const RichTextBox& box, std::ostream& out, const Colours& colours) {
   const std::string& text = box.text();
-  std::vector<ColourSpan> spans = box.spans();
-  std::stable_sort(spans.begin(), spans.end(),
-                   [](const ColourSpan& a, const ColourSpan& b) { return a.start < b.start; });
+  const auto byStart = [](const ColourSpan& a, const ColourSpan& b) { return a.start < b.start; };
+  // A log's runs come in order already; only others are copied to be sorted.
+  std::vector<ColourSpan> sorted;
+  if (!std::is_sorted(box.spans().begin(), box.spans().end(), byStart)) {
+    sorted = box.spans();
+    std::stable_sort(sorted.begin(), sorted.end(), byStart);
+  }
+  const std::vector<ColourSpan>& spans = sorted.empty() ? box.spans() : sorted;
   // One walk over the text turns the runs' character counts into bytes.
   std::size_t byte = 0;
   std::size_t character = 0;
@@ -54,8 +64,12 @@ void PrintRichText(const RichTextBox& box, std::ostream& out, const Colours& col
     return byte;
   };
   std::string shown;
-  shown.reserve(text.size() + text.size() / 8);
+  shown.reserve(kChunk + kChunk / 4);
   for (const ColourSpan& span : spans) {
+    if (shown.size() >= kChunk) {
+      out << shown;
+      shown.clear();
+    }
     if (span.start < character) continue;  // overlaps one already written
     const std::size_t plainFrom = byte;
     AddLines(text, plainFrom, advanceTo(span.start), shown);

@@ -101,7 +101,7 @@ int RunWizard(cli::WizardInput input, const cli::Request& request, const StopReq
 int main(int argc, char** argv) {
   // A long log goes out faster without keeping step with C stdio.
   std::ios::sync_with_stdio(false);
-  const std::optional<cli::Request> request = cli::ReadRequest(argc, argv);
+  std::optional<cli::Request> request = cli::ReadRequest(argc, argv);
   if (!request) {
     std::cerr << cli::CommandLineUsage();
     return kBadUsage;
@@ -125,6 +125,8 @@ int main(int argc, char** argv) {
   std::string refusal;
   std::optional<cli::WizardInput> input = cli::InputFor(*request, refusal);
   if (!input) return RefuseUsage(refusal);
+  // The input holds the files now; a copy of every word need not last the run.
+  request->words = std::vector<std::string>();
   for (const std::string& path : input->tooLong) {
     std::cerr << "tessaly-cli: left out, too long for this system: "
               << text::Visible(path, text::Layout::kNone) << '\n';

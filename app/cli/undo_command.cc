@@ -49,7 +49,7 @@ int Undo(const Request& request, const Colours& colours) {
     TerminalPerson person;
     TerminalUi ui(std::cout, std::cerr, false, person);
     RichTextBox log;
-    WriteUndoLog(log, lines, run->name, *machine.clock, *machine.locale, ui, files);
+    WriteUndoLog(log, lines, run->name, *machine.clock, *machine.locale, files);
     PrintRichText(log, std::cout, colours);
   }
   std::cout << std::flush;

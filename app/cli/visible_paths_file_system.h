@@ -1,6 +1,7 @@
 #ifndef TESSALY_APP_CLI_VISIBLE_PATHS_FILE_SYSTEM_H_
 #define TESSALY_APP_CLI_VISIBLE_PATHS_FILE_SYSTEM_H_
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -20,12 +21,27 @@ class VisiblePathsFileSystem : public FileSystemWrapper {
   using FileSystemWrapper::FileSystemWrapper;
 
   std::string Shown(std::string_view path) const override {
-    std::string shown = real().Shown(path);
+    std::string shown;
+    AppendShown(path, shown);
+    return shown;
+  }
+
+  void AppendShown(std::string_view path, std::string& out) const override {
+    const std::size_t from = out.size();
+    real().AppendShown(path, out);
+    // Printable ASCII without a backslash shows as itself either way.
+    if (std::all_of(out.begin() + static_cast<std::ptrdiff_t>(from), out.end(),
+                    [](char c) { return c >= 0x20 && c < 0x7f && c != '\\'; })) {
+      return;
+    }
+    const std::string shown = out.substr(from);
+    out.resize(from);
     if (!machine::NamesMayHoldBackslash() &&
         text::Visible(shown, text::Layout::kLineEnds) == shown) {
-      return shown;
+      out += shown;
+    } else {
+      text::AppendVisible(shown, text::Layout::kNone, out);
     }
-    return text::Visible(shown, text::Layout::kNone);
   }
 };
 

@@ -64,7 +64,7 @@ void ReportWizard(const fTessaly& form, std::ostream& out, std::ostream& message
 
 Connection StreamJson(fTessaly& form, FileSystem& files, std::ostream& out) {
   return form.fileDone.Connect([&form, &files, &out] {
-    const fTessaly::FileOutcome& file = form.outcomes().back();
+    const fTessaly::FileOutcome& file = form.lastOutcome();
     WriteJsonLine(out, machine::NativePath(file.oldPath),
                   machine::NativePath(files.PathOnDisk(file.newPath)), OutcomeText(file.outcome),
                   OutcomeCode(file.outcome));
@@ -116,8 +116,8 @@ std::string_view OutcomeCode(Outcome outcome) {
 
 int ExitStatus(const fTessaly& form) {
   const auto& outcomes = form.outcomes();
-  const bool allWell = std::all_of(outcomes.begin(), outcomes.end(), [](const auto& file) {
-    return file.outcome == Outcome::kCompleted || file.outcome == Outcome::kNoChange;
+  const bool allWell = std::all_of(outcomes.begin(), outcomes.end(), [](Outcome outcome) {
+    return outcome == Outcome::kCompleted || outcome == Outcome::kNoChange;
   });
   return allWell && form.refusedForLimit() == 0 && form.leftOut().empty() ? 0 : 1;
 }

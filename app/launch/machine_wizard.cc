@@ -1,5 +1,8 @@
 #include "machine_wizard.h"
 
+#include <iostream>
+
+#include "settings/command_line.h"
 #include "wizard/start_up.h"
 #include "wizard/wizard_texts.h"
 
@@ -32,9 +35,17 @@ void MachineWizard::Start() {
   StartWizard(*form_, ui_, std::move(input_.files), input_.commandLine);
 }
 
-Connection TellWhenListFull(fTessaly& form, Ui& ui) {
-  return form.listFull.Connect([&form, &ui] {
-    ui.MessageBox(ListFullText(form.refusedForLimit()), MessageButtons::kOk, kProgramTitle);
+Connection TellWhenListFull(fTessaly& form, Ui& ui, std::ostream& unattended) {
+  return form.listFull.Connect([&form, &ui, &unattended] {
+    const std::string text = ListFullText(form.refusedForLimit());
+    // Nobody may be there to close a message box, and the run would wait
+    // for ever.
+    if (command_line::Holds(form.commandLine(), "/exit") ||
+        command_line::Holds(form.commandLine(), "/hide")) {
+      unattended << "tessaly: " << text << "\n" << std::flush;
+    } else {
+      ui.MessageBox(text, MessageButtons::kOk, kProgramTitle);
+    }
   });
 }
 

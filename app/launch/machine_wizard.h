@@ -2,6 +2,7 @@
 #define TESSALY_APP_LAUNCH_MACHINE_WIZARD_H_
 
 #include <functional>
+#include <iostream>
 #include <memory>
 #include <string>
 #include <vector>
@@ -66,8 +67,10 @@ class MachineWizard {
 };
 
 // Tells the person in a message box, each time an add could not take every
-// path because the list was full; for as long as the handle is kept.
-Connection TellWhenListFull(fTessaly& form, Ui& ui);
+// path because the list was full; for as long as the handle is kept. A
+// command line with "/exit" or "/hide" runs unattended: the text goes to
+// `unattended` instead.
+Connection TellWhenListFull(fTessaly& form, Ui& ui, std::ostream& unattended = std::cerr);
 
 }  // namespace tessaly::launch
 

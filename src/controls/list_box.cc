@@ -92,35 +92,56 @@ void ListBox::MoveToSortedPlace(std::size_t index) {
 
 namespace {
 
-void Count(std::unordered_map<std::string, int>& counts, const std::string& key) { ++counts[key]; }
+std::size_t Hash(std::string_view key) { return std::hash<std::string_view>{}(key); }
 
-void Uncount(std::unordered_map<std::string, int>& counts, const std::string& key) {
-  const auto found = counts.find(key);
+void Count(std::unordered_map<std::size_t, int>& counts, std::string_view key) { ++counts[Hash(key)]; }
+
+void Uncount(std::unordered_map<std::size_t, int>& counts, std::string_view key) {
+  const auto found = counts.find(Hash(key));
   if (found != counts.end() && --found->second == 0) counts.erase(found);
 }
 
 }  // namespace
 
 ListBox::Row ListBox::MakeRow(std::string text, bool sortKey) {
-  Row row{std::move(text), {}, {}, false, false, false, ++arrivals_};
+  Row row{std::move(text), {}, false, false, false, ++arrivals_};
   if (sortKey) row.key = SortKey(row.text);
-  if (sameEntryKey_) row.sameKey = sameEntryKey_(row.text);
   return row;
 }
 
 void ListBox::Index(const Row& row) {
-  if (sorted_) Count(keys_, row.key);
-  if (sameEntryKey_) Count(sameKeys_, row.sameKey);
+  if (sorted_) Count(keyHashes_, row.key);
+  // Made afresh rather than kept in the row: a row is indexed and
+  // unindexed about once, and the key is often the text itself.
+  if (sameEntryKey_) Count(sameKeyHashes_, sameEntryKey_(row.text));
 }
 
 void ListBox::Unindex(const Row& row) {
-  if (sorted_) Uncount(keys_, row.key);
-  if (sameEntryKey_) Uncount(sameKeys_, row.sameKey);
+  if (sorted_) Uncount(keyHashes_, row.key);
+  if (sameEntryKey_) Uncount(sameKeyHashes_, sameEntryKey_(row.text));
 }
 
 bool ListBox::HoldsSameEntry(std::string_view text) const {
   if (!sameEntryKey_) return FindExact(text) != -1;
-  return sameKeys_.contains(sameEntryKey_(text));
+  const std::string key = sameEntryKey_(text);
+  if (!sameKeyHashes_.contains(Hash(key))) return false;
+  DropRemoved();
+  const auto same = [&](const Row& row) { return sameEntryKey_(row.text) == key; };
+  if (sorted_) {
+    // Where the same entry mostly stands: among the rows equal to the text
+    // ignoring case, merged or waiting.
+    const std::string sortKey = SortKey(text);
+    const auto settledEnd = rows_.begin() + static_cast<std::ptrdiff_t>(settled_);
+    const auto [first, last] =
+        std::equal_range(rows_.begin(), settledEnd, Row{{}, sortKey},
+                         [](const Row& a, const Row& b) { return a.key < b.key; });
+    if (std::any_of(first, last, same)) return true;
+    if (std::any_of(settledEnd, rows_.end(),
+                    [&](const Row& row) { return row.key == sortKey && same(row); })) {
+      return true;
+    }
+  }
+  return std::any_of(rows_.begin(), rows_.end(), same);
 }
 
 void ListBox::SetList(std::size_t index, std::string text) {
@@ -130,7 +151,6 @@ void ListBox::SetList(std::size_t index, std::string text) {
   const Row fresh = MakeRow(std::move(text), sorted_);
   row.text = fresh.text;
   row.key = fresh.key;
-  row.sameKey = fresh.sameKey;
   Index(row);
   // Left where it was, the row would break the order every look-up relies on.
   if (sorted_) MoveToSortedPlace(index);
@@ -183,8 +203,8 @@ void ListBox::Clear() {
   settled_ = 0;
   removedCount_ = 0;
   selectedCount_ = 0;
-  keys_.clear();
-  sameKeys_.clear();
+  keyHashes_.clear();
+  sameKeyHashes_.clear();
   listIndex_ = -1;
   changed.Emit();
 }
@@ -198,7 +218,7 @@ int ListBox::FindExact(std::string_view key) const {
     return -1;
   }
   const std::string sortKey = SortKey(key);
-  if (!keys_.contains(sortKey)) return -1;
+  if (!keyHashes_.contains(Hash(sortKey))) return -1;
   // The first equal row stands behind every row that sorts before it, merged
   // or not. Counting the waiting rows costs a comparison each, a merge about
   // one per row of the list; with hits and misses taking turns, merging once
@@ -206,7 +226,17 @@ int ListBox::FindExact(std::string_view key) const {
   DropRemoved();
   const std::size_t waiting = rows_.size() - settled_;
   if (waiting * waiting > rows_.size()) Settle();
+  if (!HoldsKey(sortKey)) return -1;
   return static_cast<int>(CountBefore(sortKey));
+}
+
+bool ListBox::HoldsKey(const std::string& key) const {
+  const auto settledEnd = rows_.begin() + static_cast<std::ptrdiff_t>(settled_);
+  const auto below =
+      std::lower_bound(rows_.begin(), settledEnd, key,
+                       [](const Row& row, const std::string& k) { return row.key < k; });
+  if (below != settledEnd && below->key == key) return true;
+  return std::any_of(settledEnd, rows_.end(), [&](const Row& row) { return row.key == key; });
 }
 
 void ListBox::SetChecked(std::size_t index, bool checked) { Update(At(index).checked, checked); }

@@ -79,7 +79,6 @@ class ListBox : public Control {
     // In a sorted list, the text folded as CompareIgnoreCase folds it and
     // encoded so that comparing the bytes orders as CompareIgnoreCase does.
     std::string key;
-    std::string sameKey;  // by sameEntryKey_, when it is set
     bool checked = false;
     bool selected = false;
     bool removed = false;
@@ -96,6 +95,8 @@ class ListBox : public Control {
   void DropRemoved() const;
   // How many rows, merged or not, come before `key` (a sort key) in order.
   std::size_t CountBefore(const std::string& key) const;
+  // Whether a row has the sort key `key`; removed rows dropped first.
+  bool HoldsKey(const std::string& key) const;
   std::size_t IndexOfArrival(std::uint64_t arrival) const;
   void MoveToSortedPlace(std::size_t index);
   void Index(const Row& row);
@@ -113,10 +114,13 @@ class ListBox : public Control {
   std::uint64_t arrivals_ = 0;
   std::size_t lastAddedIndex_ = 0;  // for unsorted lists
   std::size_t selectedCount_ = 0;
-  // The sort keys of a sorted list's rows, with their counts.
-  std::unordered_map<std::string, int> keys_;
+  // Hashes of the rows' sort keys (in a sorted list) and of their
+  // same-entry keys, with their counts: most look-ups miss and end there; a
+  // hit is confirmed on the rows, as two keys may share a hash. Hashes, not
+  // copies of the keys: a list holds tens of thousands of rows.
+  std::unordered_map<std::size_t, int> keyHashes_;
   SameEntryKey sameEntryKey_;
-  std::unordered_map<std::string, int> sameKeys_;  // rows by sameEntryKey_, with their counts
+  std::unordered_map<std::size_t, int> sameKeyHashes_;
 };
 
 }  // namespace tessaly

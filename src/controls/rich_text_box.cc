@@ -7,7 +7,9 @@
 namespace tessaly {
 
 void RichTextBox::SetText(std::string text) {
-  text_ = std::move(text);
+  // Swapped, not assigned: a short text assigned would keep all the room a
+  // long one had.
+  text_.swap(text);
   ++rewrites_;
   length_ = text::CharCount(text_);
   selStart_ = 0;

@@ -1,5 +1,6 @@
 #include "journal/journal_line.h"
 
+#include <array>
 #include <charconv>
 #include <cstdint>
 #include <utility>
@@ -22,21 +23,28 @@ std::uint32_t Check(std::string_view text) {
 void AppendByteEscapes(std::string_view bytes, std::string& out) {
   for (const char c : bytes) {
     const auto b = static_cast<unsigned char>(c);
-    out += '%';
-    out += kHex[b >> 4];
-    out += kHex[b & 15];
+    const char escape[3] = {'%', kHex[b >> 4], kHex[b & 15]};
+    out.append(escape, 3);
   }
 }
+
+// The bytes a field holds as they are; a table, as every record of a run
+// goes through here byte by byte.
+constexpr std::array<bool, 256> kPlain = [] {
+  std::array<bool, 256> plain{};
+  for (int byte = 0x21; byte < 0x7f; ++byte) plain[byte] = byte != '%';
+  return plain;
+}();
+
+bool IsPlain(unsigned char byte) { return kPlain[byte]; }
 
 void AppendEscaped(std::string_view field, std::string& out) {
   // Plain bytes go out a run at a time; a record is written for every file.
   std::size_t plain = 0;
   for (std::size_t pos = 0; pos < field.size();) {
+    while (pos < field.size() && IsPlain(static_cast<unsigned char>(field[pos]))) ++pos;
+    if (pos == field.size()) break;
     const auto byte = static_cast<unsigned char>(field[pos]);
-    if (byte > 0x20 && byte < 0x7f && byte != '%') {
-      ++pos;
-      continue;
-    }
     std::size_t length = 1;
     if (byte >= 0x80) {
       // Whole characters stay readable; C1 controls and stray bytes do not.

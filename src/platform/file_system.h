@@ -46,6 +46,20 @@ struct FileVersion {
   friend bool operator==(const FileVersion&, const FileVersion&) = default;
 };
 
+// What a rename that replaces nothing answered of itself.
+enum class RenameAnswer {
+  kFailed,   // nothing moved
+  kTaken,    // nothing moved: an entry stands under the target's name
+  kRenamed,  // one atomic step: at that instant the file stood under the target's
+             // name and the source's name was gone, which is all a look would say
+  kMoved,    // moved in several steps (a copy to another disk, a link and an
+             // unlink): what stands under either name is still to be asked
+};
+
+inline bool Moved(RenameAnswer answer) {
+  return answer == RenameAnswer::kRenamed || answer == RenameAnswer::kMoved;
+}
+
 // A search leaves out an entry that is hidden, system or a directory unless
 // each of those bits it has is in `include`; read-only and archive entries
 // always come back.
@@ -70,6 +84,15 @@ class FileSystem {
   // case alone is allowed. Returns false on any failure, and then both paths
   // are as they were.
   virtual bool Rename(std::string_view source, std::string_view target) = 0;
+
+  // Moves the file `source` to `target` as Rename does, but only while no
+  // entry at all stands under the target's name, not even the source under
+  // another spelling, and says how it went. Lets a caller that would look
+  // whether the target is free, then rename, then look again make one call.
+  virtual RenameAnswer RenameIfFree(std::string_view source, std::string_view target) {
+    if (GetAttributes(target)) return RenameAnswer::kTaken;
+    return Rename(source, target) ? RenameAnswer::kMoved : RenameAnswer::kFailed;
+  }
 
   // Deletes the file `path` only while it is still `expected`: another
   // program may have put its own file under that name meanwhile. Returns
@@ -119,6 +142,14 @@ class FileSystem {
   // `path` as a person on this platform writes it. Every path that is put
   // into a text a person reads goes through here.
   virtual std::string Shown(std::string_view path) const = 0;
+  // The same, added to the end of `out`: a long loop writes a line a file.
+  virtual void AppendShown(std::string_view path, std::string& out) const { out += Shown(path); }
+
+  // Whether this file system takes `a` and `b` for the same name, as
+  // SameNameKey tells.
+  virtual bool SameName(std::string_view a, std::string_view b) const {
+    return SameNameKey(a) == SameNameKey(b);
+  }
 
   // Drops every answer kept for reuse. The program calls it whenever time
   // has passed in which a person or another program may have changed the

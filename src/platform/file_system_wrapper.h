@@ -17,6 +17,9 @@ class FileSystemWrapper : public FileSystem {
   bool Rename(std::string_view source, std::string_view target) override {
     return real_.Rename(source, target);
   }
+  RenameAnswer RenameIfFree(std::string_view source, std::string_view target) override {
+    return real_.RenameIfFree(source, target);
+  }
   bool DeleteIfUnchanged(std::string_view path, const FileVersion& expected) override {
     return real_.DeleteIfUnchanged(path, expected);
   }
@@ -33,6 +36,12 @@ class FileSystemWrapper : public FileSystem {
   std::string SameNameKey(std::string_view path) const override { return real_.SameNameKey(path); }
   std::string PathOnDisk(std::string_view path) override { return real_.PathOnDisk(path); }
   std::string Shown(std::string_view path) const override { return real_.Shown(path); }
+  void AppendShown(std::string_view path, std::string& out) const override {
+    real_.AppendShown(path, out);
+  }
+  bool SameName(std::string_view a, std::string_view b) const override {
+    return real_.SameName(a, b);
+  }
   void ForgetAnswers() override { real_.ForgetAnswers(); }
 
  protected:

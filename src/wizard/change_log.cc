@@ -114,33 +114,42 @@ void ChangeLog::WriteHead(std::size_t fileCount, long boxWidth) {
   head += kLineEnd;
   head += words_.heading + std::string(kLineEnd);
   box_.SetText(std::move(head));
+  // Room for the lines of a usual log; room not written to costs no memory.
+  constexpr std::size_t kLineBytes = 160;
+  box_.Reserve(box_.text().size() + fileCount * kLineBytes);
   box_.SetSelStart(box_.Length());
 }
 
-std::string ChangeLog::FolderPiece(std::string_view path) {
+void ChangeLog::AppendFolderPiece(std::string_view path) {
   // Shortened first, then shown: the shortening counts the path's own characters.
-  std::string piece;
-  piece.reserve(path.size());
-  piece = FirstChars(FileNameOf(path, 1, ui_), 6);
-  piece += "...\\";
-  piece += FileNameOf(path, 2, ui_);
-  return paths_.Shown(piece);
+  piece_.assign(FirstChars(FolderPart(path), 6));
+  piece_ += "...\\";
+  piece_ += NamePart(path);
+  paths_.AppendShown(piece_, line_);
+}
+
+const std::string& ChangeLog::TimeText() {
+  // Lines come many to a second: the text is made once a second.
+  const CivilDateTime now = clock_.Now();
+  if (timeText_.empty() || now != timeOfText_) {
+    timeText_ = LogTime(now, locale_);
+    timeOfText_ = now;
+  }
+  return timeText_;
 }
 
 void ChangeLog::WriteLine(std::string_view oldPath, std::string_view newPath,
                           std::string_view outcome, Rgb colour) {
   const std::size_t start = box_.selStart();
-  std::string line;
-  line.reserve(oldPath.size() + newPath.size() + 64);
-  line = LogTime(clock_.Now(), locale_);
-  line += " - ";
-  line += FolderPiece(oldPath);
-  line += " > ";
-  line += FolderPiece(newPath);
-  line += ' ';
-  line += outcome;
-  line += kLineEnd;
-  box_.SetSelText(line);
+  line_.assign(TimeText());
+  line_ += " - ";
+  AppendFolderPiece(oldPath);
+  line_ += " > ";
+  AppendFolderPiece(newPath);
+  line_ += ' ';
+  line_ += outcome;
+  line_ += kLineEnd;
+  box_.SetSelText(line_);
   const std::size_t end = box_.selStart();
   box_.SetSelStart(start);
   box_.SetSelLength(end - start);

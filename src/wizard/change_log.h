@@ -10,7 +10,6 @@
 #include "platform/clock.h"
 #include "platform/file_system.h"
 #include "platform/locale.h"
-#include "platform/ui.h"
 
 namespace tessaly {
 
@@ -65,9 +64,9 @@ struct SummaryCount {
 class ChangeLog {
  public:
   // `paths` gives the form in which a person reads a path.
-  ChangeLog(RichTextBox& box, const Clock& clock, const Locale& locale, Ui& ui,
-            const FileSystem& paths, LogWords words = {})
-      : box_(box), clock_(clock), locale_(locale), ui_(ui), paths_(paths), words_(std::move(words)) {}
+  ChangeLog(RichTextBox& box, const Clock& clock, const Locale& locale, const FileSystem& paths,
+            LogWords words = {})
+      : box_(box), clock_(clock), locale_(locale), paths_(paths), words_(std::move(words)) {}
 
   // `boxWidth` is the box's width in the form's unit; lines may run on to
   // four times that before they wrap.
@@ -82,14 +81,21 @@ class ChangeLog {
   void WriteFoot(std::initializer_list<SummaryCount> summary);
 
  private:
-  std::string FolderPiece(std::string_view path);
+  // Adds the shortened folder and the name of `path`, as shown, to line_.
+  void AppendFolderPiece(std::string_view path);
+  // The time for a file's line, "hh:mm:ss".
+  const std::string& TimeText();
 
   RichTextBox& box_;
   const Clock& clock_;
   const Locale& locale_;
-  Ui& ui_;
   const FileSystem& paths_;
   LogWords words_;
+  // Kept from line to line, so that a line costs no allocation.
+  std::string line_;
+  std::string piece_;
+  std::string timeText_;
+  CivilDateTime timeOfText_;
 };
 
 }  // namespace tessaly

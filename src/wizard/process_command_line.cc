@@ -10,12 +10,15 @@ namespace tessaly {
 void fTessaly::ProcessCommandLine() {
   namespace cl = command_line;
   // Files given apart from the switches are a file part when there are any.
-  const std::optional<std::vector<std::string>> paths =
-      filesApart_ ? (givenFiles_.empty() ? std::nullopt : std::optional(givenFiles_))
+  // They are read once: the list holds them from then on.
+  std::optional<std::vector<std::string>> paths =
+      filesApart_ ? (givenFiles_.empty() ? std::nullopt : std::optional(std::move(givenFiles_)))
                   : cl::FilePaths(commandLine_);
+  givenFiles_ = std::vector<std::string>();
   if (paths) {
     refusedForLimit_ = 0;
     for (const std::string& path : *paths) AddGivenPath(path);
+    paths.reset();
     FinishAdding();
     if (!cl::Holds(commandLine_, "/")) ShowStep(1);
   }

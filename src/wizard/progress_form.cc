@@ -1,21 +1,8 @@
 #include "wizard/progress_form.h"
 
-#include <charconv>
 #include <cmath>
 
 namespace tessaly {
-
-namespace {
-
-// The tags hold whole numbers written by start and setvalue.
-double TagValue(const Label& label) {
-  const std::string& tag = label.tag();
-  double value = 0;
-  std::from_chars(tag.data(), tag.data() + tag.size(), value);
-  return value;
-}
-
-}  // namespace
 
 std::string PercentText(double current, double total, std::string_view decimalSeparator) {
   // nearbyint rounds half to even in the default rounding mode.
@@ -39,19 +26,20 @@ fProgress::fProgress(Ui& ui, const Locale& locale)
 }
 
 void fProgress::start(std::int32_t intval, std::int32_t lMax) {
+  total_ = lMax;
   lTotal.SetTag(std::to_string(lMax));
-  lCur.SetTag(std::to_string(intval));
-  DrawValue();
+  setvalue(intval);
 }
 
 void fProgress::setvalue(std::int32_t intval) {
+  current_ = intval;
   lCur.SetTag(std::to_string(intval));
   DrawValue();
 }
 
 void fProgress::DrawValue() {
-  const double current = TagValue(lCur);
-  const double total = TagValue(lTotal);
+  const auto current = static_cast<double>(current_);
+  const auto total = static_cast<double>(total_);
   // A total of 0 draws an empty bar rather than dividing by zero.
   const double done = total != 0 ? current / total : 0;
   lCur.SetWidth(std::lround(done * static_cast<double>(lTotal.width())));

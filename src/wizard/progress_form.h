@@ -17,9 +17,10 @@ namespace tessaly {
 // separator, then "%".
 std::string PercentText(double current, double total, std::string_view decimalSeparator);
 
-// The small window that follows a loop over the file list. Its only state
-// is the two tags; each update is also where the loop lets pending window
-// events run.
+// The small window that follows a loop over the file list. Its state is
+// the two tags, whose numbers it also keeps as numbers, so that an update
+// for every file reads no text back; each update is also where the loop
+// lets pending window events run.
 class fProgress : public Form {
  public:
   static constexpr long kTroughWidth = 6135;  // twips, the width of lTotal
@@ -41,6 +42,8 @@ class fProgress : public Form {
  private:
   Ui& ui_;
   const Locale& locale_;
+  std::int32_t current_ = 0;
+  std::int32_t total_ = 0;
 };
 
 }  // namespace tessaly

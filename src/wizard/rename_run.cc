@@ -43,31 +43,49 @@ void fTessaly::RenameFile(const std::string& source, const std::string& target) 
     if (journal_) journal_->Deleted(deleted);
     if (!deleted) return;
   }
+  MoveFile(source, target, false);
+}
+
+RenameAnswer fTessaly::MoveFile(const std::string& source, const std::string& target,
+                                bool onlyIfFree) {
+  FileSystem& files = services_.fileSystem;
   const std::optional<FileVersion> moving = files.VersionOf(source);
   // Recorded before the move, so a run killed at any point leaves a
-  // journal that names it; the version under the new name tells an undo
-  // later that it is still the very file.
+  // journal that names it.
   if (journal_) journal_->Moving(journalFile_, source, target, moving.value_or(FileVersion{}));
-  const bool moved = files.Rename(source, target);
-  if (journal_) journal_->Moved(moved, moved ? files.VersionOf(target) : std::nullopt);
-  if (!moved) return;
+  RenameAnswer answer = RenameAnswer::kFailed;
+  if (onlyIfFree) {
+    answer = files.RenameIfFree(source, target);
+  } else if (files.Rename(source, target)) {
+    answer = RenameAnswer::kMoved;
+  }
+  if (answer != RenameAnswer::kMoved) {
+    // An atomic rename changed nothing but the name: the version before,
+    // short of its change time, tells an undo that it is the very file.
+    if (journal_) journal_->Moved(answer == RenameAnswer::kRenamed, std::nullopt);
+    return answer;
+  }
+  // The version under the new name tells an undo that it is the very file.
+  if (journal_) journal_->Moved(true, files.VersionOf(target));
   // Whatever stands under the old name now is removed only if it is the
   // very file the move left behind; a file another program put there is
   // theirs.
   if (moving && FileExists(target) && FileExists(source) && !files.OneEntry(source, target)) {
     files.DeleteIfUnchanged(source, *moving);
   }
+  return answer;
 }
 
 void fTessaly::RunRenames() {
   ClearResults();
   outcomes_.clear();
+  lastOutcome_ = {};
   stopped_ = false;
   if (ended_ || lstFiles.ListCount() == 0) return;
   const auto n = static_cast<std::int32_t>(lstFiles.ListCount());
   stepRunning_ = true;
   OpenProgress(kRunProgressCaption);
-  ChangeLog log(tLog, services_.clock, services_.locale, services_.ui, services_.fileSystem);
+  ChangeLog log(tLog, services_.clock, services_.locale, services_.fileSystem);
   log.WriteHead(static_cast<std::size_t>(n), kLogBoxWidth);
   progress_->start(0, n);
   serial_ = 0;
@@ -81,15 +99,17 @@ void fTessaly::RunRenames() {
     // two stages of its move.
     stopped_ = services_.stops != nullptr && services_.stops->Requested();
     if (stopped_) break;
-    const std::string oldPath = lstFiles.List(i);
+    // Copies: the list may change while events run.
+    std::string oldPath = lstFiles.List(i);
     journalFile_ = i;
     lstFilesC.AddItem(Convert(oldPath));
-    const std::string newPath = lstFilesC.List(lstFilesC.ListCount() - 1);
+    std::string newPath = lstFilesC.List(lstFilesC.ListCount() - 1);
     const Outcome outcome = RenameOneFile(oldPath, newPath);
     if (ended_) break;
     counters.Count(outcome);
     log.WriteFileLine(oldPath, newPath, outcome);
-    outcomes_.push_back({oldPath, newPath, outcome});
+    outcomes_.push_back(outcome);
+    lastOutcome_ = {std::move(oldPath), std::move(newPath), outcome};
     fileDone.Emit();
     progress_->setvalue(i + 1);
   }
@@ -106,12 +126,33 @@ void fTessaly::RunRenames() {
 
 Outcome fTessaly::RenameOneFile(const std::string& oldPath, const std::string& newPath) {
   if (newPath == oldPath) return Outcome::kNoChange;
-  if (!FileExists(newPath)) {
-    RenameFile(oldPath, newPath);
-    if (!FileExists(newPath)) return Outcome::kFailedRenaming;
-    return FileExists(oldPath) ? Outcome::kErrorRemovingOriginal : Outcome::kCompleted;
+  FileSystem& files = services_.fileSystem;
+  // A new path that the disk takes for the old one names the file itself:
+  // taken, as the disk would answer.
+  if (files.SameName(newPath, oldPath)) {
+    return FileExists(newPath) ? TwoStageRename(oldPath, newPath) : DirectRoad(oldPath, newPath);
   }
-  return TwoStageRename(oldPath, newPath);
+  // The direct road's look at the new path, its move and the looks after
+  // it, in one rename that takes no name an entry holds: an atomic one
+  // answers them all at one instant, as looks just before and after would.
+  // Anything else is asked of the disk.
+  const RenameAnswer tried = MoveFile(oldPath, newPath, true);
+  if (tried == RenameAnswer::kRenamed) return Outcome::kCompleted;
+  if (tried == RenameAnswer::kMoved) return DirectRoadOutcome(oldPath, newPath);
+  if (FileExists(newPath)) return TwoStageRename(oldPath, newPath);
+  if (tried == RenameAnswer::kFailed) return Outcome::kFailedRenaming;
+  // Held by a folder, or freed since: the direct road as ever.
+  return DirectRoad(oldPath, newPath);
+}
+
+Outcome fTessaly::DirectRoad(const std::string& oldPath, const std::string& newPath) {
+  RenameFile(oldPath, newPath);
+  return DirectRoadOutcome(oldPath, newPath);
+}
+
+Outcome fTessaly::DirectRoadOutcome(const std::string& oldPath, const std::string& newPath) const {
+  if (!FileExists(newPath)) return Outcome::kFailedRenaming;
+  return FileExists(oldPath) ? Outcome::kErrorRemovingOriginal : Outcome::kCompleted;
 }
 
 Outcome fTessaly::TwoStageRename(const std::string& oldPath, const std::string& newPath) {

@@ -34,13 +34,21 @@ void fTessaly::BuildPreview() {
   stepRunning_ = true;
   OpenProgress(kPreviewProgressCaption);
   tOutput.SetText("Rename Files Preview:" + std::string(kLineEnd));
+  // New paths are about as long as old ones: room for them all at once.
+  std::size_t bytes = tOutput.text().size();
+  for (std::int32_t i = 0; i < n; ++i) bytes += lstFiles.List(i).size() * 5 / 4 + 8;
+  tOutput.Reserve(bytes);
   tOutput.SetSelStart(tOutput.Length());
   progress_->start(0, n);
   serial_ = 0;
   // The list may shrink under the loop while events run; stop, not crash.
+  std::string line;
   for (std::int32_t i = 0; i < n && !ended_ && i < static_cast<std::int32_t>(lstFiles.ListCount()); ++i) {
     lstFilesC.AddItem(Convert(lstFiles.List(i)));
-    tOutput.SetSelText("    " + services_.fileSystem.Shown(lstFilesC.List(i)) + std::string(kLineEnd));
+    line.assign("    ");
+    services_.fileSystem.AppendShown(lstFilesC.List(i), line);
+    line += kLineEnd;
+    tOutput.SetSelText(line);
     progress_->setvalue(i + 1);
   }
   stepRunning_ = false;

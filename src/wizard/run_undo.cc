@@ -31,8 +31,7 @@ void fTessaly::cmdUndo_Click() {
   const std::vector<UndoLine> lines = UndoRun(*content, services_.fileSystem, &record);
   // In the run's place: each line names both paths of its file, and the
   // undo's outcome shows without scrolling past a long run.
-  WriteUndoLog(tLog, lines, run, services_.clock, services_.locale, services_.ui,
-               services_.fileSystem);
+  WriteUndoLog(tLog, lines, run, services_.clock, services_.locale, services_.fileSystem);
 }
 
 }  // namespace tessaly

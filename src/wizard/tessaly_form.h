@@ -153,14 +153,17 @@ class fTessaly : public Form {
   RichTextBox tLog;
   CommandButton cmdUndo;
   // What became of each file in the last rename run, in the log's order.
+  const std::vector<Outcome>& outcomes() const { return outcomes_; }
+  // The last file of the run that got its outcome: its two paths and what
+  // became of it. The lists hold the paths of the others.
   struct FileOutcome {
     std::string oldPath;
     std::string newPath;
-    Outcome outcome;
+    Outcome outcome = Outcome::kNoChange;
   };
-  const std::vector<FileOutcome>& outcomes() const { return outcomes_; }
+  const FileOutcome& lastOutcome() const { return lastOutcome_; }
   // Emitted as each file of a rename run gets its outcome, which is then
-  // the last of outcomes().
+  // lastOutcome().
   Signal fileDone;
   // Whether the last rename run ended early at a request to stop (see
   // WizardServices::stops): after the file under way, with the log of the
@@ -186,6 +189,9 @@ class fTessaly : public Form {
   bool RunCanBeUndone() const;
   Outcome RenameOneFile(const std::string& oldPath, const std::string& newPath);
   Outcome TwoStageRename(const std::string& oldPath, const std::string& newPath);
+  Outcome DirectRoad(const std::string& oldPath, const std::string& newPath);
+  // What the disk shows after the direct road's move.
+  Outcome DirectRoadOutcome(const std::string& oldPath, const std::string& newPath) const;
 
   // Example output and the rules that tie the options together.
   void ShowExample();
@@ -209,6 +215,9 @@ class fTessaly : public Form {
   // Whether the disk takes both paths to one entry.
   bool SameEntry(std::string_view a, std::string_view b) const;
   void RenameFile(const std::string& source, const std::string& target);
+  // The move of RenameFile, journaled, and the removal of a source it left
+  // behind; with `onlyIfFree`, a move that takes no name an entry holds.
+  RenameAnswer MoveFile(const std::string& source, const std::string& target, bool onlyIfFree);
 
   CheckBox* RememberedCheckBox(std::string_view name);
   void LoadWizardSettings();
@@ -238,7 +247,8 @@ class fTessaly : public Form {
   std::string commandLine_;
   bool filesApart_ = false;
   std::vector<std::string> givenFiles_;
-  std::vector<FileOutcome> outcomes_;
+  std::vector<Outcome> outcomes_;
+  FileOutcome lastOutcome_;
   std::unique_ptr<RunJournal> journal_;
   int journalFile_ = 0;  // the number of the file being renamed, for its records
   std::int32_t serial_ = 0;

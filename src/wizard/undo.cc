@@ -113,7 +113,7 @@ class Undoer {
 
   // Nothing when the file is back already, as after an earlier undo.
   std::optional<UndoOutcome> MoveBack(const LeftAt& left) {
-    if (Deleted(left.version)) return UndoOutcome::kOverwritten;
+    if (Deleted(left)) return UndoOutcome::kOverwritten;
     const std::optional<FileVersion> now = files_.VersionOf(left.path);
     if (!now) {
       const std::optional<FileVersion> back = files_.VersionOf(left.origin);
@@ -143,14 +143,20 @@ class Undoer {
     return files_.VersionOf(deletion.from) != deletion.before;
   }
 
-  bool Deleted(const FileVersion& version) const {
-    return std::find(deleted_.begin(), deleted_.end(), version) != deleted_.end();
+  bool Deleted(const LeftAt& left) const {
+    return std::any_of(deleted_.begin(), deleted_.end(), [&](const FileVersion& deleted) {
+      return left.exact ? deleted == left.version : MovedFrom(deleted, left.version);
+    });
   }
 
-  // Whether a move of this run left `version` behind.
+  // Whether a move of this run left `version` behind. A move recorded
+  // without the version after it (an atomic rename) is known by the one
+  // before.
   bool LeftByMove(const FileVersion& version) const {
     return std::any_of(journal_.changes.begin(), journal_.changes.end(), [&](const Change& change) {
-      return change.kind == Change::Kind::kMove && change.after == version;
+      if (change.kind != Change::Kind::kMove) return false;
+      if (change.after) return *change.after == version;
+      return change.result == Result::kDone && MovedFrom(version, change.before);
     });
   }
 

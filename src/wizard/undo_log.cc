@@ -7,9 +7,9 @@
 namespace tessaly {
 
 void WriteUndoLog(RichTextBox& box, const std::vector<UndoLine>& lines, std::string_view runName,
-                  const Clock& clock, const Locale& locale, Ui& ui, const FileSystem& paths) {
+                  const Clock& clock, const Locale& locale, const FileSystem& paths) {
   const std::string run(runName);
-  ChangeLog log(box, clock, locale, ui, paths,
+  ChangeLog log(box, clock, locale, paths,
                 {"Undo Started at: ", " files to take back from the run " + run + ".",
                  "Restored Files - Log:", "Undo Completed at: "});
   log.WriteHead(lines.size(), kLogBoxWidth);

@@ -8,7 +8,6 @@
 #include "platform/clock.h"
 #include "platform/file_system.h"
 #include "platform/locale.h"
-#include "platform/ui.h"
 #include "wizard/undo.h"
 
 namespace tessaly {
@@ -17,7 +16,7 @@ namespace tessaly {
 // log's form: head, one coloured line per file (where the run left it >
 // where it goes back to), foot with the counts.
 void WriteUndoLog(RichTextBox& box, const std::vector<UndoLine>& lines, std::string_view runName,
-                  const Clock& clock, const Locale& locale, Ui& ui, const FileSystem& paths);
+                  const Clock& clock, const Locale& locale, const FileSystem& paths);
 
 }  // namespace tessaly
 

@@ -179,7 +179,7 @@ TEST_F(UndoTest, AnUndoIsARunThatCanBeUndoneAndTheListSaysWhatBecameOfEach) {
   EXPECT_FALSE(world.journals.Read("2000-01-01_00-00-00"));
   EXPECT_THAT(Undo(), ElementsAre(HasSubstr("(Not Restored - Old Name Taken)"), HasSubstr("(Restored)")));
   RichTextBox log;
-  WriteUndoLog(log, lines_, run, world.clock, world.locale, world.ui, files);
+  WriteUndoLog(log, lines_, run, world.clock, world.locale, files);
   EXPECT_THAT(log.text(), HasSubstr("2 files to take back from the run 2026-11-18_14-02-09."));
   EXPECT_THAT(log.text(), HasSubstr("14:02:09 - C:\\u\\...\\b > C:\\u\\...\\a.txt (Restored)\r\n"));
   EXPECT_THAT(log.text(), HasSubstr("\r\n1 files were restored.\r\n1 files could not be restored."));
@@ -240,7 +240,7 @@ TEST_F(UndoTest, AJournalThatCannotBeWrittenLeavesTheRunAsItWas) {
   Run({"C:\\u\\a.txt"}, "b.txt", false);
   EXPECT_TRUE(world.form->journal()->incomplete());
   EXPECT_FALSE(world.form->cmdUndo.visible());  // it would take back part without a word
-  EXPECT_EQ(world.form->outcomes()[0].outcome, Outcome::kCompleted);
+  EXPECT_EQ(world.form->outcomes()[0], Outcome::kCompleted);
   EXPECT_EQ(Undo(), (std::vector<std::string>{"no run"}));
 }
 

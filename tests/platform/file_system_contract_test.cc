@@ -208,6 +208,37 @@ TEST_P(FileSystemContract, RenameFailsWithoutHarmWhenEitherPathIsUnusableOrTheTa
   }
 }
 
+// A rename that takes no name an entry holds says what looks just before
+// and after it would say; whatever is asked after it is the disk's answer
+// again: a file another program puts under the old name, the moved file's
+// version as it now is.
+TEST_P(FileSystemContract, ARenameIfFreeAnswersForTheDiskAndLeavesNothingStale) {
+  MakeFiles({"a.txt", "taken.txt"});
+  backend_->MakeFolder(At("Sub"));
+  const std::optional<FileVersion> before = fs().VersionOf(At("a.txt"));
+  ASSERT_TRUE(before);
+  std::vector<std::string> taken = {At("taken.txt"), At("Sub"), At("a.txt")};
+  if (backend_->IgnoresCase()) taken.push_back(At("A.TXT"));  // the file itself
+  for (const std::string& target : taken) {
+    EXPECT_EQ(fs().RenameIfFree(At("a.txt"), target), RenameAnswer::kTaken) << target;
+  }
+  EXPECT_EQ(fs().RenameIfFree(At("missing.txt"), At("b.txt")), RenameAnswer::kFailed);
+  EXPECT_EQ(fs().RenameIfFree(At("a.txt"), At("Nowhere\\b.txt")), RenameAnswer::kFailed);
+  backend_->BeforeNextRename([&] { backend_->MakeFile(At("late.txt"), "late.txt"); });
+  EXPECT_EQ(fs().RenameIfFree(At("a.txt"), At("late.txt")), RenameAnswer::kTaken);
+  EXPECT_THAT(backend_->Names(root_), ElementsAre("Sub", "a.txt", "late.txt", "taken.txt"));
+  EXPECT_EQ(backend_->Read(At("late.txt")), "late.txt");
+  EXPECT_FALSE(fs().GetAttributes(At("b.txt")));  // an answer a backend may keep
+  ASSERT_EQ(fs().RenameIfFree(At("a.txt"), At("b.txt")), RenameAnswer::kRenamed);
+  EXPECT_EQ(backend_->Read(At("b.txt")), "a.txt");
+  EXPECT_TRUE(fs().GetAttributes(At("b.txt")));
+  backend_->MakeFile(At("a.txt"), "theirs");
+  EXPECT_NE(fs().VersionOf(At("a.txt")).value_or(*before).identity, before->identity);
+  EXPECT_EQ(fs().IdentityOf(At("b.txt")), before->identity);
+  EXPECT_TRUE(Delete(At("b.txt")));  // the version it deletes by is the one on the disk
+  EXPECT_THAT(backend_->Names(root_), ElementsAre("Sub", "a.txt", "late.txt", "taken.txt"));
+}
+
 TEST_P(FileSystemContract, DeleteRemovesWritableFilesOnlyButReadOnlyFilesMove) {
   backend_->MakeFile(At("ro.txt"), "keep", attr::kReadOnly);
   EXPECT_FALSE(Delete(At("ro.txt")));

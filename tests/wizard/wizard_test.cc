@@ -3,7 +3,10 @@
 
 #include <gmock/gmock.h>
 
+#include <sstream>
+
 #include "journal/journal_reader.h"
+#include "machine_wizard.h"
 #include "memory_world.h"
 #include "platform/memory/memory_file_system.h"
 #include "settings/command_line.h"
@@ -259,6 +262,17 @@ TEST_F(WizardTest, PathsBeyondTheListsLimitAreCountedNotLost) {
   wizard.AddDroppedFiles({});
   List({"C:\\one.txt", "C:\\two.txt"});
   EXPECT_EQ(warnings, 1);
+  // Run unattended, the front-ends' warning goes to standard error: a
+  // message box nobody closes would hold the run for ever.
+  for (const char* unattended : {"/exit", "/hide"}) {
+    std::ostringstream errors;
+    Connection told;
+    world.beforeStart = [&](fTessaly& form) { told = launch::TellWhenListFull(form, world.ui, errors); };
+    Start(line + unattended);
+    EXPECT_TRUE(world.ui.messages().empty()) << unattended;
+    EXPECT_EQ(errors.str(), "tessaly: 2 paths were not added: the file list holds at most 32,767 files.\n");
+  }
+  world.beforeStart = nullptr;
 }
 
 // A settings switch, even an unknown one, keeps the stored options from
@@ -399,7 +413,7 @@ TEST_F(WizardTest, LogCutsFoldersToSixCharactersWithTheMarkAlways) {
   RichTextBox box;
   // Paths shown as on POSIX: the line is cut in the model, then shown.
   MemoryFileSystem paths(MemoryFileSystem::LetterCase::kExact, MemoryFileSystem::ShownForm::kPosix);
-  ChangeLog log(box, world.clock, locale, ui, paths);
+  ChangeLog log(box, world.clock, locale, paths);
   log.WriteHead(3, 100);
   RunCounters counters;
   for (const auto& [from, to, outcome] :

@@ -172,16 +172,29 @@ bool MemoryFileSystem::CanRename(std::string_view source, std::string_view targe
 }
 
 bool MemoryFileSystem::Rename(std::string_view source, std::string_view target) {
+  return Moved(Move(source, target, true));
+}
+
+RenameAnswer MemoryFileSystem::RenameIfFree(std::string_view source, std::string_view target) {
+  return Move(source, target, false);
+}
+
+RenameAnswer MemoryFileSystem::Move(std::string_view source, std::string_view target,
+                                    bool caseChangeOfItself) {
   if (beforeNextRename_) std::exchange(beforeNextRename_, nullptr)();
-  if (std::exchange(failNextRename_, false)) return false;
-  if (!CanRename(source, target)) return false;
+  if (std::exchange(failNextRename_, false)) return RenameAnswer::kFailed;
+  if (!CanRename(source, target)) {
+    return Find(source) != nullptr && Find(target) != nullptr ? RenameAnswer::kTaken
+                                                              : RenameAnswer::kFailed;
+  }
+  if (!caseChangeOfItself && Find(target) != nullptr) return RenameAnswer::kTaken;
   if (copied_.contains(Key(source))) {
     Entry copy = *Find(source);
     copy.path = Find(*ParentOf(target))->path + "\\" + std::string(NameOf(target));
     copy.node = ++lastNode_;
     entries_[Key(copy.path)] = std::move(copy);
     renames_.push_back({std::string(source), std::string(target)});
-    return true;
+    return RenameAnswer::kMoved;
   }
   auto moved = entries_.extract(Key(Find(source)->path));
   // The name goes into the folder as the folder is spelled.
@@ -190,7 +203,7 @@ bool MemoryFileSystem::Rename(std::string_view source, std::string_view target) 
   moved.key() = Key(placed);
   entries_.insert(std::move(moved));
   renames_.push_back({std::string(source), std::string(target)});
-  return true;
+  return RenameAnswer::kRenamed;
 }
 
 bool MemoryFileSystem::DeleteIfUnchanged(std::string_view path, const FileVersion& expected) {

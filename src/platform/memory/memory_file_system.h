@@ -52,6 +52,8 @@ class MemoryFileSystem : public FileSystem {
 
   std::optional<std::uint32_t> GetAttributes(std::string_view path) override;
   bool Rename(std::string_view source, std::string_view target) override;
+  // A file copied where moved (CopyInsteadOfMoving) answers kMoved.
+  RenameAnswer RenameIfFree(std::string_view source, std::string_view target) override;
   bool DeleteIfUnchanged(std::string_view path, const FileVersion& expected) override;
   std::vector<DirectoryEntry> Search(std::string_view pattern, std::uint32_t include) override;
   std::optional<FileIdentity> IdentityOf(std::string_view path) override;
@@ -107,6 +109,8 @@ class MemoryFileSystem : public FileSystem {
   bool IsFolderExactly(std::string_view path) const;
   void AddParentsOf(std::string_view path);
   bool CanRename(std::string_view source, std::string_view target) const;
+  // Rename, or with `caseChangeOfItself` false, RenameIfFree.
+  RenameAnswer Move(std::string_view source, std::string_view target, bool caseChangeOfItself);
 
   Entry NewEntry(std::string_view path, std::uint32_t attributes);
 

@@ -71,7 +71,7 @@ int CreateCopyFile(const std::string& folder, std::string& tempName) {
 }
 
 bool LinkIntoPlace(int fd, const std::string& tempName, const std::string& target) {
-  if (!tempName.empty()) return RenameWithoutReplacing(tempName, target) == PlaceResult::kDone;
+  if (!tempName.empty()) return Placed(RenameWithoutReplacing(tempName, target));
   const std::string self = "/proc/self/fd/" + std::to_string(fd);
   if (linkat(AT_FDCWD, self.c_str(), AT_FDCWD, target.c_str(), AT_SYMLINK_FOLLOW) == 0) {
     return true;

@@ -70,7 +70,7 @@ PlaceResult LinkThenUnlink(const std::string& from, const std::string& to) {
 
 PlaceResult RenameWithoutReplacing(int fromFolder, const char* from, int toFolder, const char* to,
                                    const PlacementCalls& calls) {
-  if (calls.renameNoReplace(fromFolder, from, toFolder, to) == 0) return PlaceResult::kDone;
+  if (calls.renameNoReplace(fromFolder, from, toFolder, to) == 0) return PlaceResult::kRenamed;
   const int error = errno;
   if (NoReplaceUnsupported(error)) return LinkThenUnlink(fromFolder, from, toFolder, to, calls);
   return FromErrno(error);

@@ -6,7 +6,9 @@
 namespace tessaly {
 
 enum class PlaceResult {
-  kDone,         // the entry now stands under the new name only
+  kRenamed,      // by the kernel's no-replace rename: in one atomic step, the
+                 // entry stood under the new name only
+  kDone,         // by a fallback of several steps; the entry now stands under the new name only
   kTaken,        // the new name was taken; nothing changed
   kCrossDevice,  // the two names lie on different file systems; nothing changed
   kFailed,       // any other failure; nothing changed
@@ -37,6 +39,11 @@ PlaceResult RenameWithoutReplacing(int fromFolder, const char* from, int toFolde
 // if `to` is taken), then the unlink of `from`. If the unlink fails, the
 // link is taken back.
 PlaceResult LinkThenUnlink(const std::string& from, const std::string& to);
+
+// Whether a placement moved the entry, either way.
+inline bool Placed(PlaceResult result) {
+  return result == PlaceResult::kRenamed || result == PlaceResult::kDone;
+}
 
 }  // namespace tessaly
 

@@ -16,6 +16,14 @@ namespace {
 
 using State = ResolvedPath::State;
 
+// fstatat without following a link, into `facts`.
+bool LookAt(const HeldFolders::Place& place, EntryFacts& facts) {
+  struct stat info {};
+  if (fstatat(place.folder, place.name, &info, AT_SYMLINK_NOFOLLOW) != 0) return false;
+  facts = info;
+  return true;
+}
+
 // Kept answers beyond this many are dropped together; a run asks about a
 // few paths per file, a walk about many folders.
 constexpr std::size_t kMaxAnswers = 1 << 17;
@@ -86,12 +94,12 @@ const ResolvedPath& PathResolver::Resolve(std::string_view path) {
     return unkept_;
   }
   for (const NameAnswer* recent : recent_) {
-    if (recent != nullptr && recent->asked == path) return recent->answer;
+    if (recent != nullptr && recent->Answers(path)) return recent->answer;
   }
   const std::size_t hash = NameHash(path);
   const auto [first, last] = names_.equal_range(hash);
   for (auto kept = first; kept != last; ++kept) {
-    if (kept->second.asked == path) return Recall(kept->second);
+    if (kept->second.Answers(path)) return Recall(kept->second);
   }
   Look(path, unkept_);
   if (unkept_.state == State::kFound && S_ISLNK(unkept_.info.st_mode)) return unkept_;
@@ -99,7 +107,8 @@ const ResolvedPath& PathResolver::Resolve(std::string_view path) {
     names_.clear();
     ForgetRecent();
   }
-  return Recall(names_.emplace(hash, NameAnswer{std::string(path), std::move(unkept_)})->second);
+  std::string otherAsked = unkept_.native == path ? std::string() : std::string(path);
+  return Recall(names_.emplace(hash, NameAnswer{std::move(otherAsked), std::move(unkept_)})->second);
 }
 
 const ResolvedPath& PathResolver::Recall(NameAnswer& kept) {
@@ -111,7 +120,7 @@ const ResolvedPath& PathResolver::Recall(NameAnswer& kept) {
 void PathResolver::Look(std::string_view native, ResolvedPath& answer) {
   answer.native.assign(native);
   const HeldFolders::Place place = held_.Reach(answer.native);
-  if (fstatat(place.folder, place.name, &answer.info, AT_SYMLINK_NOFOLLOW) == 0) {
+  if (LookAt(place, answer.info)) {
     answer.state = State::kFound;
     // The folder of an entry that exists exists too. A run asks about one
     // folder many times in a row, so the last one noted is not noted again.
@@ -142,7 +151,7 @@ void PathResolver::LookIn(const std::string& folder, std::string_view name, Reso
   if (resolved == folder) return;  // the exact look already missed
   answer.native = Join(resolved, name);
   const HeldFolders::Place place = held_.Reach(answer.native);
-  if (fstatat(place.folder, place.name, &answer.info, AT_SYMLINK_NOFOLLOW) == 0) {
+  if (LookAt(place, answer.info)) {
     answer.state = State::kFound;
   } else if (errno != ENOENT) {
     answer.state = State::kUnusable;

@@ -9,6 +9,7 @@
 #include <unordered_map>
 
 #include "platform/posix/held_folders.h"
+#include "platform/posix/posix_attributes.h"
 
 namespace tessaly {
 
@@ -21,7 +22,7 @@ struct ResolvedPath {
   };
   State state = State::kUnusable;
   std::string native;
-  struct stat info {};
+  EntryFacts info;
 
   std::string Folder() const;  // the part of `native` before its last "/"
   std::string Name() const;    // the part of `native` behind its last "/"
@@ -66,8 +67,13 @@ class PathResolver {
     std::string resolved;
   };
   struct NameAnswer {
-    std::string asked;  // the exact path
+    // The exact path; empty where it is answer.native, as it mostly is: a
+    // list of many files keeps an answer for each.
+    std::string otherAsked;
     ResolvedPath answer;
+    bool Answers(std::string_view path) const {
+      return (otherAsked.empty() ? answer.native : otherAsked) == path;
+    }
   };
   // The hash of a value's key is the key itself.
   struct SameNumber {

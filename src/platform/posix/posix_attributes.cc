@@ -6,7 +6,7 @@
 
 namespace tessaly {
 
-std::uint32_t AttributesOf(std::string_view name, const struct stat& info) {
+std::uint32_t AttributesOf(std::string_view name, const EntryFacts& info) {
   std::uint32_t bits = 0;
   if (S_ISDIR(info.st_mode)) {
     bits |= attr::kDirectory;
@@ -20,7 +20,7 @@ std::uint32_t AttributesOf(std::string_view name, const struct stat& info) {
   return bits;
 }
 
-FileVersion VersionFrom(const struct stat& info) {
+FileVersion VersionFrom(const EntryFacts& info) {
   constexpr std::int64_t kBillion = 1'000'000'000;
   return {{static_cast<std::uint64_t>(info.st_dev), static_cast<std::uint64_t>(info.st_ino)},
           static_cast<std::uint64_t>(info.st_size),
@@ -28,10 +28,10 @@ FileVersion VersionFrom(const struct stat& info) {
           info.st_ctim.tv_sec * kBillion + info.st_ctim.tv_nsec};
 }
 
-struct stat FollowLink(int dirFd, const char* name, const struct stat& own) {
+EntryFacts FollowLink(int dirFd, const char* name, const EntryFacts& own) {
   if (!S_ISLNK(own.st_mode)) return own;
   struct stat target {};
-  return fstatat(dirFd, name, &target, 0) == 0 ? target : own;
+  return fstatat(dirFd, name, &target, 0) == 0 ? EntryFacts(target) : own;
 }
 
 }  // namespace tessaly

@@ -34,7 +34,7 @@ std::uint32_t AttributesOfFound(const ResolvedPath& found) {
   return AttributesOf(name, FollowLink(AT_FDCWD, found.native.c_str(), found.info));
 }
 
-bool SameInode(const struct stat& one, const struct stat& other) {
+bool SameInode(const EntryFacts& one, const EntryFacts& other) {
   return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
 }
 
@@ -52,7 +52,7 @@ bool FolderListsName(const std::string& folder, std::string_view name) {
 // not two hard links. A file with one link has one entry; with more, two
 // names are two entries when the folder lists them both.
 bool OtherSpellingOfEntry(const std::string& one, const std::string& other,
-                          const struct stat& info) {
+                          const EntryFacts& info) {
   if (text::CompareIgnoreCase(ToModelPath(one), ToModelPath(other)) != 0) return false;
   if (info.st_nlink <= 1) return true;
   const std::size_t slash = other.find_last_of('/');
@@ -78,35 +78,52 @@ std::optional<std::uint32_t> PosixFileSystem::GetAttributes(std::string_view pat
   return AttributesOfFound(found);
 }
 
-bool PosixFileSystem::Move(const ResolvedPath& from, const std::string& to) {
+RenameAnswer PosixFileSystem::Move(const ResolvedPath& from, const std::string& to,
+                                   bool caseChangeOfItself) {
   const HeldFolders::Place source = resolver_.Reach(from.native);
   const HeldFolders::Place target = resolver_.Reach(to);
   switch (RenameWithoutReplacing(source.folder, source.name, target.folder, target.name)) {
+    case PlaceResult::kRenamed:
+      return RenameAnswer::kRenamed;
     case PlaceResult::kDone:
-      return true;
+      return RenameAnswer::kMoved;
     case PlaceResult::kCrossDevice:
-      return MoveAcrossFileSystems(from.native, to, moveFault_);
+      return MoveAcrossFileSystems(from.native, to, moveFault_) ? RenameAnswer::kMoved
+                                                                 : RenameAnswer::kFailed;
     case PlaceResult::kTaken:
       // Only the source itself may stand under the target's name.
-      return IsCaseChangeOfItself(from, to) && rename(from.native.c_str(), to.c_str()) == 0;
+      if (!caseChangeOfItself || !IsCaseChangeOfItself(from, to)) return RenameAnswer::kTaken;
+      return rename(from.native.c_str(), to.c_str()) == 0 ? RenameAnswer::kRenamed
+                                                          : RenameAnswer::kFailed;
     default:
-      return false;
+      return RenameAnswer::kFailed;
   }
 }
 
 bool PosixFileSystem::Rename(std::string_view source, std::string_view target) {
-  if (!NamesFile(source) || !NamesFile(target)) return false;
+  return Moved(Place(source, target, true));
+}
+
+RenameAnswer PosixFileSystem::RenameIfFree(std::string_view source, std::string_view target) {
+  return Place(source, target, false);
+}
+
+RenameAnswer PosixFileSystem::Place(std::string_view source, std::string_view target,
+                                    bool caseChangeOfItself) {
+  if (!NamesFile(source) || !NamesFile(target)) return RenameAnswer::kFailed;
   // Stays valid: placing the target resolves folders only.
   const ResolvedPath& from = resolver_.Resolve(NativeOf(source));
-  if (from.state != State::kFound || S_ISDIR(from.info.st_mode)) return false;
+  if (from.state != State::kFound || S_ISDIR(from.info.st_mode)) return RenameAnswer::kFailed;
   std::string to;
-  if (!PlaceOnDisk(NativeOf(target), to)) return false;
-  if (to == from.native) return true;
+  if (!PlaceOnDisk(NativeOf(target), to)) return RenameAnswer::kFailed;
+  if (to == from.native) return caseChangeOfItself ? RenameAnswer::kRenamed : RenameAnswer::kTaken;
   if (beforeNextRename_) std::exchange(beforeNextRename_, nullptr)();
-  const bool moved = Move(from, to);
+  const RenameAnswer answer = Move(from, to, caseChangeOfItself);
+  // Whatever was kept about either name is out of date: the file's change
+  // time moved with it, and another entry may stand under the old name.
   resolver_.NoteChanged(from.native);
   resolver_.NoteChanged(to);
-  return moved;
+  return answer;
 }
 
 bool PosixFileSystem::PlaceOnDisk(const std::string& native, std::string& placed) {
@@ -131,6 +148,18 @@ std::string PosixFileSystem::PathOnDisk(std::string_view path) {
 const std::string& PosixFileSystem::NativeOf(std::string_view modelPath) {
   SwapSlashesInto(modelPath, native_);
   return native_;
+}
+
+void PosixFileSystem::AppendShown(std::string_view path, std::string& out) const {
+  const std::size_t from = out.size();
+  out += path;
+  for (std::size_t at = from; at < out.size(); ++at) {
+    if (out[at] == '\\') {
+      out[at] = '/';
+    } else if (out[at] == '/') {
+      out[at] = '\\';
+    }
+  }
 }
 
 bool PosixFileSystem::DeleteIfUnchanged(std::string_view path, const FileVersion& expected) {
@@ -184,7 +213,7 @@ bool PosixFileSystem::OneEntry(std::string_view a, std::string_view b) {
   const ResolvedPath& first = resolver_.Resolve(NativeOf(a));
   if (first.state != State::kFound) return false;
   const std::string one = first.native;
-  const struct stat info = first.info;
+  const EntryFacts info = first.info;
   const ResolvedPath& second = resolver_.Resolve(NativeOf(b));
   if (second.state != State::kFound || !SameInode(second.info, info)) return false;
   return second.native == one || OtherSpellingOfEntry(one, second.native, info);

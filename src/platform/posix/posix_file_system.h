@@ -21,14 +21,17 @@ class PosixFileSystem : public FileSystem {
  public:
   std::optional<std::uint32_t> GetAttributes(std::string_view path) override;
   bool Rename(std::string_view source, std::string_view target) override;
+  RenameAnswer RenameIfFree(std::string_view source, std::string_view target) override;
   bool DeleteIfUnchanged(std::string_view path, const FileVersion& expected) override;
   std::vector<DirectoryEntry> Search(std::string_view pattern, std::uint32_t include) override;
   std::optional<FileIdentity> IdentityOf(std::string_view path) override;
   std::optional<FileVersion> VersionOf(std::string_view path) override;
   bool OneEntry(std::string_view a, std::string_view b) override;
   std::string SameNameKey(std::string_view path) const override { return std::string(path); }
+  bool SameName(std::string_view a, std::string_view b) const override { return a == b; }
   std::string PathOnDisk(std::string_view path) override;
   std::string Shown(std::string_view path) const override { return ToNativePath(path); }
+  void AppendShown(std::string_view path, std::string& out) const override;
   void ForgetAnswers() override { resolver_.Forget(); }
 
   // Test seams. `hook` runs once, inside the next Rename, after its checks
@@ -40,7 +43,9 @@ class PosixFileSystem : public FileSystem {
   void SetMoveFaultForTesting(MoveFault fault) { moveFault_ = std::move(fault); }
 
  private:
-  bool Move(const ResolvedPath& from, const std::string& to);
+  // Rename, or with `caseChangeOfItself` false, RenameIfFree.
+  RenameAnswer Place(std::string_view source, std::string_view target, bool caseChangeOfItself);
+  RenameAnswer Move(const ResolvedPath& from, const std::string& to, bool caseChangeOfItself);
   // Where `native` goes: its folder as the disk spells it, its name as given.
   bool PlaceOnDisk(const std::string& native, std::string& placed);
   // `modelPath` in native form, in a buffer reused by the next call.
