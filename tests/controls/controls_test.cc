@@ -182,8 +182,12 @@ TEST(ReadableOn, ReachesTheContrastKeepingTheHue) {
     EXPECT_GE(ContrastRatio(readable, c.background), kReadableContrast);
     EXPECT_LT(ContrastRatio(readable, c.background), kReadableContrast + (c.same ? 20 : 0.2));
     EXPECT_EQ(readable == c.colour, c.same);
-    if (c.colour == blue) EXPECT_GT(readable.blue, readable.red + 60);
-    if (c.colour == red) EXPECT_GT(readable.red, readable.blue + 60);
+    if (c.colour == blue) {
+      EXPECT_GT(readable.blue, readable.red + 60);
+    }
+    if (c.colour == red) {
+      EXPECT_GT(readable.red, readable.blue + 60);
+    }
   }
   EXPECT_NEAR(ContrastRatio(black, white), 21, 1e-9);
 }
