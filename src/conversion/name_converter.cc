@@ -82,6 +82,8 @@ std::string NameConverter::ConvertName(ConversionOptions& options,
 void NameConverter::ApplyPlacements(const ConversionOptions& options,
                                     std::string_view sourceCopy, std::string& work) const {
   for (std::size_t i = 0; i < 6; ++i) {
+    // An empty placement gives nothing; most of the six are empty.
+    if (options.cboBatch[i].empty()) continue;
     work += ResolvePlacement(options.cboBatch[i], sourceCopy, options, services_.clock,
                              services_.locale);
   }
@@ -90,6 +92,8 @@ void NameConverter::ApplyPlacements(const ConversionOptions& options,
 void NameConverter::ApplyReplace(ConversionOptions& options, std::string_view folder,
                                  std::string& work) const {
   if (options.cboBatch[6] != "(Advanced)") {
+    // An empty find text finds nothing.
+    if (options.cboBatch[6].empty()) return;
     // The tokens read the whole path, as it stands now.
     const std::string whole = std::string(folder) + work;
     const std::string find = ResolvePlacement(options.cboBatch[6], whole, options,

@@ -162,17 +162,18 @@ void PathResolver::LookIn(const std::string& folder, std::string_view name, Reso
 bool PathResolver::ResolveFolder(std::string_view native, std::string& resolved) {
   native = WithoutClosingSlashes(native);
   if (native.empty()) return false;
-  const std::string path(native);
-  auto kept = folders_.find(path);
-  if (kept == folders_.end()) {
-    if (folders_.size() >= kMaxAnswers) {
-      folders_.clear();
-      lastFolderNoted_.clear();
+  // A run asks about the folder of each file in turn, mostly the same one.
+  if (lastFolder_ == nullptr || lastFolder_->first != native) {
+    const std::string path(native);
+    auto kept = folders_.find(path);
+    if (kept == folders_.end()) {
+      if (folders_.size() >= kMaxAnswers) ForgetFolders();
+      kept = folders_.emplace(path, LookForFolder(path)).first;
     }
-    kept = folders_.emplace(path, LookForFolder(path)).first;
+    lastFolder_ = &*kept;
   }
-  resolved = kept->second.resolved;
-  return kept->second.usable;
+  resolved = lastFolder_->second.resolved;
+  return lastFolder_->second.usable;
 }
 
 PathResolver::FolderAnswer PathResolver::LookForFolder(const std::string& native) {
@@ -198,7 +199,12 @@ void PathResolver::Forget() {
   ForgetRecent();
   held_.Release();
   names_.clear();
+  ForgetFolders();
+}
+
+void PathResolver::ForgetFolders() {
   folders_.clear();
+  lastFolder_ = nullptr;
   lastFolderNoted_.clear();
 }
 

@@ -85,6 +85,7 @@ class PathResolver {
   FolderAnswer LookForFolder(const std::string& native);
   const ResolvedPath& Recall(NameAnswer& kept);
   void ForgetRecent() { recent_.fill(nullptr); }
+  void ForgetFolders();
 
   // By a hash of the name ignoring letter case, so that a change drops
   // every spelling of the name together, as a case-folding disk may share
@@ -98,6 +99,7 @@ class PathResolver {
   std::size_t nextRecent_ = 0;
   ResolvedPath unkept_;  // the answer about a link, or an empty path
   std::unordered_map<std::string, FolderAnswer> folders_;  // by the path asked for
+  const std::pair<const std::string, FolderAnswer>* lastFolder_ = nullptr;  // in folders_
   HeldFolders held_;  // its handles released with the folder answers
   std::string lastFolderNoted_;
 };

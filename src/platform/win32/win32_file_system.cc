@@ -150,6 +150,24 @@ bool Win32FileSystem::Rename(std::string_view source, std::string_view target) {
   return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_COPY_ALLOWED) != 0;
 }
 
+RenameAnswer Win32FileSystem::RenameIfFree(std::string_view source, std::string_view target) {
+  if (!NamesFile(source) || !NamesFile(target)) return RenameAnswer::kFailed;
+  const std::wstring from = Exact(source);
+  if (!IsFile(from)) return RenameAnswer::kFailed;
+  // The file itself stands under a name Windows takes for its own.
+  if (SameNameKey(source) == SameNameKey(target)) return RenameAnswer::kTaken;
+  if (beforeNextRename_) std::exchange(beforeNextRename_, nullptr)();
+  const std::wstring to = Exact(target);
+  // Within a volume a move is one rename, which asks nothing more of a
+  // folder (a look at a missing name costs a scan of it under Wine).
+  if (MoveFileExW(from.c_str(), to.c_str(), 0) != 0) return RenameAnswer::kRenamed;
+  const DWORD error = GetLastError();
+  if (error == ERROR_ALREADY_EXISTS || error == ERROR_FILE_EXISTS) return RenameAnswer::kTaken;
+  if (error != ERROR_NOT_SAME_DEVICE) return RenameAnswer::kFailed;
+  return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_COPY_ALLOWED) != 0 ? RenameAnswer::kMoved
+                                                                           : RenameAnswer::kFailed;
+}
+
 bool Win32FileSystem::DeleteIfUnchanged(std::string_view path, const FileVersion& expected) {
   if (!NamesFile(path)) return false;
   // The file is opened, checked and marked for deletion through one

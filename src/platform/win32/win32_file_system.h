@@ -16,6 +16,7 @@ class Win32FileSystem : public FileSystem {
  public:
   std::optional<std::uint32_t> GetAttributes(std::string_view path) override;
   bool Rename(std::string_view source, std::string_view target) override;
+  RenameAnswer RenameIfFree(std::string_view source, std::string_view target) override;
   bool DeleteIfUnchanged(std::string_view path, const FileVersion& expected) override;
   std::vector<DirectoryEntry> Search(std::string_view pattern, std::uint32_t include) override;
   std::optional<FileIdentity> IdentityOf(std::string_view path) override;
@@ -25,7 +26,7 @@ class Win32FileSystem : public FileSystem {
   std::string SameNameKey(std::string_view path) const override;
   std::string Shown(std::string_view path) const override { return std::string(path); }
 
-  // Test seam: `hook` runs once, inside the next Rename, after its checks
+  // Test seam: `hook` runs once, inside the next rename, after its checks
   // and right before the file is moved.
   void SetBeforeNextRenameForTesting(std::function<void()> hook) {
     beforeNextRename_ = std::move(hook);
