@@ -23,6 +23,17 @@ inline void SwapSlashesInto(std::string_view path, std::string& out) {
   }
 }
 
+// The same in place, on the bytes of `text` from `from` on.
+inline void SwapSlashesIn(std::string& text, std::size_t from = 0) {
+  for (std::size_t at = from; at < text.size(); ++at) {
+    if (text[at] == '\\') {
+      text[at] = '/';
+    } else if (text[at] == '/') {
+      text[at] = '\\';
+    }
+  }
+}
+
 inline std::string SwapSlashes(std::string_view path) {
   std::string out;
   SwapSlashesInto(path, out);

@@ -153,13 +153,7 @@ const std::string& PosixFileSystem::NativeOf(std::string_view modelPath) {
 void PosixFileSystem::AppendShown(std::string_view path, std::string& out) const {
   const std::size_t from = out.size();
   out += path;
-  for (std::size_t at = from; at < out.size(); ++at) {
-    if (out[at] == '\\') {
-      out[at] = '/';
-    } else if (out[at] == '/') {
-      out[at] = '\\';
-    }
-  }
+  SwapSlashesIn(out, from);
 }
 
 bool PosixFileSystem::DeleteIfUnchanged(std::string_view path, const FileVersion& expected) {
