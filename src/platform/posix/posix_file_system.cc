@@ -35,7 +35,7 @@ std::uint32_t AttributesOfFound(const ResolvedPath& found) {
 }
 
 bool SameInode(const EntryFacts& one, const EntryFacts& other) {
-  return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+  return one.version.identity == other.version.identity;
 }
 
 bool FolderListsName(const std::string& folder, std::string_view name) {
