@@ -13,12 +13,16 @@ namespace {
 // Two keys are equal exactly when CompareIgnoreCase calls their texts equal,
 // and compare as bytes the way it compares the texts, but without decoding
 // and folding at every comparison.
-std::string SortKey(std::string_view text) {
-  std::string key;
-  if (text::FoldAscii(text, key)) return key;
+void SortKeyInto(std::string_view text, std::string& key) {
+  if (text::FoldAscii(text, key)) return;
   key.clear();
   key.reserve(text.size());
   for (char32_t code : text::Fold(text)) text::AppendUtf8Layout(key, code);
+}
+
+std::string SortKey(std::string_view text) {
+  std::string key;
+  SortKeyInto(text, key);
   return key;
 }
 
@@ -37,6 +41,9 @@ void ListBox::DropRemoved() const {
     listIndex_ -=
         static_cast<int>(std::count_if(rows_.begin(), rows_.begin() + listIndex_, isRemoved));
   }
+  for (const Row& row : rows_) {
+    if (row.removed) DropKey(row);
+  }
   rows_.erase(std::remove_if(rows_.begin(), rows_.end(), isRemoved), rows_.end());
   // A removal merges first, so every removed row stood in the merged part.
   settled_ -= removedCount_;
@@ -47,7 +54,7 @@ void ListBox::Settle() const {
   DropRemoved();
   if (settled_ == rows_.size()) return;
   const std::uint64_t current = listIndex_ >= 0 ? rows_[listIndex_].arrival : 0;
-  const auto byKey = [](const Row& a, const Row& b) { return a.key < b.key; };
+  const auto byKey = [this](const Row& a, const Row& b) { return Key(a) < Key(b); };
   const auto middle = rows_.begin() + static_cast<std::ptrdiff_t>(settled_);
   // Both steps are stable: rows equal ignoring case keep the order they came
   // in, old before new, as if each had been put after its equals when added.
@@ -59,11 +66,10 @@ void ListBox::Settle() const {
 
 std::size_t ListBox::CountBefore(const std::string& key) const {
   const auto settledEnd = rows_.begin() + static_cast<std::ptrdiff_t>(settled_);
-  const auto below =
-      std::lower_bound(rows_.begin(), settledEnd, key,
-                       [](const Row& row, const std::string& k) { return row.key < k; });
+  const auto below = std::lower_bound(rows_.begin(), settledEnd, key,
+                                      [this](const Row& row, const std::string& k) { return Key(row) < k; });
   const auto waiting =
-      std::count_if(settledEnd, rows_.end(), [&](const Row& row) { return row.key < key; });
+      std::count_if(settledEnd, rows_.end(), [&](const Row& row) { return Key(row) < key; });
   return static_cast<std::size_t>(below - rows_.begin()) + static_cast<std::size_t>(waiting);
 }
 
@@ -79,8 +85,8 @@ void ListBox::MoveToSortedPlace(std::size_t index) {
   Row row = std::move(rows_[index]);
   rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(index));
   if (listIndex_ > static_cast<int>(index)) --listIndex_;
-  const auto at = std::upper_bound(rows_.begin(), rows_.end(), row.key,
-                                   [](const std::string& k, const Row& r) { return k < r.key; });
+  const auto at = std::upper_bound(rows_.begin(), rows_.end(), Key(row),
+                                   [this](std::string_view k, const Row& r) { return k < Key(r); });
   const auto place = static_cast<int>(at - rows_.begin());
   rows_.insert(at, std::move(row));
   if (wasCurrent) {
@@ -104,20 +110,39 @@ void Uncount(std::unordered_map<std::size_t, int>& counts, std::string_view key)
 }  // namespace
 
 ListBox::Row ListBox::MakeRow(std::string text, bool sortKey) {
-  Row row{std::move(text), {}, false, false, false, ++arrivals_};
-  if (sortKey) row.key = SortKey(row.text);
+  Row row{std::move(text), 0, 0, false, false, false, ++arrivals_};
+  if (sortKey) {
+    SortKeyInto(row.text, keyScratch_);
+    row.keyAt = static_cast<std::uint32_t>(keys_.size());
+    row.keyLength = static_cast<std::uint32_t>(keyScratch_.size());
+    keys_ += keyScratch_;
+  }
   return row;
 }
 
+void ListBox::DropKey(const Row& row) const {
+  droppedKeyBytes_ += row.keyLength;
+  if (droppedKeyBytes_ <= keys_.size() / 2) return;
+  std::string kept;
+  for (Row& other : rows_) {
+    if (&other == &row || other.removed) continue;
+    const std::string_view key = Key(other);
+    other.keyAt = static_cast<std::uint32_t>(kept.size());
+    kept += key;
+  }
+  keys_.swap(kept);
+  droppedKeyBytes_ = 0;
+}
+
 void ListBox::Index(const Row& row) {
-  if (sorted_) Count(keyHashes_, row.key);
+  if (sorted_) Count(keyHashes_, Key(row));
   // Made afresh rather than kept in the row: a row is indexed and
   // unindexed about once, and the key is often the text itself.
   if (sameEntryKey_) Count(sameKeyHashes_, sameEntryKey_(row.text));
 }
 
 void ListBox::Unindex(const Row& row) {
-  if (sorted_) Uncount(keyHashes_, row.key);
+  if (sorted_) Uncount(keyHashes_, Key(row));
   if (sameEntryKey_) Uncount(sameKeyHashes_, sameEntryKey_(row.text));
 }
 
@@ -132,12 +157,14 @@ bool ListBox::HoldsSameEntry(std::string_view text) const {
     // ignoring case, merged or waiting.
     const std::string sortKey = SortKey(text);
     const auto settledEnd = rows_.begin() + static_cast<std::ptrdiff_t>(settled_);
-    const auto [first, last] =
-        std::equal_range(rows_.begin(), settledEnd, Row{{}, sortKey},
-                         [](const Row& a, const Row& b) { return a.key < b.key; });
+    const std::string_view probe = sortKey;
+    const auto first = std::lower_bound(rows_.begin(), settledEnd, probe,
+                                        [this](const Row& row, std::string_view k) { return Key(row) < k; });
+    const auto last = std::upper_bound(first, settledEnd, probe,
+                                       [this](std::string_view k, const Row& row) { return k < Key(row); });
     if (std::any_of(first, last, same)) return true;
     if (std::any_of(settledEnd, rows_.end(),
-                    [&](const Row& row) { return row.key == sortKey && same(row); })) {
+                    [&](const Row& row) { return Key(row) == probe && same(row); })) {
       return true;
     }
   }
@@ -148,9 +175,11 @@ void ListBox::SetList(std::size_t index, std::string text) {
   Settle();
   Row& row = rows_.at(index);
   Unindex(row);
-  const Row fresh = MakeRow(std::move(text), sorted_);
-  row.text = fresh.text;
-  row.key = fresh.key;
+  DropKey(row);  // before the new key goes in, which a tidying would not move
+  Row fresh = MakeRow(std::move(text), sorted_);
+  row.text = std::move(fresh.text);
+  row.keyAt = fresh.keyAt;
+  row.keyLength = fresh.keyLength;
   Index(row);
   // Left where it was, the row would break the order every look-up relies on.
   if (sorted_) MoveToSortedPlace(index);
@@ -204,6 +233,8 @@ void ListBox::Clear() {
   removedCount_ = 0;
   selectedCount_ = 0;
   keyHashes_.clear();
+  std::string().swap(keys_);
+  droppedKeyBytes_ = 0;
   sameKeyHashes_.clear();
   listIndex_ = -1;
   changed.Emit();
@@ -232,11 +263,10 @@ int ListBox::FindExact(std::string_view key) const {
 
 bool ListBox::HoldsKey(const std::string& key) const {
   const auto settledEnd = rows_.begin() + static_cast<std::ptrdiff_t>(settled_);
-  const auto below =
-      std::lower_bound(rows_.begin(), settledEnd, key,
-                       [](const Row& row, const std::string& k) { return row.key < k; });
-  if (below != settledEnd && below->key == key) return true;
-  return std::any_of(settledEnd, rows_.end(), [&](const Row& row) { return row.key == key; });
+  const auto below = std::lower_bound(rows_.begin(), settledEnd, key,
+                                      [this](const Row& row, const std::string& k) { return Key(row) < k; });
+  if (below != settledEnd && Key(*below) == key) return true;
+  return std::any_of(settledEnd, rows_.end(), [&](const Row& row) { return Key(row) == key; });
 }
 
 void ListBox::SetChecked(std::size_t index, bool checked) { Update(At(index).checked, checked); }

@@ -76,9 +76,11 @@ class ListBox : public Control {
  private:
   struct Row {
     std::string text;
-    // In a sorted list, the text folded as CompareIgnoreCase folds it and
-    // encoded so that comparing the bytes orders as CompareIgnoreCase does.
-    std::string key;
+    // In a sorted list, where keys_ holds the row's sort key: the text
+    // folded as CompareIgnoreCase folds it and encoded so that comparing the
+    // bytes orders as CompareIgnoreCase does.
+    std::uint32_t keyAt = 0;
+    std::uint32_t keyLength = 0;
     bool checked = false;
     bool selected = false;
     bool removed = false;
@@ -102,6 +104,10 @@ class ListBox : public Control {
   void Index(const Row& row);
   void Unindex(const Row& row);
   Row MakeRow(std::string text, bool sortKey);
+  std::string_view Key(const Row& row) const { return std::string_view(keys_).substr(row.keyAt, row.keyLength); }
+  // Counts the key of a row that goes as dropped, and makes keys_ anew once
+  // more of it is dropped keys than kept ones.
+  void DropKey(const Row& row) const;
 
   // Until settled, removed rows still stand in rows_, all of them at or
   // behind firstRemoved_, and listIndex_ counts them.
@@ -112,6 +118,11 @@ class ListBox : public Control {
   mutable int listIndex_ = -1;
   bool sorted_;
   std::uint64_t arrivals_ = 0;
+  // The sort keys of all rows, one after the other: a row holds where its
+  // own stands rather than a string of its own, for tens of thousands of rows.
+  mutable std::string keys_;
+  mutable std::size_t droppedKeyBytes_ = 0;
+  std::string keyScratch_;
   std::size_t lastAddedIndex_ = 0;  // for unsorted lists
   std::size_t selectedCount_ = 0;
   // Hashes of the rows' sort keys (in a sorted list) and of their

@@ -23,6 +23,28 @@ inline void SwapSlashesInto(std::string_view path, std::string& out) {
   }
 }
 
+// The same in place, on the bytes of `text` from `from` on.
+inline void SwapSlashesIn(std::string& text, std::size_t from = 0) {
+  const bool slash = text.find('/', from) != std::string::npos;
+  const bool backslash = text.find('\\', from) != std::string::npos;
+  if (!slash || !backslash) {
+    // A path holds one kind only, mostly: its few separators are found
+    // rather than every byte visited.
+    const char was = slash ? '/' : '\\';
+    for (std::size_t at = text.find(was, from); at != std::string::npos; at = text.find(was, at + 1)) {
+      text[at] = slash ? '\\' : '/';
+    }
+    return;
+  }
+  for (std::size_t at = from; at < text.size(); ++at) {
+    if (text[at] == '\\') {
+      text[at] = '/';
+    } else if (text[at] == '/') {
+      text[at] = '\\';
+    }
+  }
+}
+
 inline std::string SwapSlashes(std::string_view path) {
   std::string out;
   SwapSlashesInto(path, out);

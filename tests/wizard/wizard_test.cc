@@ -488,7 +488,8 @@ TEST_F(WizardTest, TakenNamesAskOnlyWhereAnotherFileWouldBeLost) {
     const char *listed, *newName;
     // 'L' locked; 'C' copied where moved, and read-only; 'N' copied where
     // moved, and a newer version saved under its name as it is; 'H' its new
-    // name a hard link of it; 'Y' the file asked about changed while asked.
+    // name a hard link of it; 'Y' the file asked about changed while asked;
+    // 'F' a folder stands under its new name; 'G' it is gone before the run.
     char hold;
     bool yes;
     const char *asked, *outcome;
@@ -515,6 +516,12 @@ TEST_F(WizardTest, TakenNamesAskOnlyWhereAnotherFileWouldBeLost) {
       {"no folder", LetterCase::kIgnore, {}, "C:\\g\\a.txt", "C:\\nowhere\\a.txt", ' ', false, "",
        "(Failed! - Error Renaming File)", 0, {"C:\\g\\a.txt=C:\\g\\a.txt"}},
       {"locked", LetterCase::kIgnore, {}, "C:\\g\\a.txt", "c.txt", 'L', false, "",
+       "(Failed! - Error Renaming File)", 0, {"C:\\g\\a.txt=C:\\g\\a.txt"}},
+      // Gone, with its new name taken: the two-stage road finds nothing to move.
+      {"gone", LetterCase::kIgnore, {"C:\\g\\b.txt=theirs"}, "C:\\g\\a.txt", "b.txt", 'G', false, "",
+       "(Failed! - File Already Exists)", 0, {"C:\\g\\b.txt=theirs"}},
+      // A folder is no file: the direct road, whose rename fails.
+      {"folder", LetterCase::kIgnore, {}, "C:\\g\\a.txt", "b.txt", 'F', false, "",
        "(Failed! - Error Renaming File)", 0, {"C:\\g\\a.txt=C:\\g\\a.txt"}},
       // An original left behind by its copy does not stop the copy reaching the new
       // name; either completion line will do.
@@ -554,6 +561,7 @@ TEST_F(WizardTest, TakenNamesAskOnlyWhereAnotherFileWouldBeLost) {
       files.BeforeNextRename([&] { files.SetContents(c.listed, "newer"); });
     }
     if (c.hold == 'H') files.AddLink(c.listed, "C:\\h\\y");
+    if (c.hold == 'F') files.AddDirectory("C:\\g\\b.txt");
     if (c.hold == 'Y') ui.OnMessageBox([&] { files.SetContents("C:\\g\\b.txt", "newer"); });
     fTessaly& wizard = Start();
     List({c.listed});
@@ -561,6 +569,7 @@ TEST_F(WizardTest, TakenNamesAskOnlyWhereAnotherFileWouldBeLost) {
     wizard.cboBatch[0].SetText(c.newName);
     wizard.cboBatch[1].SetText("");
     wizard.cmdNext.Click();
+    if (c.hold == 'G') files.Remove(c.listed);
     if (c.yes) ui.QueueAnswer(MessageAnswer::kYes);
     wizard.cmdNext.Click();
     std::string asked;

@@ -20,12 +20,13 @@ std::uint32_t AttributesOf(std::string_view name, const EntryFacts& info) {
   return bits;
 }
 
-FileVersion VersionFrom(const EntryFacts& info) {
+EntryFacts::EntryFacts(const struct stat& info)
+    : st_mode(info.st_mode), st_nlink(static_cast<std::uint32_t>(info.st_nlink)) {
   constexpr std::int64_t kBillion = 1'000'000'000;
-  return {{static_cast<std::uint64_t>(info.st_dev), static_cast<std::uint64_t>(info.st_ino)},
-          static_cast<std::uint64_t>(info.st_size),
-          info.st_mtim.tv_sec * kBillion + info.st_mtim.tv_nsec,
-          info.st_ctim.tv_sec * kBillion + info.st_ctim.tv_nsec};
+  version = {{static_cast<std::uint64_t>(info.st_dev), static_cast<std::uint64_t>(info.st_ino)},
+             static_cast<std::uint64_t>(info.st_size),
+             info.st_mtim.tv_sec * kBillion + info.st_mtim.tv_nsec,
+             info.st_ctim.tv_sec * kBillion + info.st_ctim.tv_nsec};
 }
 
 EntryFacts FollowLink(int dirFd, const char* name, const EntryFacts& own) {

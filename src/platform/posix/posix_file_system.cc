@@ -35,7 +35,7 @@ std::uint32_t AttributesOfFound(const ResolvedPath& found) {
 }
 
 bool SameInode(const EntryFacts& one, const EntryFacts& other) {
-  return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+  return one.version.identity == other.version.identity;
 }
 
 bool FolderListsName(const std::string& folder, std::string_view name) {
@@ -153,13 +153,7 @@ const std::string& PosixFileSystem::NativeOf(std::string_view modelPath) {
 void PosixFileSystem::AppendShown(std::string_view path, std::string& out) const {
   const std::size_t from = out.size();
   out += path;
-  for (std::size_t at = from; at < out.size(); ++at) {
-    if (out[at] == '\\') {
-      out[at] = '/';
-    } else if (out[at] == '/') {
-      out[at] = '\\';
-    }
-  }
+  SwapSlashesIn(out, from);
 }
 
 bool PosixFileSystem::DeleteIfUnchanged(std::string_view path, const FileVersion& expected) {

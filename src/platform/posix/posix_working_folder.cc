@@ -74,7 +74,10 @@ std::string PosixWorkingFolder::NativeAbsolute(std::string_view name) const {
 }
 
 std::string PosixWorkingFolder::Absolute(std::string_view name) const {
-  return SwapSlashes(NativeAbsolute(name));
+  // Swapped where it stands: a glob gives a word for every file.
+  std::string path = NativeAbsolute(name);
+  SwapSlashesIn(path);
+  return path;
 }
 
 bool PosixWorkingFolder::Holds(std::string_view name) const {
