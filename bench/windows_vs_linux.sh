@@ -66,7 +66,9 @@ check() {
 printf '@%s --files-from %s /settings:LowerCase /step:4 /exit\r\n' "$(windows "$windows_cli")" \
   "$(windows "$work/names.txt")" >"$work/run.bat"
 run_windows() { timed "$1" wine cmd /c "$(windows "$work/run.bat")"; }
-run_windows warm-up >/dev/null
+# The warm-up folder holds ten of the listed files: the rest are left out,
+# which the program reports in its exit status.
+run_windows warm-up >/dev/null || true
 t_windows=$(run_windows windows)
 check windows
 
