@@ -7,6 +7,7 @@
 
 #include <cstring>
 #include <cwchar>
+#include <memory>
 
 #include <gtest/gtest.h>
 
@@ -210,25 +211,29 @@ void CALLBACK OnModalTimer(HWND, UINT, UINT_PTR timer, DWORD) {
 
 }  // namespace
 
-void WhenModalOpens(WatchingUi& ui, std::function<void(DialogWindow&)> action) {
+namespace {
+
+// Polls every `everyMs` for up to ten seconds, since a modal loop starts
+// only after the call that opens it, then runs `action` on what `find`
+// found, or fails the test naming `what`.
+template <typename Found>
+void WhenFound(UINT everyMs, std::function<Found*()> find, std::function<void(Found&)> action,
+               const char* what) {
   const ULONGLONG deadline = GetTickCount64() + 10'000;
-  // Polls, since the modal loop starts only after the call that opens it.
-  const UINT_PTR timer = SetTimer(nullptr, 0, 10, &OnModalTimer);
-  modalCheck = [&ui, action, deadline, timer] {
-    DialogWindow* modal = ui.modalWindow();
-    if (modal == nullptr && GetTickCount64() < deadline) return;
+  const UINT_PTR timer = SetTimer(nullptr, 0, everyMs, &OnModalTimer);
+  modalCheck = [find, action, deadline, timer, what] {
+    Found* found = find();
+    if (found == nullptr && GetTickCount64() < deadline) return;
     KillTimer(nullptr, timer);
     const auto run = action;
     modalCheck = nullptr;
-    if (modal == nullptr) {
-      ADD_FAILURE() << "no modal dialog opened";
+    if (found == nullptr) {
+      ADD_FAILURE() << "no " << what << " opened";
       return;
     }
-    run(*modal);
+    run(*found);
   };
 }
-
-namespace {
 
 BOOL CALLBACK KeepSystemDialog(HWND window, LPARAM found) {
   wchar_t name[16] = {};
@@ -240,22 +245,21 @@ BOOL CALLBACK KeepSystemDialog(HWND window, LPARAM found) {
 
 }  // namespace
 
+void WhenModalOpens(WatchingUi& ui, std::function<void(DialogWindow&)> action) {
+  WhenFound<DialogWindow>(10, [&ui] { return ui.modalWindow(); }, std::move(action), "modal dialog");
+}
+
 void WhenSystemDialogOpens(std::function<void(HWND)> action) {
-  const ULONGLONG deadline = GetTickCount64() + 10'000;
-  const UINT_PTR timer = SetTimer(nullptr, 0, 50, &OnModalTimer);
-  modalCheck = [action, deadline, timer] {
-    HWND dialog = nullptr;
-    EnumThreadWindows(GetCurrentThreadId(), &KeepSystemDialog, reinterpret_cast<LPARAM>(&dialog));
-    if (dialog == nullptr && GetTickCount64() < deadline) return;
-    KillTimer(nullptr, timer);
-    const auto run = action;
-    modalCheck = nullptr;
-    if (dialog == nullptr) {
-      ADD_FAILURE() << "no system dialog opened";
-      return;
-    }
-    run(dialog);
-  };
+  // The dialog's handle stands in a holder of its own for the poll.
+  auto dialog = std::make_shared<HWND>(nullptr);
+  WhenFound<HWND>(
+      50,
+      [dialog]() -> HWND* {
+        *dialog = nullptr;
+        EnumThreadWindows(GetCurrentThreadId(), &KeepSystemDialog, reinterpret_cast<LPARAM>(dialog.get()));
+        return *dialog != nullptr ? dialog.get() : nullptr;
+      },
+      [action](HWND& found) { action(found); }, "system dialog");
 }
 
 }  // namespace tessaly::win32::testing
