@@ -129,8 +129,10 @@ Outcome fTessaly::RenameOneFile(const std::string& oldPath, const std::string& n
   FileSystem& files = services_.fileSystem;
   // A new path that the disk takes for the old one names the file itself:
   // taken, as the disk would answer.
+  // The file's own name is asked for: to the disk it is the same look, and
+  // one it answers without searching the folder for another spelling.
   if (files.SameName(newPath, oldPath)) {
-    return FileExists(newPath) ? TwoStageRename(oldPath, newPath) : DirectRoad(oldPath, newPath);
+    return FileExists(oldPath) ? TwoStageRename(oldPath, newPath) : DirectRoad(oldPath, newPath);
   }
   // The direct road's look at the new path, its move and the looks after
   // it, in one rename that takes no name an entry holds: an atomic one
@@ -158,8 +160,12 @@ Outcome fTessaly::DirectRoadOutcome(const std::string& oldPath, const std::strin
 Outcome fTessaly::TwoStageRename(const std::string& oldPath, const std::string& newPath) {
   const std::string tempPath = newPath + ".temp";
   if (FileExists("temp-" + newPath)) return Outcome::kFailedExists;
-  const bool tempWasTaken = FileExists(tempPath);
-  RenameFile(oldPath, tempPath);
+  // Each stage is first tried as one rename that takes no name an entry
+  // holds; a name it finds taken goes the way of the question.
+  const RenameAnswer first = MoveFile(oldPath, tempPath, true);
+  const bool tempWasTaken =
+      first == RenameAnswer::kTaken || (first == RenameAnswer::kFailed && FileExists(tempPath));
+  if (tempWasTaken) RenameFile(oldPath, tempPath);
   services_.ui.LetPendingEventsRun();
   if (ended_) return Outcome::kFailedExists;
   if (!FileExists(tempPath)) return Outcome::kFailedExists;
@@ -168,7 +174,11 @@ Outcome fTessaly::TwoStageRename(const std::string& oldPath, const std::string& 
   if (tempWasTaken && FileExists(oldPath) && !SameEntry(oldPath, tempPath)) {
     return Outcome::kFailedExists;
   }
-  RenameFile(tempPath, newPath);
+  const RenameAnswer second = MoveFile(tempPath, newPath, true);
+  if (second == RenameAnswer::kRenamed) return Outcome::kCompleted;
+  if (second == RenameAnswer::kTaken || (second == RenameAnswer::kFailed && FileExists(newPath))) {
+    RenameFile(tempPath, newPath);
+  }
   if (!FileExists(newPath)) return Outcome::kFailedRenaming;
   return FileExists(tempPath) ? Outcome::kErrorRemovingTemp : Outcome::kCompleted;
 }

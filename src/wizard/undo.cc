@@ -87,9 +87,10 @@ class Undoer {
       }
       if (!left) continue;
       std::size_t first = k;
-      while (first > 0 && moves[first - 1]->result == Result::kDone &&
-             moves[first - 1]->to == moves[first]->from) {
-        --first;
+      for (std::size_t j = k; j-- > 0;) {
+        if (moves[j]->result == Result::kFailed) continue;  // it changed nothing
+        if (moves[j]->result != Result::kDone || moves[j]->to != moves[first]->from) break;
+        first = j;
       }
       left->origin = moves[first]->from;
       return left;

@@ -39,6 +39,18 @@ std::wstring Exact(std::string_view path) {
   return Widen(path);
 }
 
+// A colon in a folder's name, behind any drive: no Windows file system
+// takes such a path (a colon in a name only ever marks a stream of a
+// file), so it names nothing and the system need not be asked. Under Wine
+// the question would cost a search of the working folder.
+bool ColonInFolderName(std::string_view path) {
+  if (path.starts_with("\\\\?\\")) path.remove_prefix(4);
+  if (path.size() >= 2 && path[1] == ':') path.remove_prefix(2);
+  const std::size_t lastSlash = path.find_last_of('\\');
+  return lastSlash != std::string_view::npos &&
+         path.substr(0, lastSlash).find(':') != std::string_view::npos;
+}
+
 bool IsFile(const std::wstring& path) {
   const DWORD bits = GetFileAttributesW(path.c_str());
   return bits != INVALID_FILE_ATTRIBUTES && (bits & FILE_ATTRIBUTE_DIRECTORY) == 0;
@@ -131,7 +143,7 @@ class FindHandle {
 }  // namespace
 
 std::optional<std::uint32_t> Win32FileSystem::GetAttributes(std::string_view path) {
-  if (path.empty()) return std::nullopt;
+  if (path.empty() || ColonInFolderName(path)) return std::nullopt;
   const DWORD bits = GetFileAttributesW(Exact(path).c_str());
   if (bits == INVALID_FILE_ATTRIBUTES) return std::nullopt;
   return static_cast<std::uint32_t>(bits);
