@@ -60,7 +60,9 @@ ProgressWindow::ProgressWindow(fProgress& form, QWidget* owner)
   Follow(form.lCur.changed, this, [this] { DrawBar(); });
   Follow(form.lTotal.changed, this, [this] { DrawBar(); });
   Follow(form.lCaption.changed, this, [this] {
-    if (form_ != nullptr) caption_->setText(ToQt(form_->lCaption.caption()));
+    if (form_ == nullptr) return;
+    pacer_.Hold();
+    caption_->setText(ToQt(form_->lCaption.caption()));
   });
   HoldUntilGone(this, form.unloaded.Connect([this] {
     form_ = nullptr;
@@ -75,6 +77,7 @@ void ProgressWindow::DrawBar() {
   const double share = total > 0 ? static_cast<double>(form_->lCur.width()) / total : 0;
   const QRect inside = trough_->contentsRect();
   const int width = static_cast<int>(share * inside.width() + 0.5);
+  pacer_.Hold();
   bar_->setGeometry(inside.x(), inside.y(), std::clamp(width, 0, inside.width()), inside.height());
 }
 

@@ -3,6 +3,7 @@
 
 #include <QWidget>
 
+#include "paint_pacer.h"
 #include "wizard/progress_form.h"
 
 class QFrame;
@@ -13,7 +14,8 @@ namespace tessaly::qt {
 // The small window beside a loop: a trough with the bar (`lCur` as wide,
 // against `lTotal`, as the model says) and the percentage over it. Not
 // modal, no task-bar entry, centred on its owner, no button. It goes when
-// its form is unloaded.
+// its form is unloaded. Its loop moves it after every file: it paints
+// at most every few tens of milliseconds.
 class ProgressWindow : public QWidget {
  public:
   ProgressWindow(fProgress& form, QWidget* owner);
@@ -34,6 +36,7 @@ class ProgressWindow : public QWidget {
   QFrame* trough_;
   QWidget* bar_;
   QLabel* caption_;
+  PaintPacer pacer_{this};
 };
 
 }  // namespace tessaly::qt

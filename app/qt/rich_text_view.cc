@@ -1,5 +1,6 @@
 #include "rich_text_view.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <algorithm>
@@ -25,16 +26,11 @@ QTextCharFormat FormatIn(const Rgb* colour, const QPalette& palette) {
 
 }  // namespace
 
-RichTextView::RichTextView(RichTextBox& box, QWidget* parent) : QPlainTextEdit(parent), box_(box) {
+RichTextView::RichTextView(RichTextBox& box, QWidget* parent)
+    : QPlainTextEdit(parent), box_(box), pacer_(this, [this] { ResumeLayout(); }) {
   setReadOnly(true);
   setUndoRedoEnabled(false);
   setHidden(!box_.visible());
-  paintLater_.setSingleShot(true);
-  connect(&paintLater_, &QTimer::timeout, this, [this] {
-    setUpdatesEnabled(true);
-    sincePaint_.restart();
-  });
-  sincePaint_.start();
   rewrites_ = box_.rewrites() + 1;  // draw in full at the first refresh
   stale_ = true;
   following_ = box_.changed.Connect([this] { MarkStale(); });
@@ -62,21 +58,20 @@ void RichTextView::Refresh() {
   if (box_.rewrites() != rewrites_ || box_.text().size() < drawnBytes_) {
     Restart();
   } else {
-    HoldPainting();
+    HoldLayout();
   }
   ColourNewRuns();
   AppendRest();
 }
 
-void RichTextView::HoldPainting() {
-  constexpr int kPaintEveryMs = 40;
-  if (paintLater_.isActive()) return;
-  if (sincePaint_.elapsed() >= kPaintEveryMs) {
-    sincePaint_.restart();
-    return;
-  }
-  setUpdatesEnabled(false);
-  paintLater_.start(kPaintEveryMs - static_cast<int>(sincePaint_.elapsed()));
+void RichTextView::HoldLayout() {
+  if (pacer_.Hold()) document()->documentLayout()->blockSignals(true);
+}
+
+void RichTextView::ResumeLayout() {
+  QAbstractTextDocumentLayout* layout = document()->documentLayout();
+  if (!layout->blockSignals(false)) return;
+  emit layout->documentSizeChanged(layout->documentSize());
 }
 
 void RichTextView::Restart() {
@@ -143,6 +138,13 @@ void RichTextView::Insert(std::size_t fromByte, std::size_t toByte, std::size_t 
   std::size_t character = fromChar;
   for (std::size_t i = fromByte; i < toByte; ++i) {
     const char byte = text[i];
+    // Printable ASCII, most of any name, shows as itself.
+    if (static_cast<unsigned char>(byte - 0x20) < 0x5f) {
+      piece.push_back(byte);
+      lastWasCr_ = false;
+      ++character;
+      continue;
+    }
     if (text::IsContinuationByte(byte)) {
       piece.push_back(byte);
       continue;

@@ -1,14 +1,13 @@
 #ifndef TESSALY_APP_QT_RICH_TEXT_VIEW_H_
 #define TESSALY_APP_QT_RICH_TEXT_VIEW_H_
 
-#include <QElapsedTimer>
 #include <QPlainTextEdit>
-#include <QTimer>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
 #include "controls/rich_text_box.h"
+#include "paint_pacer.h"
 
 namespace tessaly::qt {
 
@@ -18,7 +17,8 @@ namespace tessaly::qt {
 // refresh follows when the event loop next runs, and none while the view is
 // off screen. A refresh appends what was written behind the end and colours
 // the new runs; only an edit before the end (the box's `rewrites`) draws
-// the whole text anew.
+// the whole text anew. While lines keep coming the text is kept whole, but
+// it is laid out and painted only every few tens of milliseconds.
 class RichTextView : public QPlainTextEdit {
  public:
   RichTextView(RichTextBox& box, QWidget* parent);
@@ -31,10 +31,11 @@ class RichTextView : public QPlainTextEdit {
 
  private:
   void MarkStale();
-  // Painting the box after every line of a long run would cost more than
-  // the run; the text is kept whole at every refresh, but it is painted at
-  // most every few tens of milliseconds while lines keep coming.
-  void HoldPainting();
+  // Laying out each line as it comes, to find the scroll bars' range,
+  // would cost more than the run: while painting waits, the document's
+  // layout keeps its news, and tells them all at once when it resumes.
+  void HoldLayout();
+  void ResumeLayout();
   void Restart();
   // Appends the box's text behind what is drawn, run by run.
   void AppendRest();
@@ -53,8 +54,7 @@ class RichTextView : public QPlainTextEdit {
   // left out. These are the box's positions of the left-out characters.
   std::vector<std::size_t> leftOut_;
   bool lastWasCr_ = false;
-  QElapsedTimer sincePaint_;
-  QTimer paintLater_;
+  PaintPacer pacer_;
   Connection following_;  // last, so it goes first
 };
 

@@ -16,6 +16,7 @@
 #include "controls/readable_colour.h"
 #include "qt_ui.h"
 #include "readable_colour.h"
+#include "rich_text_view.h"
 #include "wizard/layout/windows.h"
 
 namespace tessaly::qt {
@@ -323,6 +324,33 @@ TEST_F(WizardWalkTest, NoToTheOverwriteQuestionKeepsTheTakenFile) {
   auto* log = Find<QPlainTextEdit>("tLog");
   EXPECT_EQ(ColourOf(log, "(Completed - Error Removing Temp"), QColor(0, 0, 0));
   EXPECT_TRUE(log->toPlainText().contains(u"ta\u241bken.txt"));
+}
+
+// A run writes its log a line at a time and lets events run after each;
+// the view lays it out and paints it only every few tens of milliseconds.
+// Once it has painted, it holds and scrolls as a view given the whole
+// text at once.
+TEST(RichTextViewTest, ALogWrittenLineByLineEndsAsOneWrittenAtOnce) {
+  RichTextBox lineByLine;
+  RichTextBox atOnce;
+  QWidget window;
+  auto* followed = new RichTextView(lineByLine, &window);
+  auto* whole = new RichTextView(atOnce, &window);
+  followed->setGeometry(0, 0, 200, 150);
+  whole->setGeometry(200, 0, 200, 150);
+  window.show();
+  // Lines of one width: a wider one, laid out as it is painted, would
+  // tell the scroll bars of itself.
+  for (int i = 0; i < 300; ++i) {
+    lineByLine.SetSelText("a line\r\n");
+    QCoreApplication::processEvents();
+  }
+  atOnce.SetText(lineByLine.text());
+  ASSERT_TRUE(QTest::qWaitFor([&] { return followed->updatesEnabled(); }));
+  Settle();
+  EXPECT_EQ(followed->toPlainText(), whole->toPlainText());
+  EXPECT_GT(whole->verticalScrollBar()->maximum(), 200);
+  EXPECT_EQ(followed->verticalScrollBar()->maximum(), whole->verticalScrollBar()->maximum());
 }
 
 class FilePageTest : public QtWizardTest {
