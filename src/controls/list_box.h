@@ -6,11 +6,11 @@
 #include <functional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
 #include "controls/control.h"
+#include "controls/hash_counts.h"
 
 namespace tessaly {
 
@@ -76,15 +76,18 @@ class ListBox : public Control {
  private:
   struct Row {
     std::string text;
-    // In a sorted list, where keys_ holds the row's sort key: the text
-    // folded as CompareIgnoreCase folds it and encoded so that comparing the
-    // bytes orders as CompareIgnoreCase does.
+    // In a sorted list, where keys_ holds the row's sort key, if ownKey:
+    // the text folded as CompareIgnoreCase folds it and encoded so that
+    // comparing the bytes orders as CompareIgnoreCase does. A text of plain
+    // ASCII, as most paths are, is its own key once its letters are folded
+    // byte by byte, which comparisons do on the way.
     std::uint32_t keyAt = 0;
     std::uint32_t keyLength = 0;
+    std::uint32_t arrival = 0;  // order of adding, to find a row after a merge
     bool checked = false;
     bool selected = false;
     bool removed = false;
-    std::uint64_t arrival = 0;  // order of adding, to find a row after a merge
+    bool ownKey = false;
   };
 
   // Row `index` as the list stands, settling only as far as that needs;
@@ -96,15 +99,22 @@ class ListBox : public Control {
   void Settle() const;
   void DropRemoved() const;
   // How many rows, merged or not, come before `key` (a sort key) in order.
-  std::size_t CountBefore(const std::string& key) const;
+  std::size_t CountBefore(std::string_view key) const;
   // Whether a row has the sort key `key`; removed rows dropped first.
-  bool HoldsKey(const std::string& key) const;
-  std::size_t IndexOfArrival(std::uint64_t arrival) const;
+  bool HoldsKey(std::string_view key) const;
+  std::size_t IndexOfArrival(std::uint32_t arrival) const;
   void MoveToSortedPlace(std::size_t index);
   void Index(const Row& row);
   void Unindex(const Row& row);
   Row MakeRow(std::string text, bool sortKey);
-  std::string_view Key(const Row& row) const { return std::string_view(keys_).substr(row.keyAt, row.keyLength); }
+  // The row's sort key, or its text where that is its key once folded:
+  // either way, compared and hashed with KeyOrder and KeyHash.
+  std::string_view Key(const Row& row) const {
+    return row.ownKey ? std::string_view(keys_).substr(row.keyAt, row.keyLength) : std::string_view(row.text);
+  }
+  bool KeyLess(const Row& a, const Row& b) const;
+  // Counts the sort keys of all rows, the first time a look-up needs them.
+  void CountKeys() const;
   // Counts the key of a row that goes as dropped, and makes keys_ anew once
   // more of it is dropped keys than kept ones.
   void DropKey(const Row& row) const;
@@ -117,21 +127,21 @@ class ListBox : public Control {
   mutable std::size_t firstRemoved_ = 0;  // meaningful while removedCount_ > 0
   mutable int listIndex_ = -1;
   bool sorted_;
-  std::uint64_t arrivals_ = 0;
+  std::uint32_t arrivals_ = 0;
   // The sort keys of all rows, one after the other: a row holds where its
   // own stands rather than a string of its own, for tens of thousands of rows.
   mutable std::string keys_;
   mutable std::size_t droppedKeyBytes_ = 0;
-  std::string keyScratch_;
   std::size_t lastAddedIndex_ = 0;  // for unsorted lists
   std::size_t selectedCount_ = 0;
-  // Hashes of the rows' sort keys (in a sorted list) and of their
-  // same-entry keys, with their counts: most look-ups miss and end there; a
-  // hit is confirmed on the rows, as two keys may share a hash. Hashes, not
-  // copies of the keys: a list holds tens of thousands of rows.
-  std::unordered_map<std::size_t, int> keyHashes_;
+  // Hashes of the rows' sort keys (in a sorted list, once FindExact is
+  // first asked) and of their same-entry keys: most look-ups miss and end
+  // there; a hit is confirmed on the rows, as two keys may share a hash.
+  // Hashes, not copies of the keys: a list holds tens of thousands of rows.
+  mutable HashCounts keyHashes_;
+  mutable bool keysCounted_ = false;
   SameEntryKey sameEntryKey_;
-  std::unordered_map<std::size_t, int> sameKeyHashes_;
+  HashCounts sameKeyHashes_;
 };
 
 }  // namespace tessaly

@@ -1,5 +1,6 @@
 #include "platform/posix/kept_answers.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "platform/posix/path_resolver.h"
@@ -98,17 +99,21 @@ void KeptAnswers::Drop(std::size_t hash) {
 }
 
 void KeptAnswers::Compact() {
-  std::vector<Record> kept;
-  kept.reserve(size());
-  std::string keptBytes;
+  // In place, front to back: a record and its bytes only ever move towards
+  // the front, and no second copy raises the peak of a long run's memory.
+  std::size_t records = 0;
+  std::size_t bytes = 0;
   for (const Record& record : records_) {
     if (record.dropped) continue;
-    kept.push_back(record);
-    kept.back().nameAt = static_cast<std::uint32_t>(keptBytes.size());
-    keptBytes.append(bytes_, record.nameAt, record.nameLength + record.askedLength);
+    Record& moved = records_[records++];
+    moved = record;
+    const std::size_t length = moved.nameLength + moved.askedLength;
+    std::copy_n(bytes_.begin() + moved.nameAt, length, bytes_.begin() + static_cast<std::ptrdiff_t>(bytes));
+    moved.nameAt = static_cast<std::uint32_t>(bytes);
+    bytes += length;
   }
-  records_.swap(kept);
-  bytes_.swap(keptBytes);
+  records_.resize(records);
+  bytes_.resize(bytes);
   dropped_ = 0;
   Rechain(buckets_.size());
 }
@@ -127,9 +132,10 @@ void KeptAnswers::Rechain(std::size_t bucketCount) {
 }
 
 void KeptAnswers::Clear() {
-  records_.clear();
-  bytes_.clear();
-  buckets_.clear();
+  // Emptied to the last byte: the table of a large list is megabytes.
+  std::vector<Record>().swap(records_);
+  std::string().swap(bytes_);
+  std::vector<std::uint32_t>().swap(buckets_);
   shift_ = 32;
   dropped_ = 0;
   folders_.clear();
