@@ -73,8 +73,9 @@ void ListBox::DropRemoved() const {
         static_cast<int>(std::count_if(rows_.begin(), rows_.begin() + listIndex_, isRemoved));
   }
   for (const Row& row : rows_) {
-    if (row.removed) DropKey(row);
+    if (row.removed) CountDropped(row);
   }
+  RepackIfWasteful(nullptr);
   rows_.erase(std::remove_if(rows_.begin(), rows_.end(), isRemoved), rows_.end());
   // A removal merges first, so every removed row stood in the merged part.
   settled_ -= removedCount_;
@@ -134,10 +135,12 @@ std::size_t Hash(std::string_view key) { return std::hash<std::string_view>{}(ke
 
 }  // namespace
 
-ListBox::Row ListBox::MakeRow(std::string text, bool sortKey) {
-  Row row{std::move(text), 0, 0, ++arrivals_, false, false, false, false};
-  if (sortKey && !IsAscii(row.text)) {
-    const std::string key = SortKey(row.text);
+ListBox::Row ListBox::MakeRow(std::string_view text, bool sortKey) {
+  Row row{static_cast<std::uint32_t>(texts_.size()), static_cast<std::uint32_t>(text.size()), 0, 0,
+          ++arrivals_, false, false, false, false};
+  texts_ += text;
+  if (sortKey && !IsAscii(text)) {
+    const std::string key = SortKey(text);
     row.keyAt = static_cast<std::uint32_t>(keys_.size());
     row.keyLength = static_cast<std::uint32_t>(key.size());
     row.ownKey = true;
@@ -146,30 +149,59 @@ ListBox::Row ListBox::MakeRow(std::string text, bool sortKey) {
   return row;
 }
 
-void ListBox::DropKey(const Row& row) const {
-  droppedKeyBytes_ += row.keyLength;
-  if (droppedKeyBytes_ <= keys_.size() / 2) return;
+namespace {
+
+// Copies the bytes that each row but `gone` and the removed ones has in
+// `arena`, where its members `at` and `length` say, to a new arena.
+template <typename Row>
+void Repack(std::vector<Row>& rows, const Row* gone, std::uint32_t Row::*at,
+            std::uint32_t Row::*length, std::string& arena, std::size_t& dropped) {
+  const auto keeps = [gone](const Row& row) { return &row != gone && !row.removed; };
+  std::size_t bytes = 0;
+  for (const Row& row : rows) bytes += keeps(row) ? row.*length : 0;
   std::string kept;
-  for (Row& other : rows_) {
-    if (&other == &row || other.removed || !other.ownKey) continue;
-    const std::string_view key = Key(other);
-    other.keyAt = static_cast<std::uint32_t>(kept.size());
-    kept += key;
+  kept.reserve(bytes);
+  for (Row& row : rows) {
+    if (!keeps(row)) continue;
+    const std::string_view bytes = std::string_view(arena).substr(row.*at, row.*length);
+    row.*at = static_cast<std::uint32_t>(kept.size());
+    kept += bytes;
   }
-  keys_.swap(kept);
-  droppedKeyBytes_ = 0;
+  arena.swap(kept);
+  dropped = 0;
+}
+
+}  // namespace
+
+void ListBox::CountDropped(const Row& row) const {
+  droppedTextBytes_ += row.textLength;
+  droppedKeyBytes_ += row.keyLength;
+}
+
+void ListBox::RepackIfWasteful(const Row* gone) const {
+  if (droppedTextBytes_ > texts_.size() / 2) {
+    Repack(rows_, gone, &Row::textAt, &Row::textLength, texts_, droppedTextBytes_);
+  }
+  if (droppedKeyBytes_ > keys_.size() / 2) {
+    Repack(rows_, gone, &Row::keyAt, &Row::keyLength, keys_, droppedKeyBytes_);
+  }
+}
+
+void ListBox::Reserve(std::size_t rows, std::size_t textBytes) {
+  rows_.reserve(rows_.size() + rows);
+  texts_.reserve(texts_.size() + textBytes);
 }
 
 void ListBox::Index(const Row& row) {
   if (keysCounted_) keyHashes_.Add(KeyHash(Key(row)));
   // Made afresh rather than kept in the row: a row is indexed and
   // unindexed about once, and the key is often the text itself.
-  if (sameEntryKey_) sameKeyHashes_.Add(Hash(sameEntryKey_(row.text)));
+  if (sameEntryKey_) sameKeyHashes_.Add(Hash(sameEntryKey_(Text(row))));
 }
 
 void ListBox::Unindex(const Row& row) {
   if (keysCounted_) keyHashes_.Remove(KeyHash(Key(row)));
-  if (sameEntryKey_) sameKeyHashes_.Remove(Hash(sameEntryKey_(row.text)));
+  if (sameEntryKey_) sameKeyHashes_.Remove(Hash(sameEntryKey_(Text(row))));
 }
 
 void ListBox::CountKeys() const {
@@ -185,7 +217,7 @@ bool ListBox::HoldsSameEntry(std::string_view text) const {
   const std::string key = sameEntryKey_(text);
   if (!sameKeyHashes_.Contains(Hash(key))) return false;
   DropRemoved();
-  const auto same = [&](const Row& row) { return sameEntryKey_(row.text) == key; };
+  const auto same = [&](const Row& row) { return sameEntryKey_(Text(row)) == key; };
   if (sorted_) {
     // Where the same entry mostly stands: among the rows equal to the text
     // ignoring case, merged or waiting.
@@ -211,9 +243,12 @@ void ListBox::SetList(std::size_t index, std::string text) {
   Settle();
   Row& row = rows_.at(index);
   Unindex(row);
-  DropKey(row);  // before the new key goes in, which a tidying would not move
-  Row fresh = MakeRow(std::move(text), sorted_);
-  row.text = std::move(fresh.text);
+  // Before the new bytes go in, which a tidying would not move.
+  CountDropped(row);
+  RepackIfWasteful(&row);
+  const Row fresh = MakeRow(text, sorted_);
+  row.textAt = fresh.textAt;
+  row.textLength = fresh.textLength;
   row.keyAt = fresh.keyAt;
   row.keyLength = fresh.keyLength;
   row.ownKey = fresh.ownKey;
@@ -225,7 +260,7 @@ void ListBox::SetList(std::size_t index, std::string text) {
 
 void ListBox::AddItem(std::string text) {
   if (!sorted_) Settle();  // so that the new row's index is final
-  rows_.push_back(MakeRow(std::move(text), sorted_));
+  rows_.push_back(MakeRow(text, sorted_));
   Index(rows_.back());
   if (!sorted_) settled_ = rows_.size();
   lastAddedIndex_ = rows_.size() - 1;
@@ -242,7 +277,7 @@ void ListBox::AddItemAt(std::string text, std::size_t index) {
   if (sorted_ || index > ListCount()) return;
   Settle();
   const auto at = rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(index),
-                               MakeRow(std::move(text), false));
+                               MakeRow(text, false));
   Index(*at);
   settled_ = rows_.size();
   lastAddedIndex_ = index;
@@ -271,6 +306,10 @@ void ListBox::Clear() {
   selectedCount_ = 0;
   keyHashes_.Clear();
   keysCounted_ = false;
+  // Its room kept, as the rows' is: a list cleared is mostly filled again
+  // with about as much, as the preview is.
+  texts_.clear();
+  droppedTextBytes_ = 0;
   std::string().swap(keys_);
   droppedKeyBytes_ = 0;
   sameKeyHashes_.Clear();
@@ -282,7 +321,7 @@ int ListBox::FindExact(std::string_view key) const {
   if (!sorted_) {
     DropRemoved();
     for (std::size_t i = 0; i < rows_.size(); ++i) {
-      if (text::CompareIgnoreCase(rows_[i].text, key) == 0) return static_cast<int>(i);
+      if (text::CompareIgnoreCase(Text(rows_[i]), key) == 0) return static_cast<int>(i);
     }
     return -1;
   }

@@ -25,12 +25,17 @@ namespace tessaly {
 // in place at once would give. Likewise removed rows are only marked, and
 // dropped together when an index behind one of them is asked for, so that
 // removing the selected rows from the last one up takes one pass.
+//
+// The rows' texts stand one after the other in one buffer, as do their sort
+// keys: a list holds tens of thousands of paths, and a string of its own
+// for each cost a third more memory.
 class ListBox : public Control {
  public:
   explicit ListBox(bool sorted = false) : sorted_(sorted) {}
 
   std::size_t ListCount() const { return rows_.size() - removedCount_; }
-  const std::string& List(std::size_t index) const { return At(index).text; }
+  // Valid until the list next changes.
+  std::string_view List(std::size_t index) const { return Text(At(index)); }
   // Replaces the text of row `index`; in a sorted list the row then moves to
   // its sorted place (after rows equal to it ignoring case).
   void SetList(std::size_t index, std::string text);
@@ -44,6 +49,10 @@ class ListBox : public Control {
   void AddItemAt(std::string text, std::size_t index);
   void RemoveItem(std::size_t index);
   void Clear();
+  // Makes room for `rows` more rows with `textBytes` bytes of text in all,
+  // where a caller knows what is coming: a list grown by doubling leaves
+  // its old room behind.
+  void Reserve(std::size_t rows, std::size_t textBytes);
 
   // The first row equal to `key` ignoring case, or -1.
   int FindExact(std::string_view key) const;
@@ -75,7 +84,8 @@ class ListBox : public Control {
 
  private:
   struct Row {
-    std::string text;
+    std::uint32_t textAt = 0;  // in texts_
+    std::uint32_t textLength = 0;
     // In a sorted list, where keys_ holds the row's sort key, if ownKey:
     // the text folded as CompareIgnoreCase folds it and encoded so that
     // comparing the bytes orders as CompareIgnoreCase does. A text of plain
@@ -106,18 +116,23 @@ class ListBox : public Control {
   void MoveToSortedPlace(std::size_t index);
   void Index(const Row& row);
   void Unindex(const Row& row);
-  Row MakeRow(std::string text, bool sortKey);
+  Row MakeRow(std::string_view text, bool sortKey);
+  std::string_view Text(const Row& row) const {
+    return std::string_view(texts_).substr(row.textAt, row.textLength);
+  }
   // The row's sort key, or its text where that is its key once folded:
   // either way, compared and hashed with KeyOrder and KeyHash.
   std::string_view Key(const Row& row) const {
-    return row.ownKey ? std::string_view(keys_).substr(row.keyAt, row.keyLength) : std::string_view(row.text);
+    return row.ownKey ? std::string_view(keys_).substr(row.keyAt, row.keyLength) : Text(row);
   }
   bool KeyLess(const Row& a, const Row& b) const;
   // Counts the sort keys of all rows, the first time a look-up needs them.
   void CountKeys() const;
-  // Counts the key of a row that goes as dropped, and makes keys_ anew once
-  // more of it is dropped keys than kept ones.
-  void DropKey(const Row& row) const;
+  // Counts the text and key of a row that goes as dropped.
+  void CountDropped(const Row& row) const;
+  // Makes texts_ or keys_ anew, without the bytes of `gone` and of removed
+  // rows, once more of it is dropped bytes than kept ones.
+  void RepackIfWasteful(const Row* gone) const;
 
   // Until settled, removed rows still stand in rows_, all of them at or
   // behind firstRemoved_, and listIndex_ counts them.
@@ -128,8 +143,8 @@ class ListBox : public Control {
   mutable int listIndex_ = -1;
   bool sorted_;
   std::uint32_t arrivals_ = 0;
-  // The sort keys of all rows, one after the other: a row holds where its
-  // own stands rather than a string of its own, for tens of thousands of rows.
+  mutable std::string texts_;
+  mutable std::size_t droppedTextBytes_ = 0;
   mutable std::string keys_;
   mutable std::size_t droppedKeyBytes_ = 0;
   std::size_t lastAddedIndex_ = 0;  // for unsorted lists
