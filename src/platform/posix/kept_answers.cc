@@ -33,7 +33,7 @@ std::uint32_t KeptAnswers::Find(std::size_t hash, std::string_view asked) const 
 bool KeptAnswers::Answers(std::uint32_t index, std::string_view asked) const {
   const Record& record = records_[index];
   if (record.askedLength != 0) {
-    return asked == std::string_view(bytes_).substr(record.nameAt + record.nameLength, record.askedLength);
+    return asked == std::string_view(bytes_.begin() + record.nameAt + record.nameLength, record.askedLength);
   }
   const std::string& folder = folders_[record.folder];
   return asked.size() == folder.size() + record.nameLength && asked.starts_with(folder) &&
@@ -75,8 +75,8 @@ std::uint32_t KeptAnswers::Keep(std::size_t hash, std::string_view asked, const 
                             static_cast<std::uint16_t>(name.size()),
                             static_cast<std::uint16_t>(askedOther ? asked.size() : 0),
                             static_cast<std::uint8_t>(answer.state), false});
-  bytes_ += name;
-  if (askedOther) bytes_ += asked;
+  bytes_.Append(name.data(), name.size());
+  if (askedOther) bytes_.Append(asked.data(), asked.size());
   head = index;
   return index;
 }
@@ -100,7 +100,8 @@ void KeptAnswers::Drop(std::size_t hash) {
 
 void KeptAnswers::Compact() {
   // In place, front to back: a record and its bytes only ever move towards
-  // the front, and no second copy raises the peak of a long run's memory.
+  // the front, and no second copy raises the peak of a long run's memory;
+  // the room behind goes back.
   std::size_t records = 0;
   std::size_t bytes = 0;
   for (const Record& record : records_) {
@@ -108,12 +109,12 @@ void KeptAnswers::Compact() {
     Record& moved = records_[records++];
     moved = record;
     const std::size_t length = moved.nameLength + moved.askedLength;
-    std::copy_n(bytes_.begin() + moved.nameAt, length, bytes_.begin() + static_cast<std::ptrdiff_t>(bytes));
+    std::copy_n(bytes_.begin() + moved.nameAt, length, bytes_.begin() + bytes);
     moved.nameAt = static_cast<std::uint32_t>(bytes);
     bytes += length;
   }
-  records_.resize(records);
-  bytes_.resize(bytes);
+  records_.Truncate(records);
+  bytes_.Truncate(bytes);
   dropped_ = 0;
   Rechain(buckets_.size());
 }
@@ -133,8 +134,8 @@ void KeptAnswers::Rechain(std::size_t bucketCount) {
 
 void KeptAnswers::Clear() {
   // Emptied to the last byte: the table of a large list is megabytes.
-  std::vector<Record>().swap(records_);
-  std::string().swap(bytes_);
+  records_.Clear();
+  bytes_.Clear();
   std::vector<std::uint32_t>().swap(buckets_);
   shift_ = 32;
   dropped_ = 0;
