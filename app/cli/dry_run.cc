@@ -24,7 +24,7 @@ std::vector<PlannedRename> PlanRenames(const ListBox& oldPaths, const ListBox& n
   std::vector<PlannedRename> plan;
   std::unordered_map<std::string, int> newNames;
   for (std::size_t i = 0; i < newPaths.ListCount() && i < oldPaths.ListCount(); ++i) {
-    plan.push_back({oldPaths.List(i), newPaths.List(i), false});
+    plan.push_back({std::string(oldPaths.List(i)), std::string(newPaths.List(i)), false});
     ++newNames[files.SameNameKey(newPaths.List(i))];
   }
   for (PlannedRename& rename : plan) {

@@ -14,6 +14,7 @@
 
 #include "cli_options.h"
 #include "machine_wizard.h"
+#include "platform/machine.h"
 #include "read_only_registry.h"
 #include "terminal.h"
 #include "terminal_ui.h"
@@ -99,6 +100,8 @@ int RunWizard(cli::WizardInput input, const cli::Request& request, const StopReq
 }  // namespace
 
 int main(int argc, char** argv) {
+  // The list, the preview and the log of a large folder are megabytes each.
+  machine::ReturnLargeBlocksWhenFreed();
   // A long log goes out faster without keeping step with C stdio.
   std::ios::sync_with_stdio(false);
   std::optional<cli::Request> request = cli::ReadRequest(argc, argv);

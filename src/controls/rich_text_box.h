@@ -36,9 +36,13 @@ class RichTextBox : public Control {
   // Replaces the whole text; colours go, the insertion point goes to 0.
   void SetText(std::string text);
   std::size_t Length() const { return length_; }
-  // Makes room for a text of `bytes` bytes, so that a long text written
-  // line by line is not moved as it grows.
-  void Reserve(std::size_t bytes) { text_.reserve(bytes); }
+  // Makes room for a text of `bytes` bytes with `runs` coloured runs, so
+  // that a long text written line by line is not moved as it grows: for a
+  // moment, a move holds the old room and the new.
+  void Reserve(std::size_t bytes, std::size_t runs = 0) {
+    text_.reserve(bytes);
+    spans_.reserve(runs);
+  }
 
   std::size_t selStart() const { return selStart_; }
   std::size_t selLength() const { return selLength_; }

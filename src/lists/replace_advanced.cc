@@ -60,7 +60,7 @@ void fReplaceAdvanced::LoadValues() {
 void fReplaceAdvanced::LoadPreviewList() {
   lstReplace.Clear();
   for (std::size_t i = 0; i < lNorm.ListCount(); ++i) {
-    lstReplace.AddItem(lNorm.List(i) + std::string(kPairMark) + lNew.List(i));
+    lstReplace.AddItem(std::string(lNorm.List(i)).append(kPairMark).append(lNew.List(i)));
     lstReplace.SetChecked(i, lNorm.Checked(i));
   }
 }
@@ -68,7 +68,7 @@ void fReplaceAdvanced::LoadPreviewList() {
 void fReplaceAdvanced::SaveValues() {
   std::vector<StoredRow> rows;
   for (std::size_t i = 0; i < lstReplace.ListCount(); ++i) {
-    rows.push_back({lstReplace.List(i), lstReplace.Checked(i)});
+    rows.push_back({std::string(lstReplace.List(i)), lstReplace.Checked(i)});
   }
   store_.SaveProgramSetting(kSection, kValueName, SettingValue::FromText(FormatStoredRows(rows)));
 }
@@ -76,7 +76,7 @@ void fReplaceAdvanced::SaveValues() {
 std::vector<ReplaceEntry> fReplaceAdvanced::Rows() const {
   std::vector<ReplaceEntry> rows;
   for (std::size_t i = 0; i < lNorm.ListCount(); ++i) {
-    rows.push_back({lNorm.List(i), lNew.List(i), lNorm.Checked(i)});
+    rows.push_back({std::string(lNorm.List(i)), std::string(lNew.List(i)), lNorm.Checked(i)});
   }
   return rows;
 }

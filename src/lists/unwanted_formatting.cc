@@ -50,7 +50,7 @@ void fUnwantedFormatting::LoadValues() {
 void fUnwantedFormatting::SaveValues() {
   std::vector<StoredRow> rows;
   for (std::size_t i = 0; i < lstRemove.ListCount(); ++i) {
-    rows.push_back({lstRemove.List(i), lstRemove.Checked(i)});
+    rows.push_back({std::string(lstRemove.List(i)), lstRemove.Checked(i)});
   }
   store_.SaveProgramSetting(kSection, kValueName, SettingValue::FromText(FormatStoredRows(rows)));
 }
@@ -58,7 +58,7 @@ void fUnwantedFormatting::SaveValues() {
 std::vector<FormattingEntry> fUnwantedFormatting::Rows() const {
   std::vector<FormattingEntry> rows;
   for (std::size_t i = 0; i < lstRemove.ListCount(); ++i) {
-    rows.push_back({lstRemove.List(i), lstRemove.Checked(i)});
+    rows.push_back({std::string(lstRemove.List(i)), lstRemove.Checked(i)});
   }
   return rows;
 }
@@ -90,7 +90,7 @@ void fUnwantedFormatting::cmdRemove_Click() {
 
 void fUnwantedFormatting::lstRemove_Click() {
   const int row = lstRemove.ListIndex();
-  if (row >= 0) txtEdit.SetText(lstRemove.List(static_cast<std::size_t>(row)));
+  if (row >= 0) txtEdit.SetText(std::string(lstRemove.List(static_cast<std::size_t>(row))));
 }
 
 void fUnwantedFormatting::txtEdit_GotFocus() {

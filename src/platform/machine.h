@@ -64,6 +64,13 @@ std::string ModelPath(std::string_view nativePath);
 // against the current folder, in model form.
 std::string AbsolutePath(std::string_view name);
 
+// Lets blocks of memory past a modest size go back to the system as soon
+// as they are freed, for a program that holds a few buffers of megabytes,
+// each made and freed about once. (glibc otherwise raises that size past
+// each large block freed, and keeps the next ones in its heap for reuse,
+// resident long after.) Call it first, before anything is allocated.
+void ReturnLargeBlocksWhenFreed();
+
 // The longest path the system takes, in bytes (PATH_MAX on POSIX): no
 // name in a list of files can be longer.
 std::size_t LongestPath();

@@ -114,9 +114,10 @@ void ChangeLog::WriteHead(std::size_t fileCount, long boxWidth) {
   head += kLineEnd;
   head += words_.heading + std::string(kLineEnd);
   box_.SetText(std::move(head));
-  // Room for the lines of a usual log; room not written to costs no memory.
+  // Room for the lines of a usual log, each in its colour; room not
+  // written to costs no memory.
   constexpr std::size_t kLineBytes = 160;
-  box_.Reserve(box_.text().size() + fileCount * kLineBytes);
+  box_.Reserve(box_.text().size() + fileCount * kLineBytes, box_.spans().size() + fileCount);
   box_.SetSelStart(box_.Length());
 }
 

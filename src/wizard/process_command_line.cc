@@ -17,6 +17,10 @@ void fTessaly::ProcessCommandLine() {
   givenFiles_ = std::vector<std::string>();
   if (paths) {
     refusedForLimit_ = 0;
+    // Mostly files, each a row: room for them all at once.
+    std::size_t bytes = 0;
+    for (const std::string& path : *paths) bytes += path.size();
+    lstFiles.Reserve(paths->size(), bytes);
     for (const std::string& path : *paths) AddGivenPath(path);
     paths.reset();
     FinishAdding();

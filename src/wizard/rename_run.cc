@@ -83,6 +83,7 @@ void fTessaly::RunRenames() {
   stopped_ = false;
   if (ended_ || lstFiles.ListCount() == 0) return;
   const auto n = static_cast<std::int32_t>(lstFiles.ListCount());
+  lstFilesC.Reserve(static_cast<std::size_t>(n), NewPathBytes());
   stepRunning_ = true;
   OpenProgress(kRunProgressCaption);
   ChangeLog log(tLog, services_.clock, services_.locale, services_.fileSystem);
@@ -100,10 +101,10 @@ void fTessaly::RunRenames() {
     stopped_ = services_.stops != nullptr && services_.stops->Requested();
     if (stopped_) break;
     // Copies: the list may change while events run.
-    std::string oldPath = lstFiles.List(i);
+    std::string oldPath(lstFiles.List(i));
     journalFile_ = i;
     lstFilesC.AddItem(Convert(oldPath));
-    std::string newPath = lstFilesC.List(lstFilesC.ListCount() - 1);
+    std::string newPath(lstFilesC.List(lstFilesC.ListCount() - 1));
     const Outcome outcome = RenameOneFile(oldPath, newPath);
     if (ended_) break;
     counters.Count(outcome);

@@ -27,6 +27,13 @@ void fTessaly::CloseProgress(std::int32_t total) {
   progress_.reset();
 }
 
+std::size_t fTessaly::NewPathBytes() const {
+  // New paths are about as long as old ones: room for them all at once.
+  std::size_t bytes = 0;
+  for (std::size_t i = 0; i < lstFiles.ListCount(); ++i) bytes += lstFiles.List(i).size() * 5 / 4;
+  return bytes;
+}
+
 void fTessaly::BuildPreview() {
   ClearResults();
   if (ended_ || lstFiles.ListCount() == 0) return;
@@ -34,10 +41,9 @@ void fTessaly::BuildPreview() {
   stepRunning_ = true;
   OpenProgress(kPreviewProgressCaption);
   tOutput.SetText("Rename Files Preview:" + std::string(kLineEnd));
-  // New paths are about as long as old ones: room for them all at once.
-  std::size_t bytes = tOutput.text().size();
-  for (std::int32_t i = 0; i < n; ++i) bytes += lstFiles.List(i).size() * 5 / 4 + 8;
-  tOutput.Reserve(bytes);
+  const std::size_t newBytes = NewPathBytes();
+  lstFilesC.Reserve(static_cast<std::size_t>(n), newBytes);
+  tOutput.Reserve(tOutput.text().size() + newBytes + static_cast<std::size_t>(n) * 8);
   tOutput.SetSelStart(tOutput.Length());
   progress_->start(0, n);
   serial_ = 0;

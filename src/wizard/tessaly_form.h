@@ -185,6 +185,8 @@ class fTessaly : public Form {
   void EnterStep(std::int32_t index);
   void FillPlacements();
   void BuildPreview();
+  // Room enough for the new paths of every listed file, about.
+  std::size_t NewPathBytes() const;
   void RunRenames();
   bool RunCanBeUndone() const;
   Outcome RenameOneFile(const std::string& oldPath, const std::string& newPath);

@@ -76,7 +76,7 @@ TEST(DirectoryWalk, LinksToFoldersAreFollowedOnceAndLoopsEnd) {
 
 std::vector<std::string> Texts(const ListBox& list) {
   std::vector<std::string> texts;
-  for (std::size_t i = 0; i < list.ListCount(); ++i) texts.push_back(list.List(i));
+  for (std::size_t i = 0; i < list.ListCount(); ++i) texts.emplace_back(list.List(i));
   return texts;
 }
 

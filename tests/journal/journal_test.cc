@@ -151,7 +151,7 @@ TEST_F(UndoTest, EachFileGoesBackOnlyIfItIsStillTheFileTheRunMoved) {
     }
     if (row.then == 'F') files.FailNextRename();
     Run(row.listed, row.newName, row.yes);
-    const std::string& moved = world.form->lstFilesC.List(0);
+    const std::string moved(world.form->lstFilesC.List(0));
     if (row.then == 'T') files.SetContents(row.listed[0], "theirs");
     if (row.then == 'W') files.SetContents(moved, "changed");
     if (row.then == 'R') files.Remove(moved);

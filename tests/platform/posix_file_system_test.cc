@@ -18,6 +18,7 @@
 
 #include "file_system_backends.h"
 #include "platform/posix/cross_device_move.h"
+#include "platform/posix/kept_answers.h"
 #include "platform/posix/native_path.h"
 #include "platform/posix/no_replace_rename.h"
 #include "platform/posix/posix_file_system.h"
@@ -181,6 +182,41 @@ TEST_F(PosixFileSystemTest, KeptAnswersAreForgottenOnRequestButAReplacedFolderIs
   EXPECT_FALSE(fs_.Rename(Model("Run\\b"), Model("Run\\c")));
   EXPECT_THAT(NamesIn(Native("Run")), ElementsAre("b"));
   EXPECT_THAT(NamesIn(Native("Old")), ElementsAre("a", "b"));
+}
+
+// The packed table of answers gives back what it kept through the drops
+// that move the rest together and the growth that rechains them, the path
+// asked for apart from the answer's own included.
+TEST(KeptAnswers, GiveBackWhatTheyKeptThroughDropsAndGrowth) {
+  KeptAnswers kept;
+  const auto answerFor = [](int i) {
+    ResolvedPath answer;
+    answer.state = i % 3 == 0 ? ResolvedPath::State::kMissing : ResolvedPath::State::kFound;
+    answer.native = (i % 2 == 0 ? "/a/Folder/" : "other/") + std::to_string(i) + ".txt";
+    answer.info.st_nlink = static_cast<std::uint32_t>(i);
+    return answer;
+  };
+  // Every fifth is asked for under another spelling of its folder.
+  const auto asked = [&](int i) {
+    const std::string native = answerFor(i).native;
+    return i % 5 == 0 ? "/A/FOLDER/" + native.substr(native.find_last_of('/') + 1) : native;
+  };
+  const auto hash = [](int i) { return static_cast<std::size_t>(i) * 0x9E3779B97F4A7C15u; };
+  for (int i = 0; i < 600; ++i) kept.Keep(hash(i), asked(i), answerFor(i));
+  for (int i = 0; i < 600; i += 3) kept.Drop(hash(i));
+  for (int i = 1; i < 600; i += 3) kept.Drop(hash(i));
+  ASSERT_EQ(kept.size(), 200u);
+  for (int i = 600; i < 700; ++i) kept.Keep(hash(i), asked(i), answerFor(i));
+  for (int i = 0; i < 700; ++i) {
+    const std::uint32_t index = kept.Find(hash(i), asked(i));
+    ASSERT_EQ(index == KeptAnswers::kNone, i < 600 && i % 3 != 2) << i;
+    if (index == KeptAnswers::kNone) continue;
+    ResolvedPath answer;
+    kept.Recall(index, answer);
+    EXPECT_EQ(answer.native, answerFor(i).native);
+    EXPECT_EQ(answer.state, answerFor(i).state);
+    EXPECT_EQ(answer.info.st_nlink, static_cast<std::uint32_t>(i));
+  }
 }
 
 // Moving out of one held folder into a third one must not let go of the

@@ -2,6 +2,9 @@
 #include "platform/machine.h"
 
 #include <limits.h>
+#if defined(__GLIBC__)
+#include <malloc.h>
+#endif
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -63,6 +66,13 @@ std::string NativePath(std::string_view modelPath) { return ToNativePath(modelPa
 std::string ModelPath(std::string_view nativePath) { return ToModelPath(nativePath); }
 
 std::string AbsolutePath(std::string_view name) { return PosixWorkingFolder().Absolute(name); }
+
+void ReturnLargeBlocksWhenFreed() {
+#if defined(__GLIBC__)
+  // glibc's own starting size, now fixed: setting it stops the raising.
+  mallopt(M_MMAP_THRESHOLD, 128 * 1024);
+#endif
+}
 
 std::size_t LongestPath() { return PATH_MAX; }
 

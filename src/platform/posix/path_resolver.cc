@@ -93,28 +93,36 @@ const ResolvedPath& PathResolver::Resolve(std::string_view path) {
     unkept_ = {};
     return unkept_;
   }
-  for (const NameAnswer* recent : recent_) {
-    if (recent != nullptr && recent->Answers(path)) return recent->answer;
+  for (const std::uint32_t recent : recent_) {
+    if (recent != KeptAnswers::kNone && names_.Answers(recent, path)) return Give(recent);
   }
   const std::size_t hash = NameHash(path);
-  const auto [first, last] = names_.equal_range(hash);
-  for (auto kept = first; kept != last; ++kept) {
-    if (kept->second.Answers(path)) return Recall(kept->second);
-  }
+  const std::uint32_t kept = names_.Find(hash, path);
+  if (kept != KeptAnswers::kNone) return Recall(kept);
   Look(path, unkept_);
   if (unkept_.state == State::kFound && S_ISLNK(unkept_.info.st_mode)) return unkept_;
   if (names_.size() >= kMaxAnswers) {
-    names_.clear();
+    names_.Clear();
     ForgetRecent();
   }
-  std::string otherAsked = unkept_.native == path ? std::string() : std::string(path);
-  return Recall(names_.emplace(hash, NameAnswer{std::move(otherAsked), std::move(unkept_)})->second);
+  const std::uint32_t index = names_.Keep(hash, path, unkept_);
+  if (index == KeptAnswers::kNone) return unkept_;
+  // The answer just made is the one to give: no need to make it again.
+  std::swap(answer_, unkept_);
+  recalled_ = index;
+  return Recall(index);
 }
 
-const ResolvedPath& PathResolver::Recall(NameAnswer& kept) {
-  recent_[nextRecent_] = &kept;
+const ResolvedPath& PathResolver::Recall(std::uint32_t index) {
+  recent_[nextRecent_] = index;
   nextRecent_ = (nextRecent_ + 1) % recent_.size();
-  return kept.answer;
+  return Give(index);
+}
+
+const ResolvedPath& PathResolver::Give(std::uint32_t index) {
+  if (recalled_ != index) names_.Recall(index, answer_);
+  recalled_ = index;
+  return answer_;
 }
 
 void PathResolver::Look(std::string_view native, ResolvedPath& answer) {
@@ -192,13 +200,13 @@ PathResolver::FolderAnswer PathResolver::LookForFolder(const std::string& native
 
 void PathResolver::NoteChanged(std::string_view native) {
   ForgetRecent();
-  names_.erase(NameHash(WithoutClosingSlashes(native)));
+  names_.Drop(NameHash(WithoutClosingSlashes(native)));
 }
 
 void PathResolver::Forget() {
   ForgetRecent();
   held_.Release();
-  names_.clear();
+  names_.Clear();
   ForgetFolders();
 }
 

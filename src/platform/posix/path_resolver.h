@@ -4,11 +4,13 @@
 #include <sys/stat.h>
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 
 #include "platform/posix/held_folders.h"
+#include "platform/posix/kept_answers.h"
 #include "platform/posix/posix_attributes.h"
 
 namespace tessaly {
@@ -66,37 +68,31 @@ class PathResolver {
     bool usable = false;
     std::string resolved;
   };
-  struct NameAnswer {
-    // The exact path; empty where it is answer.native, as it mostly is: a
-    // list of many files keeps an answer for each.
-    std::string otherAsked;
-    ResolvedPath answer;
-    bool Answers(std::string_view path) const {
-      return (otherAsked.empty() ? answer.native : otherAsked) == path;
-    }
-  };
-  // The hash of a value's key is the key itself.
-  struct SameNumber {
-    std::size_t operator()(std::size_t number) const { return number; }
-  };
-
   void Look(std::string_view native, ResolvedPath& answer);
   void LookIn(const std::string& folder, std::string_view name, ResolvedPath& answer);
   FolderAnswer LookForFolder(const std::string& native);
-  const ResolvedPath& Recall(NameAnswer& kept);
-  void ForgetRecent() { recent_.fill(nullptr); }
+  // Gives kept answer `index`, noted as recent.
+  const ResolvedPath& Recall(std::uint32_t index);
+  const ResolvedPath& Give(std::uint32_t index);
+  void ForgetRecent() {
+    recent_.fill(KeptAnswers::kNone);
+    recalled_ = KeptAnswers::kNone;
+  }
   void ForgetFolders();
 
   // By a hash of the name ignoring letter case, so that a change drops
   // every spelling of the name together, as a case-folding disk may share
   // them; each spelling keeps its own answer.
-  std::unordered_multimap<std::size_t, NameAnswer, SameNumber> names_;
+  KeptAnswers names_;
   // The last few answers given: a run asks about the same two or three
   // paths several times for each file, and a comparison is cheaper than a
-  // hash and a walk through a large table. Nodes of names_ stay where they
-  // are until erased, and every erase empties this.
-  std::array<const NameAnswer*, 4> recent_{};
+  // hash and a walk through a large table. Every drop empties this.
+  std::array<std::uint32_t, 4> recent_ = {KeptAnswers::kNone, KeptAnswers::kNone,
+                                          KeptAnswers::kNone, KeptAnswers::kNone};
   std::size_t nextRecent_ = 0;
+  // The kept answer last given, as given; kNone once it may have changed.
+  ResolvedPath answer_;
+  std::uint32_t recalled_ = KeptAnswers::kNone;
   ResolvedPath unkept_;  // the answer about a link, or an empty path
   std::unordered_map<std::string, FolderAnswer> folders_;  // by the path asked for
   const std::pair<const std::string, FolderAnswer>* lastFolder_ = nullptr;  // in folders_

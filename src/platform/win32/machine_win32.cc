@@ -58,6 +58,9 @@ std::string ModelPath(std::string_view nativePath) { return std::string(nativePa
 std::string AbsolutePath(std::string_view name) { return FullPathOf(name); }
 
 // 32,767 UTF-16 units, each at most three bytes of UTF-8.
+// The Windows heap hands large blocks back to the system by itself.
+void ReturnLargeBlocksWhenFreed() {}
+
 std::size_t LongestPath() { return 3 * 32767; }
 
 bool PathTooLong(std::string_view modelPath) {
