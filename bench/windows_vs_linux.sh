@@ -8,10 +8,11 @@
 # up); each program's own start stays in its time. Prints both times and
 # the ratio Windows/Linux. Under Wine a name that is not on the disk
 # exactly as written is looked for ignoring case by reading the whole
-# folder, and the wizard looks up some twenty such names per file, so the
-# Windows time grows with the square of the folder's size: 51 s for 4,000
-# files, 218 s for 8,192 and 3,732 s for 32,767 on a 2-core machine
-# (Windows itself looks names up in the volume's index).
+# folder. Windows folds letter case, so lower-casing takes each file
+# through its temporary name: two renames onto names not yet on the disk,
+# and Wine reads the folder for each, whatever the program asks. So the
+# Windows time grows with the square of the folder's size (Windows itself
+# looks names up in the volume's index).
 #   bash bench/windows_vs_linux.sh [COUNT]
 set -euo pipefail
 cd "$(dirname "$0")/.."
