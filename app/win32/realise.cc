@@ -163,41 +163,59 @@ HWND Realiser::MakeProgress(const layout::Item& item, HWND parent, Node& node) {
   named_[item.name] = bar;
   Label& total = ModelOf<Label>(item);
   Label& current = ModelOf<Label>(item.children.at(0));
-  // In the bar's own pixels, and only when one changes: the system draws
-  // the bar at once on each change of its position.
-  const auto draw = [bar, &total, &current] {
-    RECT box{};
-    GetClientRect(bar, &box);
-    const int pixels = std::max<int>(box.right - box.left, 1);
-    const int reach = total.width() > 0 ? MulDiv(current.width(), pixels, total.width()) : 0;
-    if (SendMessageW(bar, PBM_GETRANGE, FALSE, 0) != pixels) SendMessageW(bar, PBM_SETRANGE32, 0, pixels);
-    if (SendMessageW(bar, PBM_GETPOS, 0, 0) != reach) SendMessageW(bar, PBM_SETPOS, reach, 0);
-  };
-  Follow(total.changed, host_, draw);
-  Follow(current.changed, host_, draw);
   const layout::Item& text = item.children.at(1);
   named_[text.name] = bar;
   Label& percentage = ModelOf<Label>(text);
-  // The percentage moves by a hundredth, up to once a file: it is shown
-  // when the waiting messages next run, not a server call and a repaint
-  // for every file.
-  // The text is taken now: the form may be gone by then.
+  // The bar and its percentage move up to once a file. Each change of the
+  // bar's position makes the system draw it at once, and each question
+  // put to it costs a server call under Wine; so what they show is taken
+  // from the models now (the form may be gone later) and shown when the
+  // waiting messages next run, in the bar's own pixels, only where it
+  // differs from what the bar was last told.
   struct Shown {
+    int width = 1;
+    int done = 0;
+    int whole = 0;
     std::string text;
+    LRESULT pixels = -1;
+    LRESULT reach = -1;
     bool pending = false;
   };
-  auto shown = std::make_shared<Shown>();
-  Follow(percentage.changed, host_, [bar, &percentage, shown, &host = host_] {
+  const auto shown = std::make_shared<Shown>();
+  RECT box{};
+  GetClientRect(bar, &box);
+  shown->width = std::max<int>(box.right - box.left, 1);
+  const auto place = [bar, shown] {
+    const int reach = shown->whole > 0 ? MulDiv(shown->done, shown->width, shown->whole) : 0;
+    if (shown->pixels != shown->width) {
+      shown->pixels = shown->width;
+      SendMessageW(bar, PBM_SETRANGE32, 0, shown->width);
+    }
+    if (shown->reach != reach) {
+      shown->reach = reach;
+      SendMessageW(bar, PBM_SETPOS, reach, 0);
+    }
+  };
+  const auto changed = [bar, &total, &current, &percentage, shown, place, &host = host_] {
+    shown->done = current.width();
+    shown->whole = total.width();
     shown->text = percentage.caption();
     if (shown->pending) return;
     shown->pending = true;
-    host.Later([bar, shown] {
+    host.Later([bar, shown, place] {
       shown->pending = false;
+      place();
       SetWindowTextIfOther(bar, Widen(shown->text));
       InvalidateRect(bar, nullptr, FALSE);
     });
-  });
-  AddToProcedure(bar, [bar, &host = host_](UINT message, WPARAM wParam, LPARAM lParam) -> std::optional<LRESULT> {
+  };
+  for (Label* model : {&total, &current, &percentage}) Follow(model->changed, host_, changed);
+  AddToProcedure(bar, [bar, &host = host_, shown, place](UINT message, WPARAM wParam,
+                                                         LPARAM lParam) -> std::optional<LRESULT> {
+    if (message == WM_SIZE) {
+      shown->width = std::max<int>(LOWORD(lParam), 1);
+      place();
+    }
     if (message != WM_PAINT) return std::nullopt;
     return PaintPercentage(bar, host, wParam, lParam);
   });
